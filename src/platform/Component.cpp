@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Component.h"
+
+namespace platform {
+
+QObject* FindComponent(const QObject& owner, const QString& name) {
+  return owner.findChild<QObject*>(name, Qt::FindDirectChildrenOnly);
+}
+
+QString ClassName(const QObject& object) {
+  const QString qualified = QString::fromLatin1(object.metaObject()->className());
+  const qsizetype colons = qualified.lastIndexOf(QStringLiteral("::"));
+  return colons < 0 ? qualified : qualified.mid(colons + 2);
+}
+
+} // namespace platform
