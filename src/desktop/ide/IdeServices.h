@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+// What this host offers to add-ins.
+//
+// One object answers for all services. It looks at the workspace whenever it is asked, and keeps for every open page one
+// buffer and one view, which add-ins compare by identity. When a page closes, or the workspace goes, these objects stay
+// for as long as an add-in holds them and answer with EViewClosed.
+#pragma once
+
+#include "desktop/ide/PageObjects.h"
+#include "platform/ota/Services.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+
+namespace desktop {
+
+class Page;
+class TEditWindow;
+class Workspace;
+
+class IdeServices : public QObject,
+                    public platform::IOTAServices,
+                    public platform::INTAServices,
+                    public platform::IOTAActionServices,
+                    public platform::IOTAEditorServices,
+                    public platform::IOTAModuleServices {
+  Q_OBJECT
+
+public:
+  // Serves `workspace`, which may be destroyed first: then there is no view, and nothing can be opened.
+  explicit IdeServices(Workspace& workspace);
+  ~IdeServices() override;
+
+  QString GetBaseRegistryKey() const override;
+  bool OpenFile(const QString& fileName) override;
+  std::shared_ptr<platform::IOTAEditView> GetTopView() override;
+  std::shared_ptr<platform::IOTAEditBuffer> GetTopBuffer() override;
+  std::shared_ptr<platform::IOTAEditOptions> GetEditOptions() override;
+  std::shared_ptr<platform::IOTAModule> CurrentModule() override;
+
+private:
+  // The objects of the page in front of the top window; null when there is none or when it is plain text.
+  std::shared_ptr<PageObjects> topObjects();
+
+  QPointer<Workspace> workspace_;
+  QHash<const Page*, std::shared_ptr<PageObjects>> pages_;
+};
+
+} // namespace desktop
