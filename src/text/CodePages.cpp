@@ -9,16 +9,16 @@ namespace quorvane {
 namespace {
 
 constexpr TCodePageTable MakeLatin1() {
-  TCodePageTable Table{};
-  for (std::size_t Byte = 0; Byte < Table.size(); ++Byte)
-    Table[Byte] = static_cast<char16_t>(Byte);
-  return Table;
+  TCodePageTable table{};
+  for (std::size_t byte = 0; byte < table.size(); ++byte)
+    table[byte] = static_cast<char16_t>(byte);
+  return table;
 }
 
-constexpr TCodePageTable With(TCodePageTable Table, std::size_t FirstByte, std::initializer_list<char16_t> Characters) {
-  for (const char16_t Character : Characters)
-    Table[FirstByte++] = Character;
-  return Table;
+constexpr TCodePageTable With(TCodePageTable table, std::size_t firstByte, std::initializer_list<char16_t> characters) {
+  for (const char16_t character : characters)
+    table[firstByte++] = character;
+  return table;
 }
 
 constexpr TCodePageTable Latin1Table = MakeLatin1();
@@ -33,16 +33,16 @@ constexpr TCodePageTable Windows1252Table =
          });
 
 constexpr TCodePageTable MakeWindows1254() {
-  TCodePageTable Table = Windows1252Table;
-  Table[0x8E] = 0x008E;
-  Table[0x9E] = 0x009E;
-  Table[0xD0] = 0x011E;
-  Table[0xDD] = 0x0130;
-  Table[0xDE] = 0x015E;
-  Table[0xF0] = 0x011F;
-  Table[0xFD] = 0x0131;
-  Table[0xFE] = 0x015F;
-  return Table;
+  TCodePageTable table = Windows1252Table;
+  table[0x8E] = 0x008E;
+  table[0x9E] = 0x009E;
+  table[0xD0] = 0x011E;
+  table[0xDD] = 0x0130;
+  table[0xDE] = 0x015E;
+  table[0xF0] = 0x011F;
+  table[0xFD] = 0x0131;
+  table[0xFE] = 0x015F;
+  return table;
 }
 
 constexpr TCodePageTable Windows1254Table = MakeWindows1254();
@@ -89,19 +89,19 @@ constexpr TCodePageTable Windows1251Table =
              0x0448, 0x0449, 0x044A, 0x044B, 0x044C, 0x044D, 0x044E, 0x044F  // F8
          });
 
-/// The upper half of a table turned round: its characters in ascending order, each with its byte.
+// The upper half of a table turned round: its characters in ascending order, each with its byte.
 struct TUpperByte {
   char16_t Character;
   unsigned char Byte;
 };
 using TUpperBytes = std::array<TUpperByte, 128>;
 
-constexpr TUpperBytes TurnRound(const TCodePageTable& Table) {
-  TUpperBytes Bytes{};
-  for (std::size_t Index = 0; Index < Bytes.size(); ++Index)
-    Bytes[Index] = {Table[Index + 128], static_cast<unsigned char>(Index + 128)};
-  std::ranges::sort(Bytes, {}, &TUpperByte::Character);
-  return Bytes;
+constexpr TUpperBytes TurnRound(const TCodePageTable& table) {
+  TUpperBytes bytes{};
+  for (std::size_t index = 0; index < bytes.size(); ++index)
+    bytes[index] = {table[index + 128], static_cast<unsigned char>(index + 128)};
+  std::ranges::sort(bytes, {}, &TUpperByte::Character);
+  return bytes;
 }
 
 struct TCodePageRow {
@@ -110,39 +110,39 @@ struct TCodePageRow {
   TUpperBytes UpperBytes;
 };
 
-constexpr TCodePageRow MakeRow(std::string_view Name, const TCodePageTable& Table) {
-  return {Name, Table, TurnRound(Table)};
+constexpr TCodePageRow MakeRow(std::string_view name, const TCodePageTable& table) {
+  return {name, table, TurnRound(table)};
 }
 
-/// In the order of TCodePage.
+// In the order of TCodePage.
 constexpr std::array CodePageRows = {MakeRow("windows-1250", Windows1250Table),
                                      MakeRow("windows-1251", Windows1251Table),
                                      MakeRow("windows-1252", Windows1252Table),
                                      MakeRow("windows-1254", Windows1254Table), MakeRow("ISO-8859-1", Latin1Table)};
 static_assert(CodePageRows.size() == AllCodePages.size());
 
-const TCodePageRow& RowOf(TCodePage CodePage) {
-  return CodePageRows[static_cast<std::size_t>(CodePage)];
+const TCodePageRow& RowOf(TCodePage codePage) {
+  return CodePageRows[static_cast<std::size_t>(codePage)];
 }
 
 } // namespace
 
-std::string_view CodePageName(TCodePage CodePage) {
-  return RowOf(CodePage).Name;
+std::string_view CodePageName(TCodePage codePage) {
+  return RowOf(codePage).Name;
 }
 
-const TCodePageTable& CodePageTable(TCodePage CodePage) {
-  return RowOf(CodePage).Table;
+const TCodePageTable& CodePageTable(TCodePage codePage) {
+  return RowOf(codePage).Table;
 }
 
-std::optional<unsigned char> CodePageByte(TCodePage CodePage, char16_t Character) {
-  if (Character < 0x80)
-    return static_cast<unsigned char>(Character);
-  const TUpperBytes& Bytes = RowOf(CodePage).UpperBytes;
-  const auto Found = std::ranges::lower_bound(Bytes, Character, {}, &TUpperByte::Character);
-  if (Found == Bytes.end() || Found->Character != Character)
+std::optional<unsigned char> CodePageByte(TCodePage codePage, char16_t character) {
+  if (character < 0x80)
+    return static_cast<unsigned char>(character);
+  const TUpperBytes& bytes = RowOf(codePage).UpperBytes;
+  const auto found = std::ranges::lower_bound(bytes, character, {}, &TUpperByte::Character);
+  if (found == bytes.end() || found->Character != character)
     return std::nullopt;
-  return Found->Byte;
+  return found->Byte;
 }
 
 } // namespace quorvane

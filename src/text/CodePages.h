@@ -15,17 +15,17 @@ enum class TCodePage : unsigned char { Windows1250, Windows1251, Windows1252, Wi
 inline constexpr std::array AllCodePages = {TCodePage::Windows1250, TCodePage::Windows1251, TCodePage::Windows1252,
                                             TCodePage::Windows1254, TCodePage::Latin1};
 
-/// What the user has until he chooses another.
+// What the user has until he chooses another.
 inline constexpr TCodePage DefaultCodePage = TCodePage::Windows1252;
 
-/// The name under which the code page is registered, as in "windows-1252".
-std::string_view CodePageName(TCodePage CodePage);
+// The name under which the code page is registered, as in "windows-1252".
+std::string_view CodePageName(TCodePage codePage);
 
-/// The character of each byte.
+// The character of each byte.
 using TCodePageTable = std::array<char16_t, 256>;
-const TCodePageTable& CodePageTable(TCodePage CodePage);
+const TCodePageTable& CodePageTable(TCodePage codePage);
 
-/// The byte of a character; none if the code page lacks it.
-std::optional<unsigned char> CodePageByte(TCodePage CodePage, char16_t Character);
+// The byte of a character; none if the code page lacks it.
+std::optional<unsigned char> CodePageByte(TCodePage codePage, char16_t character);
 
 } // namespace quorvane

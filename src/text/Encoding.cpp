@@ -10,8 +10,8 @@
 namespace quorvane {
 namespace {
 
-std::string_view MarkOf(TEncodingKind Kind) {
-  switch (Kind) {
+std::string_view MarkOf(TEncodingKind kind) {
+  switch (kind) {
   case TEncodingKind::Utf8:
     return "\xEF\xBB\xBF";
   case TEncodingKind::Utf16LE:
@@ -24,91 +24,91 @@ std::string_view MarkOf(TEncodingKind Kind) {
   return {};
 }
 
-std::string LettersAndDigits(std::string_view Name) {
-  std::string Result;
-  for (const char Char : Name) {
-    if (Char >= 'A' && Char <= 'Z')
-      Result += static_cast<char>(Char - 'A' + 'a');
-    else if ((Char >= 'a' && Char <= 'z') || (Char >= '0' && Char <= '9'))
-      Result += Char;
+std::string LettersAndDigits(std::string_view name) {
+  std::string result;
+  for (const char symbol : name) {
+    if (symbol >= 'A' && symbol <= 'Z')
+      result += static_cast<char>(symbol - 'A' + 'a');
+    else if ((symbol >= 'a' && symbol <= 'z') || (symbol >= '0' && symbol <= '9'))
+      result += symbol;
   }
-  return Result;
+  return result;
 }
 
-/// The two bytes of a unit lie at these offsets.
+// The two bytes of a unit lie at these offsets.
 struct TByteOrder {
   std::size_t Low;
   std::size_t High;
 };
 
-TByteOrder ByteOrderOf(TEncodingKind Kind) {
-  return Kind == TEncodingKind::Utf16LE ? TByteOrder{0, 1} : TByteOrder{1, 0};
+TByteOrder ByteOrderOf(TEncodingKind kind) {
+  return kind == TEncodingKind::Utf16LE ? TByteOrder{0, 1} : TByteOrder{1, 0};
 }
 
-/// An odd last byte is left out.
-std::u16string DecodeUtf16(std::string_view Bytes, TByteOrder Order) {
-  std::u16string Text(Bytes.size() / 2, u'\0');
-  for (std::size_t Index = 0; Index < Text.size(); ++Index) {
-    const auto Low = static_cast<unsigned char>(Bytes[2 * Index + Order.Low]);
-    const auto High = static_cast<unsigned char>(Bytes[2 * Index + Order.High]);
-    Text[Index] = static_cast<char16_t>(Low | High << 8);
+// An odd last byte is left out.
+std::u16string DecodeUtf16(std::string_view bytes, TByteOrder order) {
+  std::u16string text(bytes.size() / 2, u'\0');
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const auto low = static_cast<unsigned char>(bytes[2 * index + order.Low]);
+    const auto high = static_cast<unsigned char>(bytes[2 * index + order.High]);
+    text[index] = static_cast<char16_t>(low | high << 8);
   }
-  return Text;
+  return text;
 }
 
-std::u16string DecodeCodePage(std::string_view Bytes, TCodePage CodePage) {
-  const TCodePageTable& Table = CodePageTable(CodePage);
-  std::u16string Text(Bytes.size(), u'\0');
-  std::ranges::transform(Bytes, Text.begin(), [&](char Byte) { return Table[static_cast<unsigned char>(Byte)]; });
-  return Text;
+std::u16string DecodeCodePage(std::string_view bytes, TCodePage codePage) {
+  const TCodePageTable& table = CodePageTable(codePage);
+  std::u16string text(bytes.size(), u'\0');
+  std::ranges::transform(bytes, text.begin(), [&](char byte) { return table[static_cast<unsigned char>(byte)]; });
+  return text;
 }
 
-std::optional<std::size_t> FirstLoneSurrogate(std::u16string_view Text) {
-  for (std::size_t Index = 0; Index < Text.size(); ++Index) {
-    if (StartsPair(Text, Index))
-      ++Index;
-    else if (IsHighSurrogate(Text[Index]) || IsLowSurrogate(Text[Index]))
-      return Index;
+std::optional<std::size_t> FirstLoneSurrogate(std::u16string_view text) {
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    if (StartsPair(text, index))
+      ++index;
+    else if (IsHighSurrogate(text[index]) || IsLowSurrogate(text[index]))
+      return index;
   }
   return std::nullopt;
 }
 
-TEncodedText EncodeAsUtf8(std::u16string_view Text, std::string_view Mark) {
-  std::optional<std::string> Bytes = EncodeUtf8(Text);
-  if (!Bytes)
-    return {{}, FirstLoneSurrogate(Text)};
-  if (!Mark.empty())
-    Bytes->insert(0, Mark);
-  return {std::move(*Bytes), std::nullopt};
+TEncodedText EncodeAsUtf8(std::u16string_view text, std::string_view mark) {
+  std::optional<std::string> bytes = EncodeUtf8(text);
+  if (!bytes)
+    return {{}, FirstLoneSurrogate(text)};
+  if (!mark.empty())
+    bytes->insert(0, mark);
+  return {std::move(*bytes), std::nullopt};
 }
 
-TEncodedText EncodeAsUtf16(std::u16string_view Text, std::string_view Mark, TByteOrder Order) {
-  std::string Bytes(Mark);
-  Bytes.resize(Mark.size() + 2 * Text.size());
-  char* To = Bytes.data() + Mark.size();
-  for (const char16_t Unit : Text) {
-    To[Order.Low] = static_cast<char>(Unit & 0xFF);
-    To[Order.High] = static_cast<char>(Unit >> 8);
-    To += 2;
+TEncodedText EncodeAsUtf16(std::u16string_view text, std::string_view mark, TByteOrder order) {
+  std::string bytes(mark);
+  bytes.resize(mark.size() + 2 * text.size());
+  char* to = bytes.data() + mark.size();
+  for (const char16_t unit : text) {
+    to[order.Low] = static_cast<char>(unit & 0xFF);
+    to[order.High] = static_cast<char>(unit >> 8);
+    to += 2;
   }
-  return {std::move(Bytes), std::nullopt};
+  return {std::move(bytes), std::nullopt};
 }
 
-TEncodedText EncodeAsCodePage(std::u16string_view Text, TCodePage CodePage) {
-  std::string Bytes(Text.size(), '\0');
-  for (std::size_t Index = 0; Index < Text.size(); ++Index) {
-    const std::optional<unsigned char> Byte = CodePageByte(CodePage, Text[Index]);
-    if (!Byte)
-      return {{}, Index};
-    Bytes[Index] = static_cast<char>(*Byte);
+TEncodedText EncodeAsCodePage(std::u16string_view text, TCodePage codePage) {
+  std::string bytes(text.size(), '\0');
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const std::optional<unsigned char> byte = CodePageByte(codePage, text[index]);
+    if (!byte)
+      return {{}, index};
+    bytes[index] = static_cast<char>(*byte);
   }
-  return {std::move(Bytes), std::nullopt};
+  return {std::move(bytes), std::nullopt};
 }
 
 } // namespace
 
-std::string_view EncodingName(const TEncoding& Encoding) {
-  switch (Encoding.Kind) {
+std::string_view EncodingName(const TEncoding& encoding) {
+  switch (encoding.Kind) {
   case TEncodingKind::Utf8:
     return "UTF-8";
   case TEncodingKind::Utf16LE:
@@ -118,77 +118,77 @@ std::string_view EncodingName(const TEncoding& Encoding) {
   case TEncodingKind::CodePage:
     break;
   }
-  return CodePageName(Encoding.CodePage);
+  return CodePageName(encoding.CodePage);
 }
 
-std::optional<TEncoding> FindEncoding(std::string_view Name) {
-  const std::string Wanted = LettersAndDigits(Name);
-  const auto Found = std::ranges::find_if(
-      AllEncodings, [&](const TEncoding& Encoding) { return LettersAndDigits(EncodingName(Encoding)) == Wanted; });
-  if (Found == AllEncodings.end())
+std::optional<TEncoding> FindEncoding(std::string_view name) {
+  const std::string wanted = LettersAndDigits(name);
+  const auto found = std::ranges::find_if(
+      AllEncodings, [&](const TEncoding& encoding) { return LettersAndDigits(EncodingName(encoding)) == wanted; });
+  if (found == AllEncodings.end())
     return std::nullopt;
-  return *Found;
+  return *found;
 }
 
-std::optional<TEncoding> MarkedEncoding(std::string_view Bytes) {
-  for (const TEncodingKind Kind : {TEncodingKind::Utf8, TEncodingKind::Utf16LE, TEncodingKind::Utf16BE})
-    if (Bytes.starts_with(MarkOf(Kind)))
-      return TEncoding{Kind, true};
+std::optional<TEncoding> MarkedEncoding(std::string_view bytes) {
+  for (const TEncodingKind kind : {TEncodingKind::Utf8, TEncodingKind::Utf16LE, TEncodingKind::Utf16BE})
+    if (bytes.starts_with(MarkOf(kind)))
+      return TEncoding{kind, true};
   return std::nullopt;
 }
 
-TEncoding DetectEncoding(std::string_view Bytes, TCodePage UserCodePage) {
-  if (const std::optional<TEncoding> Marked = MarkedEncoding(Bytes))
-    return *Marked;
-  return FirstMalformedUtf8(Bytes) ? CodePageEncoding(UserCodePage) : TEncoding{TEncodingKind::Utf8};
+TEncoding DetectEncoding(std::string_view bytes, TCodePage userCodePage) {
+  if (const std::optional<TEncoding> marked = MarkedEncoding(bytes))
+    return *marked;
+  return FirstMalformedUtf8(bytes) ? CodePageEncoding(userCodePage) : TEncoding{TEncodingKind::Utf8};
 }
 
-TDecodedText Decode(std::string_view Bytes, TCodePage UserCodePage) {
-  return DecodeAs(Bytes, DetectEncoding(Bytes, UserCodePage));
+TDecodedText Decode(std::string_view bytes, TCodePage userCodePage) {
+  return DecodeAs(bytes, DetectEncoding(bytes, userCodePage));
 }
 
-TDecodedText DecodeAs(std::string_view Bytes, TEncoding Encoding) {
-  const std::string_view Mark = MarkOf(Encoding.Kind);
-  Encoding.ByteOrderMark = !Mark.empty() && Bytes.starts_with(Mark);
-  const std::string_view Body = Encoding.ByteOrderMark ? Bytes.substr(Mark.size()) : Bytes;
+TDecodedText DecodeAs(std::string_view bytes, TEncoding encoding) {
+  const std::string_view mark = MarkOf(encoding.Kind);
+  encoding.ByteOrderMark = !mark.empty() && bytes.starts_with(mark);
+  const std::string_view body = encoding.ByteOrderMark ? bytes.substr(mark.size()) : bytes;
 
-  TDecodedText Result;
-  Result.Encoding = Encoding;
-  switch (Encoding.Kind) {
+  TDecodedText result;
+  result.Encoding = encoding;
+  switch (encoding.Kind) {
   case TEncodingKind::Utf8:
-    Result.Text = DecodeUtf8(Body);
-    Result.FirstLostByte = FirstMalformedUtf8(Body);
+    result.Text = DecodeUtf8(body);
+    result.FirstLostByte = FirstMalformedUtf8(body);
     break;
   case TEncodingKind::Utf16LE:
   case TEncodingKind::Utf16BE:
-    Result.Text = DecodeUtf16(Body, ByteOrderOf(Encoding.Kind));
-    if (Body.size() % 2 != 0) {
-      Result.Text += ReplacementCharacter;
-      Result.FirstLostByte = Body.size() - 1;
+    result.Text = DecodeUtf16(body, ByteOrderOf(encoding.Kind));
+    if (body.size() % 2 != 0) {
+      result.Text += ReplacementCharacter;
+      result.FirstLostByte = body.size() - 1;
     }
     break;
   case TEncodingKind::CodePage:
-    Result.Text = DecodeCodePage(Body, Encoding.CodePage);
+    result.Text = DecodeCodePage(body, encoding.CodePage);
     break;
   }
-  if (Result.FirstLostByte)
-    *Result.FirstLostByte += Bytes.size() - Body.size();
-  Result.AsciiOnly = AsciiPrefix(Bytes) == Bytes.size();
-  return Result;
+  if (result.FirstLostByte)
+    *result.FirstLostByte += bytes.size() - body.size();
+  result.AsciiOnly = AsciiPrefix(bytes) == bytes.size();
+  return result;
 }
 
-TEncodedText Encode(std::u16string_view Text, const TEncoding& Encoding) {
-  const std::string_view Mark = Encoding.ByteOrderMark ? MarkOf(Encoding.Kind) : std::string_view{};
-  switch (Encoding.Kind) {
+TEncodedText Encode(std::u16string_view text, const TEncoding& encoding) {
+  const std::string_view mark = encoding.ByteOrderMark ? MarkOf(encoding.Kind) : std::string_view{};
+  switch (encoding.Kind) {
   case TEncodingKind::Utf8:
-    return EncodeAsUtf8(Text, Mark);
+    return EncodeAsUtf8(text, mark);
   case TEncodingKind::Utf16LE:
   case TEncodingKind::Utf16BE:
-    return EncodeAsUtf16(Text, Mark, ByteOrderOf(Encoding.Kind));
+    return EncodeAsUtf16(text, mark, ByteOrderOf(encoding.Kind));
   case TEncodingKind::CodePage:
     break;
   }
-  return EncodeAsCodePage(Text, Encoding.CodePage);
+  return EncodeAsCodePage(text, encoding.CodePage);
 }
 
 } // namespace quorvane

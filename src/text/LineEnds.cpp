@@ -3,8 +3,8 @@
 
 namespace quorvane {
 
-std::u16string_view LineEndText(TLineEnd End) {
-  switch (End) {
+std::u16string_view LineEndText(TLineEnd end) {
+  switch (end) {
   case TLineEnd::CrLf:
     return u"\r\n";
   case TLineEnd::Lf:
@@ -18,11 +18,11 @@ std::u16string_view LineEndText(TLineEnd End) {
 }
 
 void TLines::TIterator::Advance() {
-  std::size_t Length = 0;
-  while (Length < FRest.size() && FRest[Length] != u'\n' && FRest[Length] != u'\r')
-    ++Length;
-  FLine.Text = FRest.substr(0, Length);
-  FRest.remove_prefix(Length);
+  std::size_t length = 0;
+  while (length < FRest.size() && FRest[length] != u'\n' && FRest[length] != u'\r')
+    ++length;
+  FLine.Text = FRest.substr(0, length);
+  FRest.remove_prefix(length);
   if (FRest.empty())
     FLine.End = TLineEnd::None;
   else if (FRest.front() == u'\n')

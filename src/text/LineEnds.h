@@ -10,30 +10,30 @@
 namespace quorvane {
 
 enum class TLineEnd : unsigned char {
-  None, ///< the end of the text; only the last line has it
+  None, // the end of the text; only the last line has it
   CrLf,
   Lf,
   Cr,
 };
 
-/// The characters of a line end; empty for None.
-std::u16string_view LineEndText(TLineEnd End);
+// The characters of a line end; empty for None.
+std::u16string_view LineEndText(TLineEnd end);
 
-/// One line: its characters without the line end, as a view into the text.
+// One line: its characters without the line end, as a view into the text.
 struct TLine {
   std::u16string_view Text;
   TLineEnd End = TLineEnd::None;
 };
 
-/// The lines of a text, found while iterating, so nothing is stored per line:
-///
-///     for (const TLine& Line : TLines(Text)) ...
-///
-/// There is one line more than there are line ends: the last line has none and may be empty, and an empty text is one
-/// empty line. The text must outlive the lines.
+// The lines of a text, found while iterating, so nothing is stored per line:
+//
+//     for (const TLine& line : TLines(text)) ...
+//
+// There is one line more than there are line ends: the last line has none and may be empty, and an empty text is one
+// empty line. The text must outlive the lines.
 class TLines {
 public:
-  explicit TLines(std::u16string_view AText) : FText(AText) {}
+  explicit TLines(std::u16string_view text) : FText(text) {}
 
   class TIterator {
   public:
@@ -44,7 +44,7 @@ public:
     using pointer = const TLine*;
     using reference = const TLine&;
 
-    explicit TIterator(std::u16string_view AText) : FRest(AText) { Advance(); }
+    explicit TIterator(std::u16string_view text) : FRest(text) { Advance(); }
 
     reference operator*() const { return FLine; }
     pointer operator->() const { return &FLine; }
@@ -56,7 +56,7 @@ public:
       return *this;
     }
     void operator++(int) { ++*this; }
-    friend bool operator==(const TIterator& Iterator, std::default_sentinel_t) { return Iterator.FDone; }
+    friend bool operator==(const TIterator& iterator, std::default_sentinel_t) { return iterator.FDone; }
 
   private:
     void Advance();

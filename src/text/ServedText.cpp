@@ -6,47 +6,47 @@
 
 namespace quorvane {
 
-void AppendServedLine(std::u16string_view Line, std::string& Out) {
-  const std::size_t Before = Out.size();
-  Out.resize(Before + Line.size());
-  char* To = Out.data() + Before;
-  for (std::size_t Index = 0; Index < Line.size(); ++Index) {
-    const char16_t Unit = Line[Index];
-    *To++ = Unit < 0x100 ? static_cast<char>(Unit) : ServedPlaceholder;
-    if (StartsPair(Line, Index))
-      ++Index;
+void AppendServedLine(std::u16string_view line, std::string& out) {
+  const std::size_t before = out.size();
+  out.resize(before + line.size());
+  char* to = out.data() + before;
+  for (std::size_t index = 0; index < line.size(); ++index) {
+    const char16_t unit = line[index];
+    *to++ = unit < 0x100 ? static_cast<char>(unit) : ServedPlaceholder;
+    if (StartsPair(line, index))
+      ++index;
   }
-  Out.resize(static_cast<std::size_t>(To - Out.data()));
+  out.resize(static_cast<std::size_t>(to - out.data()));
 }
 
-std::string ServeText(std::u16string_view Text) {
-  std::string Out;
-  // Most Pascal files are ASCII with an end of its own on every line of some thirty characters.
-  Out.reserve(Text.size() + Text.size() / 32);
-  for (const TLine& Line : TLines(Text)) {
-    AppendServedLine(Line.Text, Out);
-    if (Line.End != TLineEnd::None)
-      Out += ServedLineEnd;
+std::string ServeText(std::u16string_view text) {
+  std::string out;
+  // A lone LF or CR grows by one; lines of some thirty characters are usual.
+  out.reserve(text.size() + text.size() / 32);
+  for (const TLine& line : TLines(text)) {
+    AppendServedLine(line.Text, out);
+    if (line.End != TLineEnd::None)
+      out += ServedLineEnd;
   }
-  return Out;
+  return out;
 }
 
-std::size_t ServedLength(std::u16string_view Line) {
-  std::size_t Length = Line.size();
-  for (std::size_t Index = 0; Index < Line.size(); ++Index) {
-    if (StartsPair(Line, Index)) {
-      --Length;
-      ++Index;
+std::size_t ServedLength(std::u16string_view line) {
+  std::size_t length = line.size();
+  for (std::size_t index = 0; index < line.size(); ++index) {
+    if (StartsPair(line, index)) {
+      --length;
+      ++index;
     }
   }
-  return Length;
+  return length;
 }
 
-std::size_t UnitOfCharacter(std::u16string_view Line, std::size_t Character) {
-  std::size_t Index = 0;
-  for (; Character > 0 && Index < Line.size(); --Character)
-    Index += StartsPair(Line, Index) ? 2 : 1;
-  return Index;
+std::size_t UnitOfCharacter(std::u16string_view line, std::size_t character) {
+  std::size_t index = 0;
+  for (; character > 0 && index < line.size(); --character)
+    index += StartsPair(line, index) ? 2 : 1;
+  return index;
 }
 
 } // namespace quorvane

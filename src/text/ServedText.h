@@ -11,23 +11,23 @@
 
 namespace quorvane {
 
-/// Stands for every character beyond U+00FF. An upside-down question mark in Latin-1, and no part of any Pascal token.
+// Stands for every character beyond U+00FF. An upside-down question mark in Latin-1, and no part of any Pascal token.
 inline constexpr char ServedPlaceholder = '\xBF';
 
-/// Ends every served line but the last.
+// Ends every served line but the last.
 inline constexpr std::string_view ServedLineEnd = "\r\n";
 
-/// Appends the characters of one line, given without its line end, to Out.
-void AppendServedLine(std::u16string_view Line, std::string& Out);
+// Appends the characters of one line, given without its line end, to `out`.
+void AppendServedLine(std::u16string_view line, std::string& out);
 
-/// The whole of a decoded text, every line end in it turned into CR LF; a text without a final line end gets none.
-std::string ServeText(std::u16string_view Text);
+// The whole of a decoded text, every line end in it turned into CR LF; a text without a final line end gets none.
+std::string ServeText(std::u16string_view text);
 
-/// The number of characters, and so of served bytes, in a line or a part of it.
-std::size_t ServedLength(std::u16string_view Line);
+// The number of characters, and so of served bytes, in a line or a part of it.
+std::size_t ServedLength(std::u16string_view line);
 
-/// The UTF-16 index (from 0) at which the character with the index Character (from 0) begins; the line's size if the
-/// line has no such character. The way back is ServedLength of the line's part before the UTF-16 index.
-std::size_t UnitOfCharacter(std::u16string_view Line, std::size_t Character);
+// The UTF-16 index (from 0) at which the character with the index `character` (from 0) begins; the line's size if the
+// line has no such character. The way back is ServedLength of the line's part before the UTF-16 index.
+std::size_t UnitOfCharacter(std::u16string_view line, std::size_t character);
 
 } // namespace quorvane

@@ -9,170 +9,170 @@
 namespace quorvane {
 namespace {
 
-/// What a lead byte announces. The bounds of the second byte are what keeps overlong forms (E0, F0), surrogates (ED)
-/// and values above U+10FFFF (F4) out; all later bytes are 80 to BF.
+// What a lead byte announces. The bounds of the second byte are what keeps overlong forms (E0, F0), surrogates (ED)
+// and values above U+10FFFF (F4) out; all later bytes are 80 to BF.
 struct TLead {
-  unsigned char Length; ///< of the whole sequence, 0 if the byte cannot begin one
+  unsigned char Length; // of the whole sequence, 0 if the byte cannot begin one
   unsigned char SecondMin;
   unsigned char SecondMax;
 };
 
-constexpr TLead LeadOf(unsigned char Byte) {
-  if (Byte < 0x80)
+constexpr TLead LeadOf(unsigned char byte) {
+  if (byte < 0x80)
     return {1, 0, 0};
-  if (Byte < 0xC2)
+  if (byte < 0xC2)
     return {0, 0, 0};
-  if (Byte < 0xE0)
+  if (byte < 0xE0)
     return {2, 0x80, 0xBF};
-  if (Byte < 0xF0)
-    return {3, static_cast<unsigned char>(Byte == 0xE0 ? 0xA0 : 0x80),
-            static_cast<unsigned char>(Byte == 0xED ? 0x9F : 0xBF)};
-  if (Byte < 0xF5)
-    return {4, static_cast<unsigned char>(Byte == 0xF0 ? 0x90 : 0x80),
-            static_cast<unsigned char>(Byte == 0xF4 ? 0x8F : 0xBF)};
+  if (byte < 0xF0)
+    return {3, static_cast<unsigned char>(byte == 0xE0 ? 0xA0 : 0x80),
+            static_cast<unsigned char>(byte == 0xED ? 0x9F : 0xBF)};
+  if (byte < 0xF5)
+    return {4, static_cast<unsigned char>(byte == 0xF0 ? 0x90 : 0x80),
+            static_cast<unsigned char>(byte == 0xF4 ? 0x8F : 0xBF)};
   return {0, 0, 0};
 }
 
 struct TSequence {
-  std::size_t Length; ///< of the part that was understood, at least 1
-  char32_t CodePoint; ///< meaningless if malformed
+  std::size_t Length; // of the part that was understood, at least 1
+  char32_t CodePoint; // meaningless if malformed
   bool WellFormed;
 };
 
-/// Reads the sequence that starts at Index, which is below the size.
-TSequence ReadSequence(std::string_view Bytes, std::size_t Index) {
-  const auto ByteAt = [&](std::size_t At) { return static_cast<unsigned char>(Bytes[At]); };
-  const unsigned char First = ByteAt(Index);
-  const TLead Lead = LeadOf(First);
-  if (Lead.Length == 0)
+// Reads the sequence that starts at `index`, which is below the size.
+TSequence ReadSequence(std::string_view bytes, std::size_t index) {
+  const auto byteAt = [&](std::size_t at) { return static_cast<unsigned char>(bytes[at]); };
+  const unsigned char first = byteAt(index);
+  const TLead lead = LeadOf(first);
+  if (lead.Length == 0)
     return {1, 0, false};
-  if (Lead.Length == 1)
-    return {1, First, true};
-  char32_t CodePoint = First & (0x7F >> Lead.Length);
-  for (std::size_t Offset = 1; Offset < Lead.Length; ++Offset) {
-    if (Index + Offset == Bytes.size())
-      return {Offset, 0, false};
-    const unsigned char Byte = ByteAt(Index + Offset);
-    const unsigned char Min = Offset == 1 ? Lead.SecondMin : 0x80;
-    const unsigned char Max = Offset == 1 ? Lead.SecondMax : 0xBF;
-    if (Byte < Min || Byte > Max)
-      return {Offset, 0, false};
-    CodePoint = CodePoint << 6 | (Byte & 0x3F);
+  if (lead.Length == 1)
+    return {1, first, true};
+  char32_t codePoint = first & (0x7F >> lead.Length);
+  for (std::size_t offset = 1; offset < lead.Length; ++offset) {
+    if (index + offset == bytes.size())
+      return {offset, 0, false};
+    const unsigned char byte = byteAt(index + offset);
+    const unsigned char min = offset == 1 ? lead.SecondMin : 0x80;
+    const unsigned char max = offset == 1 ? lead.SecondMax : 0xBF;
+    if (byte < min || byte > max)
+      return {offset, 0, false};
+    codePoint = codePoint << 6 | (byte & 0x3F);
   }
-  return {Lead.Length, CodePoint, true};
+  return {lead.Length, codePoint, true};
 }
 
-/// The number of bytes that Text takes; none if it holds a lone surrogate.
-std::optional<std::size_t> EncodedLength(std::u16string_view Text) {
-  std::size_t Length = 0;
-  for (std::size_t Index = 0; Index < Text.size(); ++Index) {
-    const char16_t Unit = Text[Index];
-    if (Unit < 0x80) {
-      Length += 1;
-    } else if (Unit < 0x800) {
-      Length += 2;
-    } else if (StartsPair(Text, Index)) {
-      Length += 4;
-      ++Index;
-    } else if (IsHighSurrogate(Unit) || IsLowSurrogate(Unit)) {
+// The number of bytes that `text` takes; none if it holds a lone surrogate.
+std::optional<std::size_t> EncodedLength(std::u16string_view text) {
+  std::size_t length = 0;
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const char16_t unit = text[index];
+    if (unit < 0x80) {
+      length += 1;
+    } else if (unit < 0x800) {
+      length += 2;
+    } else if (StartsPair(text, index)) {
+      length += 4;
+      ++index;
+    } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
       return std::nullopt;
     } else {
-      Length += 3;
+      length += 3;
     }
   }
-  return Length;
+  return length;
 }
 
-char* WriteCodePoint(char32_t CodePoint, char* To) {
-  const auto Tail = [CodePoint](int Shift) { return static_cast<char>(0x80 | (CodePoint >> Shift & 0x3F)); };
-  if (CodePoint < 0x80) {
-    *To++ = static_cast<char>(CodePoint);
-  } else if (CodePoint < 0x800) {
-    *To++ = static_cast<char>(0xC0 | CodePoint >> 6);
-    *To++ = Tail(0);
-  } else if (CodePoint < 0x10000) {
-    *To++ = static_cast<char>(0xE0 | CodePoint >> 12);
-    *To++ = Tail(6);
-    *To++ = Tail(0);
+char* WriteCodePoint(char32_t codePoint, char* to) {
+  const auto tail = [codePoint](int shift) { return static_cast<char>(0x80 | (codePoint >> shift & 0x3F)); };
+  if (codePoint < 0x80) {
+    *to++ = static_cast<char>(codePoint);
+  } else if (codePoint < 0x800) {
+    *to++ = static_cast<char>(0xC0 | codePoint >> 6);
+    *to++ = tail(0);
+  } else if (codePoint < 0x10000) {
+    *to++ = static_cast<char>(0xE0 | codePoint >> 12);
+    *to++ = tail(6);
+    *to++ = tail(0);
   } else {
-    *To++ = static_cast<char>(0xF0 | CodePoint >> 18);
-    *To++ = Tail(12);
-    *To++ = Tail(6);
-    *To++ = Tail(0);
+    *to++ = static_cast<char>(0xF0 | codePoint >> 18);
+    *to++ = tail(12);
+    *to++ = tail(6);
+    *to++ = tail(0);
   }
-  return To;
+  return to;
 }
 
 } // namespace
 
-std::size_t AsciiPrefix(std::string_view Bytes) {
+std::size_t AsciiPrefix(std::string_view bytes) {
   constexpr std::uint64_t HighBits = 0x8080808080808080;
-  std::size_t Index = 0;
-  for (; Index + sizeof(std::uint64_t) <= Bytes.size(); Index += sizeof(std::uint64_t)) {
-    std::uint64_t Word = 0;
-    std::memcpy(&Word, Bytes.data() + Index, sizeof Word);
-    if (Word & HighBits)
+  std::size_t index = 0;
+  for (; index + sizeof(std::uint64_t) <= bytes.size(); index += sizeof(std::uint64_t)) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes.data() + index, sizeof word);
+    if (word & HighBits)
       break;
   }
-  while (Index < Bytes.size() && static_cast<unsigned char>(Bytes[Index]) < 0x80)
-    ++Index;
-  return Index;
+  while (index < bytes.size() && static_cast<unsigned char>(bytes[index]) < 0x80)
+    ++index;
+  return index;
 }
 
-std::optional<std::size_t> FirstMalformedUtf8(std::string_view Bytes) {
-  std::size_t Index = AsciiPrefix(Bytes);
-  while (Index < Bytes.size()) {
-    const TSequence Sequence = ReadSequence(Bytes, Index);
-    if (!Sequence.WellFormed)
-      return Index;
-    Index += Sequence.Length;
-    Index += AsciiPrefix(Bytes.substr(Index));
+std::optional<std::size_t> FirstMalformedUtf8(std::string_view bytes) {
+  std::size_t index = AsciiPrefix(bytes);
+  while (index < bytes.size()) {
+    const TSequence sequence = ReadSequence(bytes, index);
+    if (!sequence.WellFormed)
+      return index;
+    index += sequence.Length;
+    index += AsciiPrefix(bytes.substr(index));
   }
   return std::nullopt;
 }
 
-std::u16string DecodeUtf8(std::string_view Bytes) {
+std::u16string DecodeUtf8(std::string_view bytes) {
   // No sequence takes more units than bytes.
-  std::u16string Text(Bytes.size(), u'\0');
-  char16_t* To = Text.data();
-  std::size_t Index = 0;
-  while (Index < Bytes.size()) {
-    for (const char Byte : Bytes.substr(Index, AsciiPrefix(Bytes.substr(Index)))) {
-      *To++ = static_cast<char16_t>(Byte);
-      ++Index;
+  std::u16string text(bytes.size(), u'\0');
+  char16_t* to = text.data();
+  std::size_t index = 0;
+  while (index < bytes.size()) {
+    for (const char byte : bytes.substr(index, AsciiPrefix(bytes.substr(index)))) {
+      *to++ = static_cast<char16_t>(byte);
+      ++index;
     }
-    if (Index == Bytes.size())
+    if (index == bytes.size())
       break;
-    const TSequence Sequence = ReadSequence(Bytes, Index);
-    Index += Sequence.Length;
-    if (!Sequence.WellFormed) {
-      *To++ = ReplacementCharacter;
-    } else if (Sequence.CodePoint < 0x10000) {
-      *To++ = static_cast<char16_t>(Sequence.CodePoint);
+    const TSequence sequence = ReadSequence(bytes, index);
+    index += sequence.Length;
+    if (!sequence.WellFormed) {
+      *to++ = ReplacementCharacter;
+    } else if (sequence.CodePoint < 0x10000) {
+      *to++ = static_cast<char16_t>(sequence.CodePoint);
     } else {
-      *To++ = static_cast<char16_t>(0xD7C0 + (Sequence.CodePoint >> 10));
-      *To++ = static_cast<char16_t>(0xDC00 | (Sequence.CodePoint & 0x3FF));
+      *to++ = static_cast<char16_t>(0xD7C0 + (sequence.CodePoint >> 10));
+      *to++ = static_cast<char16_t>(0xDC00 | (sequence.CodePoint & 0x3FF));
     }
   }
-  Text.resize(static_cast<std::size_t>(To - Text.data()));
-  return Text;
+  text.resize(static_cast<std::size_t>(to - text.data()));
+  return text;
 }
 
-std::optional<std::string> EncodeUtf8(std::u16string_view Text) {
-  const std::optional<std::size_t> Length = EncodedLength(Text);
-  if (!Length)
+std::optional<std::string> EncodeUtf8(std::u16string_view text) {
+  const std::optional<std::size_t> length = EncodedLength(text);
+  if (!length)
     return std::nullopt;
-  std::string Bytes(*Length, '\0');
-  char* To = Bytes.data();
-  for (std::size_t Index = 0; Index < Text.size(); ++Index) {
-    if (StartsPair(Text, Index)) {
-      To = WriteCodePoint(PairCodePoint(Text[Index], Text[Index + 1]), To);
-      ++Index;
+  std::string bytes(*length, '\0');
+  char* to = bytes.data();
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    if (StartsPair(text, index)) {
+      to = WriteCodePoint(PairCodePoint(text[index], text[index + 1]), to);
+      ++index;
     } else {
-      To = WriteCodePoint(Text[Index], To);
+      to = WriteCodePoint(text[index], to);
     }
   }
-  return Bytes;
+  return bytes;
 }
 
 } // namespace quorvane
