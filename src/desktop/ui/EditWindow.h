@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QPointer>
+#include <QWidget>
+
+#include <memory>
+
+class QTextDocument;
+
+namespace platform {
+class TActionList;
+}
+
+namespace desktop {
+
+class FindBar;
+class MessageBar;
+class Page;
+class PageTabs;
+class SourceDocument;
+class StatusBar;
+class TEditControl;
+
+// An editor window: tabs, one edit control that shows the page in front, and a status bar.
+//
+// Add-ins know it by its class name "TEditWindow" and its object name "EditWindow_N", and find the control "Editor" and
+// the list "ActionList1" among its direct children. They may add children of their own: whatever carries an alignment
+// is laid out with the rest. It registers itself as a form of the screen. It lies in a frame with menus, the
+// MainWindow, and emits activated() whenever that frame becomes the active window.
+class TEditWindow : public QWidget {
+  Q_OBJECT
+
+public:
+  explicit TEditWindow(const QString& name, QWidget* parent = nullptr);
+  // Closes the pages first, while everything that listens is still there.
+  ~TEditWindow() override;
+
+  TEditControl* editor() const { return editor_; }
+  platform::TActionList* actionList() const { return actionList_; }
+  FindBar* findBar() const { return findBar_; }
+  MessageBar* messageBar() const { return messageBar_; }
+
+  // All pages in the order of their tabs.
+  QList<Page*> pages() const;
+  // The page in front, or null when no page is open.
+  Page* currentPage() const { return current_; }
+  // The page of the file with the absolute path `fileName`, or null.
+  Page* findPage(const QString& fileName) const;
+
+  // Opens `document` as a new page behind the page in front, and shows it.
+  Page* addPage(std::unique_ptr<SourceDocument> document);
+  // Brings a page of this window to the front.
+  void showPage(Page* page);
+  // Closes a page of this window and destroys it, saved or not. The page right of it comes to the front, or else the
+  // one left of it.
+  void closePage(Page* page);
+
+Q_SIGNALS:
+  // `page` is in front now; null when the last page was closed.
+  void currentPageChanged(Page* page);
+  void pageAdded(Page* page);
+  // `page` is still whole, but will be destroyed when this signal has been delivered.
+  void pageAboutToClose(Page* page);
+  // Title, modified mark, encoding or read-only state of a page may have changed.
+  void pageChanged(Page* page);
+  // The user wants to close `page`; what is unsaved has not been asked about.
+  void closeRequested(Page* page);
+  // The window, or a dialog's parent frame of it, has become the active one.
+  void activated();
+
+protected:
+  bool event(QEvent* event) override;
+
+private:
+  void showCurrent(Page* page);
+  void watch(Page* page);
+
+  PageTabs* tabs_;
+  MessageBar* messageBar_;
+  TEditControl* editor_;
+  FindBar* findBar_;
+  StatusBar* statusBar_;
+  platform::TActionList* actionList_;
+  std::unique_ptr<QTextDocument> nothing_; // what the control shows while no page is open
+  QPointer<Page> current_;
+};
+
+} // namespace desktop
