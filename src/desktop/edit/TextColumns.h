@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+// The three ways to count along one line of text.
+//
+// A unit is a UTF-16 unit, as Qt's positions count, from 0. A character index counts code points from 0, a tab being
+// one. A column is a cell of the screen from 1, in which a tab reaches to the next stop (stops are `tabWidth` cells
+// apart, at least 1). Beyond the end of the line every cell is one character. Negative indexes and columns below 1 are
+// taken as the first. All functions take time linear in the part of the line that they pass.
+#pragma once
+
+#include <QStringView>
+
+namespace desktop {
+
+// The character that unit `unit` belongs to; both halves of a surrogate pair are one character, a lone half is one,
+// too.
+int charIndexOfUnit(QStringView line, qsizetype unit);
+// The first unit of a character. At most line.size().
+qsizetype unitOfCharIndex(QStringView line, int charIndex);
+
+// The column at which a character starts.
+int columnOfCharIndex(QStringView line, int charIndex, int tabWidth);
+// The character that covers a column. A column inside an expanded tab belongs to the tab.
+int charIndexOfColumn(QStringView line, int column, int tabWidth);
+
+// The column at which the character of a unit starts, and the first unit of the character that covers a column.
+int columnOfUnit(QStringView line, qsizetype unit, int tabWidth);
+qsizetype unitOfColumn(QStringView line, int column, int tabWidth);
+
+} // namespace desktop
