@@ -22,9 +22,9 @@ EPackageError::EPackageError(const std::string& unit, const std::string& reason)
     : Exception(unit.empty() ? reason : "Unit " + unit + ": " + reason), unit_(unit) {}
 EPackageError::~EPackageError() = default;
 
-void Require(bool condition, const char* unit, const std::string& text, std::source_location where) {
+void Require(bool condition, const char* unit, std::string_view text, std::source_location where) {
   if (!condition)
-    throw EAssertionFailed(text, unit, where.line());
+    throw EAssertionFailed(std::string(text), unit, where.line());
 }
 
 int Divide(int dividend, int divisor) {

@@ -10,6 +10,7 @@
 #include <exception>
 #include <source_location>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
@@ -72,7 +73,7 @@ private:
 };
 
 // Raises EAssertionFailed, naming `unit` and the caller's line, unless `condition` holds.
-VIRELLE_PLATFORM void Require(bool condition, const char* unit, const std::string& text = "Assertion failure",
+VIRELLE_PLATFORM void Require(bool condition, const char* unit, std::string_view text = "Assertion failure",
                               std::source_location where = std::source_location::current());
 
 // Integer quotient, rounded toward zero. Raises EDivByZero for a zero divisor instead of the processor's signal.
