@@ -15,10 +15,6 @@ constexpr bool IsLineEnd(unsigned char c) {
   return c == '\n' || c == '\r';
 }
 
-constexpr bool IsBlank(unsigned char c) {
-  return c >= 1 && c <= ' ' && !IsLineEnd(c);
-}
-
 } // namespace
 
 TzkBasePasLex::TzkBasePasLex() : FOrigin(NoText), FProcTable(CharProcs), FIdentFuncTable(IdentFuncs) {}

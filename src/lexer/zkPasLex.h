@@ -13,6 +13,8 @@
 namespace quorvane {
 
 class TzkBasePasLex;
+struct TKeyword;
+struct TWordSum;
 
 // A place in the text: X is a column, the distance from the start of the line, and Y a line, both from 0. Right after a
 // line break X is negative: the break already belongs to the line that it starts.
@@ -177,7 +179,7 @@ protected:
 
 private:
   using TCharProc = void (*)(TzkBasePasLex& lex);
-  using TIdentFunc = TptTokenKind (*)(TzkBasePasLex& lex, unsigned hash);
+  using TIdentFunc = TptTokenKind (*)(TzkBasePasLex& lex, TWordSum sum);
   using TProcTable = std::array<TCharProc, 256>;
   using TIdentFuncTable = std::array<TIdentFunc, 192>;
 
@@ -205,16 +207,15 @@ private:
   static void LowerProc(TzkBasePasLex& lex);
   static void GreaterProc(TzkBasePasLex& lex);
   static void AddressProc(TzkBasePasLex& lex);
-  static void SingleCharProc(TzkBasePasLex& lex);
+  template <TptTokenKind Kind> static void SingleCharProc(TzkBasePasLex& lex);
   static void UnknownProc(TzkBasePasLex& lex);
 
   // The keyword functions: for a hash that no word has, and for a hash that some have.
-  static TptTokenKind NoKeyword(TzkBasePasLex& lex, unsigned hash);
-  static TptTokenKind Keyword(TzkBasePasLex& lex, unsigned hash);
+  static TptTokenKind NoKeyword(TzkBasePasLex& lex, TWordSum sum);
+  static TptTokenKind Keyword(TzkBasePasLex& lex, TWordSum sum);
 
   unsigned char CharAt(std::int32_t index) const { return static_cast<unsigned char>(FOrigin[index]); }
   std::string TextBetween(std::int32_t first, std::int32_t end) const;
-  std::string UpperCaseBetween(std::int32_t first, std::int32_t end) const;
 
   // Scan on in a comment: the procedures of a comment that continues from the line before, and the way to its end.
   void NextInComment();
@@ -224,8 +225,9 @@ private:
   void TakeLineEnd(std::int32_t length);
   void Take(std::int32_t length, TptTokenKind kind);
 
-  unsigned KeyHash();
-  bool KeyComp(std::string_view word) const;
+  // Run over identifier characters and sum them up; compare the token, given its sum, with a word of the same hash.
+  TWordSum KeyHash();
+  bool KeyComp(TWordSum sum, const TKeyword& keyword) const;
   TptTokenKind IdentKind();
   TptTokenKind GetDirectiveKind();
 

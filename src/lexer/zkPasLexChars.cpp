@@ -25,14 +25,6 @@ constexpr TCharSet LineStops = MakeCharSet([](unsigned c) { return c == 0 || c =
 
 constexpr TCharSet StringStops = MakeCharSet([](unsigned c) { return LineStops[c] || c == '\''; });
 
-constexpr std::array<TptTokenKind, 256> SingleCharKinds = [] {
-  std::array<TptTokenKind, 256> kinds{};
-  kinds.fill(ptUnknown);
-#define PT_SINGLE_CHAR(character, kind) kinds[static_cast<unsigned char>(character)] = kind;
-#include "lexer/TokenKinds.def"
-  return kinds;
-}();
-
 // The first index, from one on, at which a NUL-terminated text has a character of a set, or has none.
 std::int32_t Find(const TCharSet& set, const char* text, std::int32_t index) {
   while (!set[static_cast<unsigned char>(text[index])])
@@ -48,6 +40,12 @@ std::int32_t Skip(const TCharSet& set, const char* text, std::int32_t index) {
 
 } // namespace
 
+// Each kind has a procedure of its own, though they differ in nothing else: the processor foresees the next token by
+// the procedures that ran before.
+template <TptTokenKind Kind> void TzkBasePasLex::SingleCharProc(TzkBasePasLex& lex) {
+  lex.Take(1, Kind);
+}
+
 constinit const TzkBasePasLex::TProcTable TzkBasePasLex::CharProcs = [] {
   TProcTable procs{};
   procs.fill(UnknownProc);
@@ -58,8 +56,8 @@ constinit const TzkBasePasLex::TProcTable TzkBasePasLex::CharProcs = [] {
       procs[c] = NumberProc;
     else if ((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'))
       procs[c] = IdentProc;
-    else if (SingleCharKinds[c] != ptUnknown)
-      procs[c] = SingleCharProc;
+#define PT_SINGLE_CHAR(character, kind) procs[character] = SingleCharProc<kind>;
+#include "lexer/TokenKinds.def"
   procs['\0'] = NullProc;
   procs['\n'] = LineFeedProc;
   procs['\r'] = CarriageReturnProc;
@@ -202,10 +200,6 @@ void TzkBasePasLex::AddressProc(TzkBasePasLex& lex) {
     lex.Take(2, ptDoubleAddressOp);
   else
     lex.Take(1, ptAddressOp);
-}
-
-void TzkBasePasLex::SingleCharProc(TzkBasePasLex& lex) {
-  lex.Take(1, SingleCharKinds[lex.CharAt(lex.FRun)]);
 }
 
 void TzkBasePasLex::UnknownProc(TzkBasePasLex& lex) {

@@ -123,10 +123,10 @@ TptTokenKind TzkBasePasLex::GetDirectiveKind() {
   const std::int32_t tokenPos = FTokenPos;
   FTokenPos += FOrigin[tokenPos] == '(' ? 3 : 2;
   FRun = FTokenPos;
-  const unsigned hash = KeyHash();
+  const TWordSum sum = KeyHash();
   TptTokenKind kind = ptCompDirect;
   for (const TKeyword& name : DirectiveNames)
-    if (name.Hash == hash && KeyComp(name.Word)) {
+    if (name.Hash == sum.Hash && KeyComp(sum, name)) {
       const bool isSwitch = name.Word == "R" && IsSwitch(FOrigin[FRun]);
       kind = isSwitch ? ptCompDirect : name.Kind;
       break;

@@ -38,11 +38,36 @@ inline constexpr std::array<std::uint8_t, 256> HashValues = [] {
   return table;
 }();
 
-constexpr unsigned HashOfWord(std::string_view word) {
-  unsigned hash = 0;
+// The value of a character that ends an identifier, where one look-up is to give both that and the hash value.
+inline constexpr std::uint8_t NoIdentChar = 0xFF;
+
+// Both tables above in one, for the loop that runs over every identifier.
+inline constexpr std::array<std::uint8_t, 256> IdentValues = [] {
+  std::array<std::uint8_t, 256> table{};
+  for (unsigned c = 0; c < table.size(); ++c)
+    table[c] = IdentChars[c] ? HashValues[c] : NoIdentChar;
+  return table;
+}();
+
+// What one pass over a word gives: the sum of its hash values, and the values themselves, five bits each, as far back
+// from its end as they fit. Words of one length up to LettersHeld are the same where their letters are.
+struct TWordSum {
+  unsigned Hash = 0;
+  std::uint64_t Letters = 0;
+
+  constexpr void Add(std::uint8_t value) {
+    Hash += value;
+    Letters = Letters << 5U | value;
+  }
+};
+
+inline constexpr std::size_t LettersHeld = 12;
+
+constexpr TWordSum SumOfWord(std::string_view word) {
+  TWordSum sum;
   for (const char c : word)
-    hash += HashValues[static_cast<unsigned char>(c)];
-  return hash;
+    sum.Add(HashValues[static_cast<unsigned char>(c)]);
+  return sum;
 }
 
 // One more than the highest hash that a keyword has.
@@ -53,6 +78,7 @@ struct TKeyword {
   unsigned Hash;
   std::string_view Word;
   TptTokenKind Kind;
+  std::uint64_t Letters = SumOfWord(Word).Letters;
 };
 
 inline constexpr auto Keywords = std::to_array<TKeyword>({
@@ -67,7 +93,7 @@ inline constexpr auto DirectiveNames = std::to_array<TKeyword>({
 
 constexpr bool AreHashedInOrder(const auto& rows) {
   return std::ranges::is_sorted(rows, {}, &TKeyword::Hash) &&
-         std::ranges::all_of(rows, [](const TKeyword& row) { return HashOfWord(row.Word) == row.Hash; });
+         std::ranges::all_of(rows, [](const TKeyword& row) { return SumOfWord(row.Word).Hash == row.Hash; });
 }
 static_assert(AreHashedInOrder(Keywords) && AreHashedInOrder(DirectiveNames));
 static_assert(Keywords.back().Hash < KeywordHashCount);

@@ -9,11 +9,6 @@ constexpr std::array<std::string_view, TokenKindCount> KindNames = {
 #include "lexer/TokenKinds.def"
 };
 
-constexpr std::array<TTokenGroup, TokenKindCount> KindGroups = {
-#define PT_KIND(kind, group) TTokenGroup::group,
-#include "lexer/TokenKinds.def"
-};
-
 constexpr std::string_view Prefix = "pt";
 
 } // namespace
@@ -24,10 +19,6 @@ std::string_view TokenName(TptTokenKind kind) {
 
 std::string_view ptTokenName(TptTokenKind kind) {
   return KindNames[kind];
-}
-
-TTokenGroup TokenGroup(TptTokenKind kind) {
-  return KindGroups[kind];
 }
 
 } // namespace quorvane

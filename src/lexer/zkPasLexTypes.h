@@ -52,8 +52,15 @@ std::string_view TokenName(TptTokenKind kind);
 // The full name of a kind: "ptBegin".
 std::string_view ptTokenName(TptTokenKind kind);
 
+inline constexpr std::array<TTokenGroup, TokenKindCount> TokenGroups = {
+#define PT_KIND(kind, group) TTokenGroup::group,
+#include "lexer/TokenKinds.def"
+};
+
 // The group that a kind belongs to.
-TTokenGroup TokenGroup(TptTokenKind kind);
+constexpr TTokenGroup TokenGroup(TptTokenKind kind) {
+  return TokenGroups[kind];
+}
 
 // A constant set of token kinds, one bit per ordinal.
 class TTokenKindSet {

@@ -7,15 +7,11 @@
 namespace quorvane {
 namespace {
 
-// The keywords of one hash, as rows of the keyword table, and the lengths that they have, one bit per length: most
-// identifiers that share a hash with a keyword are told apart by their length.
+// The keywords of one hash, as a range of the keyword table.
 struct TKeywordRow {
   std::uint8_t First = 0;
   std::uint8_t End = 0;
-  std::uint16_t Lengths = 0;
 };
-
-constexpr std::size_t LongestLength = 15;
 
 constexpr std::array<TKeywordRow, KeywordHashCount> KeywordRows = [] {
   std::array<TKeywordRow, KeywordHashCount> rows{};
@@ -24,20 +20,21 @@ constexpr std::array<TKeywordRow, KeywordHashCount> KeywordRows = [] {
     if (row.End == 0)
       row.First = static_cast<std::uint8_t>(index);
     row.End = static_cast<std::uint8_t>(index + 1);
-    row.Lengths = static_cast<std::uint16_t>(row.Lengths | 1U << Keywords[index].Word.size());
   }
   return rows;
 }();
 
-static_assert(std::ranges::all_of(Keywords, [](const TKeyword& row) { return row.Word.size() < LongestLength; }));
+bool HasEqualHashValues(char a, char b) {
+  return HashValues[static_cast<unsigned char>(a)] == HashValues[static_cast<unsigned char>(b)];
+}
 
 } // namespace
 
 constinit const TzkBasePasLex::TIdentFuncTable TzkBasePasLex::IdentFuncs = [] {
   TIdentFuncTable funcs{};
   funcs.fill(NoKeyword);
-  for (const TKeyword& row : Keywords)
-    funcs[row.Hash] = Keyword;
+  for (const TKeyword& keyword : Keywords)
+    funcs[keyword.Hash] = Keyword;
   return funcs;
 }();
 
@@ -45,41 +42,41 @@ void TzkBasePasLex::IdentProc(TzkBasePasLex& lex) {
   lex.FTokenID = lex.IdentKind();
 }
 
-unsigned TzkBasePasLex::KeyHash() {
-  unsigned hash = 0;
-  std::int32_t run = FRun;
-  for (unsigned char c = CharAt(run); IdentChars[c]; c = CharAt(run)) {
-    hash += HashValues[c];
-    ++run;
+TWordSum TzkBasePasLex::KeyHash() {
+  TWordSum sum;
+  const char* run = FOrigin + FRun;
+  for (;; ++run) {
+    const std::uint8_t value = IdentValues[static_cast<unsigned char>(*run)];
+    if (value == NoIdentChar)
+      break;
+    sum.Add(value);
   }
-  FRun = run;
-  return hash;
+  FRun = static_cast<std::int32_t>(run - FOrigin);
+  return sum;
 }
 
-bool TzkBasePasLex::KeyComp(std::string_view word) const {
-  return static_cast<std::size_t>(GetTokenLen()) == word.size() &&
-         std::equal(word.begin(), word.end(), FOrigin + FTokenPos, [](char a, char b) {
-           return HashValues[static_cast<unsigned char>(a)] == HashValues[static_cast<unsigned char>(b)];
-         });
+// Letters settle nearly every comparison without a second look at the text; only long words, which they do not hold
+// whole, are compared once more.
+bool TzkBasePasLex::KeyComp(TWordSum sum, const TKeyword& keyword) const {
+  const std::string_view word = keyword.Word;
+  return sum.Letters == keyword.Letters && static_cast<std::size_t>(GetTokenLen()) == word.size() &&
+         (word.size() <= LettersHeld || std::equal(word.begin(), word.end(), FOrigin + FTokenPos, HasEqualHashValues));
 }
 
 TptTokenKind TzkBasePasLex::IdentKind() {
-  const unsigned hash = KeyHash();
-  return hash >= KeywordHashCount ? ptIdentifier : FIdentFuncTable[hash](*this, hash);
+  const TWordSum sum = KeyHash();
+  return sum.Hash >= KeywordHashCount ? ptIdentifier : FIdentFuncTable[sum.Hash](*this, sum);
 }
 
-TptTokenKind TzkBasePasLex::NoKeyword(TzkBasePasLex&, unsigned) {
+TptTokenKind TzkBasePasLex::NoKeyword(TzkBasePasLex&, TWordSum) {
   return ptIdentifier;
 }
 
-TptTokenKind TzkBasePasLex::Keyword(TzkBasePasLex& lex, unsigned hash) {
-  const TKeywordRow& row = KeywordRows[hash];
-  const auto length = std::min<std::size_t>(static_cast<std::size_t>(lex.GetTokenLen()), LongestLength);
-  if ((row.Lengths >> length & 1U) == 0)
-    return ptIdentifier;
+TptTokenKind TzkBasePasLex::Keyword(TzkBasePasLex& lex, TWordSum sum) {
+  const TKeywordRow row = KeywordRows[sum.Hash];
   for (std::size_t index = row.First; index < row.End; ++index) {
     const TKeyword& keyword = Keywords[index];
-    if (!lex.KeyComp(keyword.Word))
+    if (!lex.KeyComp(sum, keyword))
       continue;
     if (TokenGroup(keyword.Kind) == TTokenGroup::Reserved)
       return keyword.Kind;
