@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+// The paint pass of the proxy: what is drawn over the host's picture, and when.
+#include "editor/QVEditorDraw.h"
+#include "editor/QVEditorProxy.h"
+#include "editor/QVMarkerStack.h"
+#include "host/QVLog.h"
+#include "host/QVOTAServices.h"
+#include "host/QVSourceUtils.h"
+#include "platform/Errors.h"
+#include "settings/model/QVOptions.h"
+
+#include <QScopedValueRollback>
+
+namespace quorvane {
+
+namespace {
+
+// The message number of a pass that the host knows nothing of.
+constexpr unsigned kOnDemand = platform::WM_USER;
+
+// Line numbers are written this much smaller than the text.
+constexpr int kLineNumberPointsLess = 2;
+
+platform::TOTACharPos CharPosOf(const TQVLitePasElement& element) {
+  return {static_cast<std::int16_t>(element.Column), element.Line};
+}
+
+} // namespace
+
+void TQVEditorProxy::DrawActionExecute() {
+  if (Painted)
+    return;
+  platform::TMessage message;
+  message.Msg = kOnDemand;
+  PaintEditor(message);
+  Painted = true;
+}
+
+void TQVEditorProxy::PaintEditor(platform::TMessage& message) {
+  const auto view = GetOTAEditView();
+  const auto buffer = view ? view->GetBuffer() : nullptr;
+  const bool ours = buffer && IsPascalFile(buffer->GetFileName());
+  if (message.Msg != kOnDemand && !Forward(message))
+    return;
+  // Drawing on demand lets the host bring its picture up to date first, which arrives here as a paint inside the pass:
+  // that one is the host's alone, and the pass under way draws the additions.
+  if (!ours || parsing_)
+    return;
+  BlockColorIndex = 0;
+  PaintStructure(*buffer);
+  PaintMarkers(buffer->GetFileName());
+  if (OptShowLineNumbers && OptLinesInGutter)
+    PaintLineNumbers(*EdGetCanvas());
+}
+
+void TQVEditorProxy::PaintStructure(platform::IOTAEditBuffer& buffer) {
+  GetSourceFromReader(buffer.CreateReader(), source_);
+  const QScopedValueRollback parsing(parsing_, true);
+  try {
+    LiteParser->ParseFull(source_.c_str());
+  } catch (...) {
+    // A drawing that fails ends the marks of this pass, nothing else: the host has painted, and the pass goes on.
+  }
+}
+
+void TQVEditorProxy::PaintMarkers(const QString& fileName) {
+  if (!QVMarkerStackManager)
+    return;
+  const int top = EdGetTopLine();
+  QVMarkerStackManager->Enumerate(fileName, top, top + EdGetLinesInWindow(),
+                                  [this](int row, int col, int count) { PaintSubInteger(row, col, count); });
+}
+
+void TQVEditorProxy::PaintBlock(std::span<const TQVLitePasElement>) {
+  // Blocks are reported but not painted. Intended: the block options are stored and edited, and have no effect here.
+}
+
+void TQVEditorProxy::ProcessRounds(std::span<const TQVLitePasElement> elements) {
+  if (!OptMarkParens)
+    return;
+  const TQVLitePasElement& open = elements[0];
+  const TQVLitePasElement& close = elements[1];
+  if (!CaretTouches(open, close))
+    return;
+  Log(QStringLiteral("Drawing Parens"));
+  DrawCursorBlockAt(CharPosOf(open), 1, TQVCellColor::Paren);
+  DrawCursorBlockAt(CharPosOf(close), 1, TQVCellColor::Paren);
+}
+
+// The caret is just before the opening bracket or just after the closing one. Its screen column is compared with the
+// bracket's character index, so behind tabs the test looks at another place than the mark goes to. Intended.
+bool TQVEditorProxy::CaretTouches(const TQVLitePasElement& open, const TQVLitePasElement& close) const {
+  const int caretLine = EdGetCaretY();
+  return (caretLine == open.Line && EdGetCaretX() - 1 == CharPosOf(open).CharIndex) ||
+         (caretLine == close.Line && EdGetCaretX() - 2 == CharPosOf(close).CharIndex);
+}
+
+void TQVEditorProxy::DrawCursorBlockAt(const platform::TOTAEditPos& position, int cells, TQVCellColor color) {
+  platform::TWinControl& control = Control();
+  platform::TCanvas* canvas = EdGetCanvas();
+  platform::Require(canvas != nullptr, kUnit);
+  const auto level = static_cast<unsigned>(BlockColorIndex) % OptBlockHiliteColors.size();
+  const platform::TColor fill = color == TQVCellColor::Paren ? OptParenMatchColor : OptBlockHiliteColors[level];
+  DrawCells(*canvas, control.Canvas(), CursorToPixel(position, TQVCellEdge::Top), cells, fill, control.Color());
+}
+
+void TQVEditorProxy::DrawCursorBlockAt(const platform::TOTACharPos& position, int cells, TQVCellColor color) {
+  DrawCursorBlockAt(ToEditPos(position), cells, color);
+}
+
+void TQVEditorProxy::PaintSubInteger(int line, int column, int value) {
+  const platform::TOTACharPos marked{static_cast<std::int16_t>(column - 1), line};
+  const QPoint corner = CursorToPixel(marked, TQVCellEdge::Bottom) - QPoint(EdGetColWidth() / 2, EdGetLineHeight() / 2);
+  platform::TCanvas* canvas = EdGetCanvas();
+  platform::Require(canvas != nullptr, kUnit);
+  DrawSubInteger(*canvas, corner, value);
+}
+
+void TQVEditorProxy::PaintLineNumbers(platform::TCanvas& canvas) {
+  const auto view = GetOTAEditView();
+  platform::Require(view != nullptr, kUnit);
+  const auto options = OTAEditorServices()->GetEditOptions();
+  DrawLineNumbers(canvas, {.Width = view->GetBuffer()->GetBufferOptions()->GetLeftGutterWidth(),
+                           .LineHeight = EdGetLineHeight(),
+                           .TopLine = EdGetTopLine(),
+                           .LinesInWindow = EdGetLinesInWindow(),
+                           .LineCount = EdGetLineCount(),
+                           .CaretLine = EdGetCaretY(),
+                           .FontName = options->GetFontName(),
+                           .FontSize = options->GetFontSize() - kLineNumberPointsLess,
+                           .Color = OptLineNumberColor});
+}
+
+} // namespace quorvane

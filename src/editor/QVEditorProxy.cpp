@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include "editor/QVEditorProxy.h"
+
+#include "editor/QVMarkerStack.h"
+#include "host/QVIDEHackUtils.h"
+#include "platform/Application.h"
+#include "platform/Component.h"
+#include "platform/Debug.h"
+#include "platform/Errors.h"
+#include "settings/model/QVOptions.h"
+
+#include <mutex>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+// The component's name is the name of its class, which is how a form's proxy is found.
+const QString kProxyName = QStringLiteral("TQVEditorProxy");
+
+TQVEditorProxy* ProxyOn(const QWidget& form) {
+  return qobject_cast<TQVEditorProxy*>(platform::FindComponent(form, kProxyName));
+}
+
+QWidget* FormOf(platform::IOTAEditView& view) {
+  const auto window = view.GetEditWindow();
+  return window ? window->GetForm() : nullptr;
+}
+
+} // namespace
+
+TQVEditorProxy::TQVEditorProxy(QObject* owner) : QObject(owner), EditorForm(qobject_cast<QWidget*>(owner)) {
+  platform::Require(EditorForm && platform::ClassName(*EditorForm) == EditorFormClassName, kUnit,
+                    "Cannot create an editor proxy without an editor");
+  EditControl = platform::FindComponent(*EditorForm, EditControlName);
+  ActionList = dynamic_cast<platform::TActionList*>(platform::FindComponent(*EditorForm, EditorActionListName));
+  platform::Require(FindControl() != nullptr, kUnit);
+  platform::Require(!ActionList.isNull(), kUnit);
+  setObjectName(kProxyName);
+
+  LiteParser = std::make_unique<TQVLitePasParser>();
+  LiteParser->OnBlock = [this](std::span<const TQVLitePasElement> elements) { PaintBlock(elements); };
+  LiteParser->OnRound = [this](std::span<const TQVLitePasElement> elements) { ProcessRounds(elements); };
+
+  DrawAction = new platform::TAction(this);
+  DrawAction->OnExecute = [this] { DrawActionExecute(); };
+  ActionList->Add(DrawAction);
+  RedefineHotKey();
+
+  OldEditorWndProc = Control().WindowProc();
+  Control().SetWindowProc(platform::TWndMethod::Of<&TQVEditorProxy::EditorWndProc>(*this));
+}
+
+TQVEditorProxy::~TQVEditorProxy() {
+  platform::OutputDebugString("Enter TQVEditorProxy.Destroy");
+  if (parent() && platform::FindComponent(*parent(), EditControlName))
+    UnSubclass();
+  delete DrawAction;
+  platform::OutputDebugString("Exit TQVEditorProxy.Destroy");
+}
+
+void TQVEditorProxy::InjectExistingProxies() {
+  for (QWidget* form : platform::Screen().Forms()) {
+    if (IsEditorForm(*form))
+      new TQVEditorProxy(form);
+  }
+}
+
+void TQVEditorProxy::RemoveExistingProxies() {
+  for (const QWidget* form : platform::Screen().Forms()) {
+    if (IsEditorForm(*form))
+      delete GetProxy(*form);
+  }
+}
+
+TQVEditorProxy* TQVEditorProxy::GetProxy(const QWidget& form) {
+  platform::Require(IsEditorForm(form), kUnit);
+  return ProxyOn(form);
+}
+
+TQVEditorProxy* TQVEditorProxy::GetProxy(const std::shared_ptr<platform::IOTAEditView>& view) {
+  platform::Require(view != nullptr, kUnit);
+  const QWidget* form = FormOf(*view);
+  return form ? ProxyOn(*form) : nullptr;
+}
+
+std::shared_ptr<platform::IOTAEditView> TQVEditorProxy::GetOTAEditView() const {
+  auto view = GetTopView();
+  const bool own = view && EditorForm && FormOf(*view) == EditorForm;
+  return own ? view : nullptr;
+}
+
+void TQVEditorProxy::SetPasInfo(std::shared_ptr<IQVPasInfo> info) {
+  platform::Require(GetOTAEditView() != nullptr, kUnit);
+  // The earlier outline is let go after the lock, on the way out.
+  const std::unique_lock lock(PasInfoLock);
+  PasInfo.swap(info);
+}
+
+std::shared_ptr<IQVPasInfo> TQVEditorProxy::GetPasInfo() const {
+  const std::shared_lock lock(PasInfoLock);
+  return PasInfo;
+}
+
+void TQVEditorProxy::RedefineHotKey() {
+  platform::OutputDebugString("RedefineHotKey");
+  DrawAction->SetShortCut(OptMarkerHotkey);
+  DrawAction->setEnabled(true);
+  platform::OutputDebugString("Done RedefineHotKey");
+}
+
+void TQVEditorProxy::Invalidate() {
+  if (platform::TWinControl* control = FindControl())
+    control->Invalidate();
+}
+
+void TQVEditorProxy::StartDraw() {
+  Invalidate();
+}
+
+void TQVEditorProxy::EndDraw() {}
+
+void TQVEditorProxy::UnSubclass() {
+  if (platform::TWinControl* control = FindControl())
+    control->SetWindowProc(OldEditorWndProc);
+}
+
+void TQVEditorProxy::DropMarker() {
+  const auto view = GetOTAEditView();
+  platform::Require(view != nullptr, kUnit);
+  if (QVMarkerStackManager)
+    QVMarkerStackManager->Push(view);
+  RepaintControl();
+}
+
+void TQVEditorProxy::PickupMarker() {
+  if (QVMarkerStackManager)
+    QVMarkerStackManager->Pop();
+  RepaintControl();
+}
+
+} // namespace quorvane

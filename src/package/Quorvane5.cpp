@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+// The package: which units the add-in consists of, in which order they start, and what each does then and when it
+// stops.
+//
+// A new unit is one row in kContains, at its place among the contents, and one in Units, at its place among the starts;
+// the stops are those of Units backwards. Most stops write a line to the debugger output, so that a watcher sees how
+// far the package has come. The lines of QVEditorDraw and some others do not follow the common pattern; they are read
+// by tools as they are and stay.
+#include "editor/QVEditorProxy.h"
+#include "host/QVLog.h"
+#include "host/QVStatManager.h"
+#include "platform/Debug.h"
+#include "platform/Package.h"
+#include "settings/model/QVOptions.h"
+
+#include <type_traits>
+
+namespace quorvane {
+
+namespace {
+
+using platform::OutputDebugString;
+
+void StopQVEditorProxy() {
+  TQVEditorProxy::RemoveExistingProxies();
+  OutputDebugString("QVEditorProxy Finalized");
+}
+
+void StopQVOptions() {
+  OutputDebugString("QVOptions Finalized");
+  OptStorageDir.clear();
+}
+
+constexpr const char* kRequires[] = {"VclSmp50", "vclx50", "dsnide50", "vcl50"};
+
+constexpr platform::TContainedUnit kContains[] = {
+    {"Quorvane5", nullptr},     {"QVStatManager", nullptr},
+    {"SysInit", nullptr},       {"QVLog", nullptr},
+    {"QVSourceUtils", nullptr}, {"QVOTAServices", nullptr},
+    {"QVOptions", nullptr},     {"QVEditorProxy", TQVEditorProxy::InjectExistingProxies},
+    {"QVEditorDraw", nullptr},  {"QVIDEHackUtils", nullptr},
+    {"QVLiteParse", nullptr},   {"zkPasLexTypes", nullptr},
+    {"zkPasLex", nullptr},
+};
+
+platform::TUnitEntry Units[] = {
+    {"QVOTAServices", nullptr, nullptr},
+    {"QVSourceUtils", nullptr, [] { OutputDebugString("QVSourceUtils Finalized"); }},
+    {"QVIDEHackUtils", nullptr, [] { OutputDebugString("QVIDEHackUtils Finalized"); }},
+    {"QVLog", StartQVLog, StopQVLog},
+    {"zkPasLexTypes", nullptr, [] { OutputDebugString("zkPasLexTypes Finalized"); }},
+    {"zkPasLex", nullptr, [] { OutputDebugString("zkPasLex Finalized"); }},
+    {"QVLiteParse", nullptr, [] { OutputDebugString("QVLiteParse Finalized"); }},
+    {"QVStatManager", StartQVStatManager, StopQVStatManager},
+    {"QVEditorDraw", nullptr, [] { OutputDebugString("QVEditorDraw"); }},
+    {"QVEditorProxy", nullptr, StopQVEditorProxy},
+    {"QVOptions", nullptr, StopQVOptions},
+};
+
+const platform::TPackageInfoTable kTable = {
+    .Description = u"Virelle for Delphi 5",
+    .Requires = kRequires,
+    .Contains = kContains,
+    .Units = Units,
+};
+
+} // namespace
+
+} // namespace quorvane
+
+#define VIRELLE_ENTRY_POINT extern "C" __attribute__((visibility("default")))
+
+VIRELLE_ENTRY_POINT void Initialize() {
+  platform::InitializePackage(quorvane::kTable);
+}
+
+VIRELLE_ENTRY_POINT void Finalize() {
+  platform::FinalizePackage(quorvane::kTable);
+}
+
+VIRELLE_ENTRY_POINT const platform::TPackageInfoTable* GetPackageInfoTable() {
+  return &quorvane::kTable;
+}
+
+static_assert(std::is_same_v<decltype(&Initialize), platform::TPackageProcedure>);
+static_assert(std::is_same_v<decltype(&Finalize), platform::TPackageProcedure>);
+static_assert(std::is_same_v<decltype(&GetPackageInfoTable), platform::TPackageInfoFunction>);
