@@ -26,7 +26,7 @@ struct ColorScheme {
   QColor ground;
   QColor text;
   QColor selectionGround;
-  QColor selectionText; // invalid: selected text keeps its colours
+  QColor selectionText;
   QColor gutterGround;
   QColor gutterLine; // between gutter and text
   QColor caret;

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/edit/CellFont.h"
 #include "desktop/edit/ColorScheme.h"
-#include "desktop/edit/SyntaxAttribute.h"
+#include "desktop/edit/Indentation.h"
+#include "desktop/edit/PascalHighlighter.h"
 #include "platform/Canvas.h"
 #include "platform/Control.h"
 
+#include <QImage>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QRegion>
@@ -17,7 +20,6 @@ namespace desktop {
 
 class CaretBlink;
 class EditViewport;
-class PascalHighlighter;
 
 // What a page keeps of the control while another page is in front.
 struct EditState {
@@ -29,12 +31,6 @@ struct EditState {
 
 // How a document is coloured.
 enum class Colouring { Pascal, None };
-
-// What the Tab key puts in.
-enum class TabInsertion {
-  Spaces,   // blanks up to the next stop of the indent width
-  Character // one tab character
-};
 
 // The edit control: a plain text editor whose text stands in cells of one integer size and which tells a window
 // procedure about everything that happens to it.
@@ -137,7 +133,7 @@ public:
   // Whole columns and lines that fit, at least 1 each.
   QSize viewSize() const;
   // Of one character, in logical pixels.
-  QSize cellSize() const { return cell_; }
+  QSize cellSize() const { return cellFont_.cell; }
 
   // The published values that have no better name elsewhere.
   int linesInWindow() const { return viewSize().height() + 1; }
@@ -174,7 +170,6 @@ protected:
   void changeEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
-  void showEvent(QShowEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
@@ -185,42 +180,50 @@ protected:
   QMimeData* createMimeDataFromSelection() const override;
 
 private:
-  // ICanvasSurface
+  // The canvas's way to the picture.
   QImage& BeginDrawing() override;
   void EndDrawing(const QRect& area) override;
   QFont SurfaceFont() const override { return font(); }
   QPalette SurfacePalette() const override { return palette(); }
   QColor SurfaceColor() const override { return scheme_.ground; }
 
-  // Messages (EditControlMessages.cpp).
-  std::intptr_t send(unsigned code, std::uintptr_t wParam, QEvent* event);
+  // Messages: EditControlMessages.cpp.
+  void send(unsigned code, std::uintptr_t wParam, QEvent* event);
   void defaultProc(platform::TMessage& message);
-  void handleByDefault(platform::TMessage& message);
-  void sendCharacters(const QString& text, QEvent* event);
-  void handleKeyDown(QKeyEvent& event);
-  void handleCharacter(char32_t character);
+  void announceKey(QKeyEvent& event);
+  void sendCharacters(const QString& text, QEvent& event);
   void sendScroll(Qt::Orientation orientation);
+  void applyKey(QKeyEvent& event);
+  void applyCharacter(char32_t character);
   void applyScroll(Qt::Orientation orientation);
+  QScrollBar& scrollBar(Qt::Orientation orientation) const;
 
-  // Picture (EditControlPaint.cpp).
+  // Picture: EditControlPaint.cpp.
   void requestPaint();
-  void requestCopy(const QRect& area);
+  void requestErase();
+  void requestCopy(const QRegion& area);
   void paintPass(QPaintEvent& event);
-  void paintContents();
-  void paintGround();
+  void paintByDefault();
+  void eraseByDefault();
+  void paintGutter(QPaintEvent& event);
+  void paintCaret(QPainter& painter) const;
   bool surfaceFits() const;
   void fitSurface();
-  void copyToScreen(QWidget& part, const QRegion& region);
+  QSize clientSize() const;
+  QSize surfaceSize() const;
   void onUpdateRequest(const QRect& rect, int dy);
   QRect caretRect() const;
 
-  // Cells and scrolling.
+  void connectSignals();
+  void onCaretMoved();
   void applyFont();
-  void prepareDocument();
+  void applyFormats();
+  void adoptDocument(QTextDocument& document);
   void placeGutter();
   void alignHorizontalRange(int minimum, int maximum);
   void alignHorizontalValue(int value);
   QTextBlock lastVisibleBlock() const;
+  IndentOptions indentOptions() const { return {indentWidth_, tabWidth_, tabInsertion_}; }
 
   int borderStyle() const { return 0; } // frameless
   int left() const { return x(); }
@@ -229,8 +232,8 @@ private:
   QString hotlinkText() const { return {}; } // this control has no hot links
   qlonglong blockBegin() const;
   qlonglong blockAfter() const;
-  qlonglong searchBegin() const;
-  qlonglong searchAfter() const;
+  qlonglong searchBegin() const { return packedPosition(searchBegin_); }
+  qlonglong searchAfter() const { return packedPosition(searchAfter_); }
   qlonglong packedPosition(int position) const;
 
   platform::TWndMethod windowProc_;
@@ -238,17 +241,18 @@ private:
   EditViewport* viewport_;
   QWidget* gutter_;
   CaretBlink* blink_;
-  std::unique_ptr<QTextDocument> empty_; // shown while there is no other document
+  QTextDocument* empty_; // shown while there is no other document
   QPointer<PascalHighlighter> highlighter_;
 
   ColorScheme scheme_;
+  SyntaxFormats formats_;
   QString fontFamily_;
   int fontPoints_ = 10;
-  QSize cell_{1, 1};
+  CellFont cellFont_;
   int gutterWidth_ = 30;
   int tabWidth_ = 8;
   int indentWidth_ = 2;
-  TabInsertion tabInsertion_ = TabInsertion::Spaces;
+  TabInsertion tabInsertion_ = TabInsertion::Blanks;
   bool insertMode_ = true;
   int searchBegin_ = 0;
   int searchAfter_ = 0;
@@ -257,13 +261,16 @@ private:
   QString helpKeyword_;
 
   QImage surface_;
-  QRegion copyOnly_;          // of the client area: asked for again without anything having changed
+  QRegion copyOnly_;          // of the client area: to be shown again although nothing has changed but the surface
+  bool paintWanted_ = true;   // the next paint event must be a paint pass
   bool eraseWanted_ = true;   // the next paint pass begins with WM_ERASEBKGND
   bool painting_ = false;     // inside a paint pass
   bool gutterAsked_ = false;  // an update of the gutter is on its way
   bool keyAnnounced_ = false; // CN_KEYDOWN has been sent for the key press to come
-  bool scrolledByDefault_ = false;
-  QEvent* wheel_ = nullptr; // the wheel event being handled
+  bool scrolled_ = false;     // the scroll message being sent has reached the default procedure
+  bool aligning_ = false;     // the horizontal range is being aligned
+  int leftPixel_ = 0;         // the last aligned horizontal scroll position
+  QEvent* wheel_ = nullptr;   // the wheel event being handled
 };
 
 } // namespace desktop

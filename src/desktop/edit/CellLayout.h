@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QPlainTextDocumentLayout>
+
+namespace desktop {
+
+// Lays a document out in lines of one height.
+//
+// A line that holds a glyph of a fallback font (a character that the editor font lacks) would become taller than the
+// others and move everything below it off its row. Here every line is as high as a cell and stands on the same base
+// line.
+class CellLayout : public QPlainTextDocumentLayout {
+  Q_OBJECT
+
+public:
+  explicit CellLayout(QTextDocument* document);
+
+  // The height of every line and the distance from its top to the base line, in logical pixels.
+  void setCell(int height, int ascent);
+
+  QRectF blockBoundingRect(const QTextBlock& block) const override;
+
+private:
+  int height_ = 1;
+  int ascent_ = 0;
+};
+
+} // namespace desktop

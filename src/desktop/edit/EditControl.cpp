@@ -1,0 +1,349 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/edit/EditControl.h"
+
+#include "desktop/edit/CaretBlink.h"
+#include "desktop/edit/CellLayout.h"
+#include "desktop/edit/EditViewport.h"
+#include "desktop/edit/TextColumns.h"
+#include "platform/Color.h"
+
+#include <QFontDatabase>
+#include <QMimeData>
+#include <QScrollBar>
+#include <QTextBlock>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+QTextCharFormat makeFormat(const TextStyle& style, const QColor& plain, const CellFont& font) {
+  QTextCharFormat format;
+  if (style.color != plain)
+    format.setForeground(style.color);
+  if (style.bold && font.boldFits)
+    format.setFontWeight(QFont::Bold);
+  if (style.italic && font.italicFits)
+    format.setFontItalic(true);
+  return format;
+}
+
+QPalette makePalette(QPalette palette, const ColorScheme& scheme) {
+  palette.setColor(QPalette::Base, scheme.ground);
+  palette.setColor(QPalette::Text, scheme.text);
+  palette.setColor(QPalette::Highlight, scheme.selectionGround);
+  palette.setColor(QPalette::HighlightedText, scheme.selectionText);
+  return palette;
+}
+
+} // namespace
+
+TEditControl::TEditControl(QWidget* parent)
+    : QPlainTextEdit(parent), windowProc_(platform::TWndMethod::Of<&TEditControl::defaultProc>(*this)),
+      viewport_(new EditViewport), gutter_(new QWidget(this)), blink_(new CaretBlink(this)),
+      empty_(new QTextDocument(this)), scheme_(lightScheme()),
+      fontFamily_(QFontDatabase::systemFont(QFontDatabase::FixedFont).family()) {
+  setObjectName(QStringLiteral("Editor"));
+  setFrameShape(QFrame::NoFrame);
+  setLineWrapMode(QPlainTextEdit::NoWrap);
+  setViewport(viewport_);
+  document()->documentLayout()->setPaintDevice(
+      viewport_); // Qt would go on with the viewport that has just been replaced
+  viewport_->setAcceptDrops(true);
+  viewport_->setCursor(Qt::IBeamCursor);
+  viewport_->setAttribute(Qt::WA_OpaquePaintEvent);
+  gutter_->setAttribute(Qt::WA_OpaquePaintEvent);
+  gutter_->installEventFilter(this);
+  gutter_->raise(); // above the viewport, so that it is painted after it
+
+  cellFont_ = makeCellFont(fontFamily_, fontPoints_, *viewport_);
+  canvas_ = std::make_unique<platform::TCanvas>(static_cast<platform::ICanvasSurface&>(*this));
+  connectSignals();
+  setPalette(makePalette(palette(), scheme_));
+  applyFont();
+  showDocument(nullptr);
+}
+
+TEditControl::~TEditControl() {
+  send(platform::WM_DESTROY, 0, nullptr);
+  // What the base classes still signal while they go finds nobody here any more.
+  disconnect(this, nullptr, this, nullptr);
+  horizontalScrollBar()->disconnect(this);
+  verticalScrollBar()->disconnect(this);
+  document()->documentLayout()->setPaintDevice(nullptr);
+}
+
+void TEditControl::connectSignals() {
+  connect(this, &QPlainTextEdit::updateRequest, this, &TEditControl::onUpdateRequest);
+  connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TEditControl::onCaretMoved);
+  connect(this, &QPlainTextEdit::selectionChanged, this, &TEditControl::requestPaint);
+  connect(blink_, &CaretBlink::toggled, this, [this] { requestCopy(caretRect().translated(gutterWidth_, 0)); });
+  connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &TEditControl::alignHorizontalRange);
+  connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &TEditControl::alignHorizontalValue);
+  connect(horizontalScrollBar(), &QScrollBar::actionTriggered, this, [this] { sendScroll(Qt::Horizontal); });
+  connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { sendScroll(Qt::Vertical); });
+}
+
+void TEditControl::showDocument(QTextDocument* document, Colouring colouring) {
+  QTextDocument& shown = document != nullptr ? *document : *empty_;
+  if (highlighter_)
+    highlighter_->disconnect(this);
+  this->document()->documentLayout()->setPaintDevice(nullptr); // the document in front so far may outlive the viewport
+  adoptDocument(shown);
+  setDocument(&shown);
+  // What Qt keeps with the document or drops with a new one.
+  shown.documentLayout()->setPaintDevice(viewport_);
+  setCursorWidth(0);
+  setTabStopDistance(tabWidth_ * cellSize().width());
+  setViewportMargins(gutterWidth_, 0, 0, 0);
+
+  highlighter_ = colouring == Colouring::Pascal ? &PascalHighlighter::of(shown) : nullptr;
+  if (highlighter_) {
+    highlighter_->setFormats(formats_);
+    connect(highlighter_, &PascalHighlighter::coloursChanged, this, &TEditControl::requestPaint);
+  }
+  searchBegin_ = searchAfter_ = 0;
+  requestErase();
+  onCaretMoved();
+}
+
+// Brings a document's layout and font to the control's.
+void TEditControl::adoptDocument(QTextDocument& document) {
+  auto* layout = qobject_cast<CellLayout*>(document.documentLayout());
+  if (layout == nullptr) {
+    layout = new CellLayout(&document);
+    document.setDocumentLayout(layout);
+  }
+  layout->setPaintDevice(viewport_);
+  layout->setCell(cellSize().height(), cellFont_.ascent);
+  if (document.documentMargin() != 0)
+    document.setDocumentMargin(0);
+  if (document.defaultFont() != font())
+    document.setDefaultFont(font());
+}
+
+EditState TEditControl::state() const {
+  const QTextCursor cursor = textCursor();
+  return {cursor.position(), cursor.anchor(), topLine() - 1, leftColumn() - 1};
+}
+
+void TEditControl::restoreState(const EditState& state) {
+  const int last = document()->characterCount() - 1;
+  QTextCursor cursor(document());
+  cursor.setPosition(std::clamp(state.anchor, 0, last));
+  cursor.setPosition(std::clamp(state.caret, 0, last), QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+  setTopLine(state.topLine + 1);
+  setLeftColumn(state.leftCell + 1);
+}
+
+void TEditControl::setInsertMode(bool insert) {
+  if (insert == insertMode_)
+    return;
+  requestCopy(caretRect().translated(gutterWidth_, 0));
+  insertMode_ = insert;
+  requestCopy(caretRect().translated(gutterWidth_, 0));
+  Q_EMIT insertModeChanged(insert);
+}
+
+void TEditControl::setColorScheme(const ColorScheme& scheme) {
+  scheme_ = scheme;
+  applyFormats();
+  setPalette(makePalette(palette(), scheme_));
+  requestErase();
+}
+
+void TEditControl::setGutterWidth(int width) {
+  gutterWidth_ = std::max(width, 0);
+  setViewportMargins(gutterWidth_, 0, 0, 0);
+  placeGutter();
+  requestErase();
+}
+
+void TEditControl::setEditorFont(const QString& family, int points) {
+  const int left = leftColumn();
+  fontFamily_ = family;
+  fontPoints_ = std::max(points, 1);
+  applyFont();
+  setLeftColumn(left);
+}
+
+void TEditControl::applyFont() {
+  cellFont_ = makeCellFont(fontFamily_, fontPoints_, *viewport_);
+  setFont(cellFont_.font);
+  canvas_->Font.Face = font();
+  adoptDocument(*document());
+  setTabStopDistance(tabWidth_ * cellSize().width());
+  horizontalScrollBar()->setSingleStep(cellSize().width());
+  applyFormats();
+  requestErase();
+}
+
+void TEditControl::applyFormats() {
+  std::transform(scheme_.styles.begin(), scheme_.styles.end(), formats_.begin(),
+                 [this](const TextStyle& style) { return makeFormat(style, scheme_.text, cellFont_); });
+  if (highlighter_)
+    highlighter_->setFormats(formats_);
+}
+
+void TEditControl::setTabWidth(int cells) {
+  tabWidth_ = std::max(cells, 1);
+  setTabStopDistance(tabWidth_ * cellSize().width());
+  requestPaint();
+}
+
+void TEditControl::setIndentWidth(int cells) {
+  indentWidth_ = std::max(cells, 1);
+}
+
+void TEditControl::indentBlock() {
+  indentLines(textCursor(), indentOptions());
+  showCaret();
+}
+
+void TEditControl::unindentBlock() {
+  unindentLines(textCursor(), indentOptions());
+  showCaret();
+}
+
+int TEditControl::caretRow() const {
+  return textCursor().blockNumber() + 1;
+}
+
+int TEditControl::caretColumn() const {
+  const QTextCursor cursor = textCursor();
+  return columnOfUnit(cursor.block().text(), cursor.positionInBlock(), tabWidth_);
+}
+
+int TEditControl::caretCharIndex() const {
+  const QTextCursor cursor = textCursor();
+  return charIndexOfUnit(cursor.block().text(), cursor.positionInBlock());
+}
+
+void TEditControl::setCaret(int row, int column) {
+  const QTextBlock block = document()->findBlockByNumber(std::clamp(row, 1, blockCount()) - 1);
+  QTextCursor cursor(block);
+  cursor.setPosition(block.position() + static_cast<int>(unitOfColumn(block.text(), column, tabWidth_)));
+  const int top = topLine();
+  const int left = leftColumn();
+  setTextCursor(cursor); // scrolls to the caret
+  setTopLine(top);
+  setLeftColumn(left);
+}
+
+void TEditControl::showCaret() {
+  ensureCursorVisible();
+}
+
+int TEditControl::topLine() const {
+  return firstVisibleBlock().blockNumber() + 1;
+}
+
+int TEditControl::leftColumn() const {
+  return horizontalScrollBar()->value() / cellSize().width() + 1;
+}
+
+void TEditControl::setTopLine(int line) {
+  verticalScrollBar()->setValue(std::max(line, 1) - 1);
+}
+
+void TEditControl::setLeftColumn(int column) {
+  horizontalScrollBar()->setValue((std::max(column, 1) - 1) * cellSize().width());
+}
+
+QSize TEditControl::viewSize() const {
+  return {std::max(viewport()->width() / cellSize().width(), 1),
+          std::max(viewport()->height() / cellSize().height(), 1)};
+}
+
+int TEditControl::ClientWidth() const {
+  return gutterWidth_ + viewSize().width() * cellSize().width();
+}
+
+int TEditControl::ClientHeight() const {
+  return viewSize().height() * cellSize().height();
+}
+
+platform::TColor TEditControl::Color() const {
+  return platform::ToTColor(scheme_.ground);
+}
+
+int TEditControl::cursorAttribute() const {
+  const QTextCursor cursor = textCursor();
+  const auto attribute =
+      highlighter_ ? highlighter_->attributeAt(cursor.block(), cursor.positionInBlock()) : SyntaxAttribute::Blank;
+  return static_cast<int>(attribute);
+}
+
+QString TEditControl::lineText() const {
+  return textCursor().block().text();
+}
+
+void TEditControl::setSearchMatch(int begin, int after) {
+  searchBegin_ = begin;
+  searchAfter_ = after;
+}
+
+qlonglong TEditControl::blockBegin() const {
+  return packedPosition(textCursor().selectionStart());
+}
+
+qlonglong TEditControl::blockAfter() const {
+  return packedPosition(textCursor().selectionEnd());
+}
+
+// The line from 1 above the lower 16 bits, the character index from 0 in them.
+qlonglong TEditControl::packedPosition(int position) const {
+  const QTextBlock block = document()->findBlock(std::clamp(position, 0, document()->characterCount() - 1));
+  const int index = charIndexOfUnit(block.text(), position - block.position());
+  return (qlonglong(block.blockNumber() + 1) << 16) | (index & 0xFFFF);
+}
+
+void TEditControl::onCaretMoved() {
+  requestPaint();
+  if (hasFocus())
+    blink_->start();
+  Q_EMIT caretMoved(caretRow(), caretColumn());
+}
+
+// Qt's range ends at the last pixel of the longest line. It must end on a whole cell, and leave room for a caret behind
+// that line.
+void TEditControl::alignHorizontalRange(int minimum, int maximum) {
+  if (aligning_ || maximum <= minimum)
+    return;
+  aligning_ = true;
+  const int width = cellSize().width();
+  horizontalScrollBar()->setMaximum((maximum / width + 1) * width);
+  aligning_ = false;
+}
+
+void TEditControl::alignHorizontalValue(int value) {
+  const int width = cellSize().width();
+  const int rest = value % width;
+  if (rest == 0)
+    leftPixel_ = value;
+  else
+    horizontalScrollBar()->setValue(value > leftPixel_ ? value - rest + width : value - rest);
+}
+
+QTextBlock TEditControl::lastVisibleBlock() const {
+  const int number = firstVisibleBlock().blockNumber() + viewport()->height() / cellSize().height() + 1;
+  return document()->findBlockByNumber(std::min(number, blockCount() - 1));
+}
+
+void TEditControl::placeGutter() {
+  const QRect text = viewport()->geometry();
+  gutter_->setGeometry(text.x() - gutterWidth_, text.y(), gutterWidth_, text.height());
+}
+
+// Qt's own rendering of a selection as plain text turns no-break spaces into blanks.
+QMimeData* TEditControl::createMimeDataFromSelection() const {
+  QString text = textCursor().selectedText();
+  text.replace(QChar::ParagraphSeparator, u'\n');
+  auto* mime = new QMimeData;
+  mime->setText(text);
+  return mime;
+}
+
+} // namespace desktop

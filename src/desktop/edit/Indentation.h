@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+// What Enter, Tab and Shift+Tab do to the text. Every function is one undo step. Widths are cells of the screen.
+#pragma once
+
+#include <QTextCursor>
+
+namespace desktop {
+
+// What the Tab key puts in.
+enum class TabInsertion {
+  Blanks,   // blanks up to the next stop of the indent width
+  Character // one tab character
+};
+
+struct IndentOptions {
+  int indentWidth = 2; // at least 1
+  int tabWidth = 8;    // at least 1; the distance of the stops to which tab characters reach
+  TabInsertion insertion = TabInsertion::Blanks;
+
+  // By how many cells one step of indentation moves a line.
+  int step() const { return insertion == TabInsertion::Blanks ? indentWidth : tabWidth; }
+};
+
+// Breaks the line at the cursor, replacing the selection. The new line begins with the white space that the broken one
+// has before the cursor.
+void breakLine(QTextCursor& cursor);
+
+// Replaces the selection by what the options say.
+void insertTab(QTextCursor& cursor, const IndentOptions& options);
+
+// Whether the selection reaches over a line end.
+bool spansLines(const QTextCursor& cursor);
+
+// Move every line that the selection touches by one step to the right, or to the left as far as there is white space. A
+// line that the selection only reaches the start of stays, as do empty lines. The white space that stands there is kept
+// as far as possible. The cursor keeps its text selected.
+void indentLines(const QTextCursor& selection, const IndentOptions& options);
+void unindentLines(const QTextCursor& selection, const IndentOptions& options);
+
+} // namespace desktop
