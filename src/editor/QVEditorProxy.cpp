@@ -40,8 +40,8 @@ TQVEditorProxy::TQVEditorProxy(QObject* owner) : QObject(owner), EditorForm(qobj
   setObjectName(kProxyName);
 
   LiteParser = std::make_unique<TQVLitePasParser>();
-  LiteParser->OnBlock = [this](std::span<const TQVLitePasElement> elements) { PaintBlock(elements); };
-  LiteParser->OnRound = [this](std::span<const TQVLitePasElement> elements) { ProcessRounds(elements); };
+  LiteParser->SetOnBlock([this](std::span<const TQVLitePasElement> elements) { PaintBlock(elements); });
+  LiteParser->SetOnRound([this](std::span<const TQVLitePasElement> elements) { ProcessRounds(elements); });
 
   DrawAction = new platform::TAction(this);
   DrawAction->OnExecute = [this] { DrawActionExecute(); };
