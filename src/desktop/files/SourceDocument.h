@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The text of one open file.
 //
-// A SourceDocument is a text document that knows which file it stands for and how that file writes its characters and its
-// line ends, so that saving an unchanged document gives the very bytes back. Every line break of the document remembers
-// the line end it stood for in the file; because this is part of the break itself, removing, moving and undoing keep every
-// other line end as it was. A break typed into a line becomes what the text before it has.
+// A SourceDocument is a text document that knows which file it stands for and how that file writes its characters and
+// its line ends, so that saving an unchanged document gives the very bytes back. Every line break of the document
+// remembers the line end it stood for in the file; because this is part of the break itself, removing, moving and
+// undoing keep every other line end as it was. A break typed into a line becomes what the text before it has.
 //
 // Documents are made by load() and newDocument() of FileStore and belong to whoever opened them. Main thread only.
 #pragma once
@@ -24,8 +24,8 @@
 
 namespace desktop {
 
-// What a file on disk looked like, to tell whether another program has written it since. Two stamps of an unchanged file
-// are equal; a file that is missing has the default stamp.
+// What a file on disk looked like, to tell whether another program has written it since. Two stamps of an unchanged
+// file are equal; a file that is missing has the default stamp.
 struct FileStamp {
   std::int64_t size = -1; // bytes
   std::int64_t modifiedNanoseconds = 0;

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/files/FileStore.h"
+
+#include "desktop/files/DocumentFiller.h"
+#include "desktop/files/FileWriter.h"
+#include "text/LineEnds.h"
+#include "text/ServedText.h"
+#include "text/Utf16.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+QString message(const char* text) {
+  return QCoreApplication::translate("FileStore", text);
+}
+
+QString absolute(const QString& path) {
+  return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
+
+QString cannotOpen(const QString& path, const QString& reason) {
+  return message("Cannot open %1: %2.").arg(path, reason);
+}
+
+struct FileContents {
+  QByteArray bytes;
+  FileStamp stamp;
+  QString error; // without the file's name
+};
+
+FileStamp stampOf(const struct stat& status) {
+  constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+  return {status.st_size, status.st_mtim.tv_sec * nanosecondsPerSecond + status.st_mtim.tv_nsec, status.st_ino};
+}
+
+// Devices and pipes are refused before they are opened: reading one may never end.
+FileContents read(const QString& path) {
+  struct stat status = {};
+  if (::stat(QFile::encodeName(path).constData(), &status) != 0)
+    return {{}, {}, qt_error_string(errno)};
+  if (S_ISDIR(status.st_mode))
+    return {{}, {}, message("it is a folder")};
+  if (!S_ISREG(status.st_mode))
+    return {{}, {}, message("it is no regular file")};
+  const QString tooLarge = message("it is over %1 MB").arg(largestFileBytes >> 20);
+  if (status.st_size > largestFileBytes)
+    return {{}, {}, tooLarge};
+
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly))
+    return {{}, {}, file.errorString()};
+  FileContents contents{file.read(largestFileBytes + 1), stampOf(status), {}};
+  if (file.error() != QFile::NoError)
+    contents.error = file.errorString();
+  else if (contents.bytes.size() > largestFileBytes)
+    contents.error = tooLarge;
+  return contents;
+}
+
+bool mayWrite(const QString& path) {
+  return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+}
+
+QString codePointName(char32_t character) {
+  return QStringLiteral("U+") + QString::number(character, 16).toUpper().rightJustified(4, QLatin1Char('0'));
+}
+
+MissingCharacter missingCharacter(std::u16string_view text, std::size_t unit) {
+  MissingCharacter missing;
+  missing.character =
+      quorvane::StartsPair(text, unit) ? quorvane::PairCodePoint(text[unit], text[unit + 1]) : text[unit];
+  for (const quorvane::TLine& line : quorvane::TLines(text)) {
+    const auto start = static_cast<std::size_t>(line.Text.data() - text.data());
+    if (start > unit)
+      break;
+    ++missing.line;
+    missing.index = static_cast<int>(quorvane::ServedLength(line.Text.substr(0, unit - start)));
+  }
+  return missing;
+}
+
+} // namespace
+
+FileStamp stampOf(const QString& path) {
+  struct stat status = {};
+  return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? stampOf(status) : FileStamp{};
+}
+
+bool changedOnDisk(const SourceDocument& document) {
+  return !document.isUntitled() && stampOf(document.fileName()) != document.fileStamp();
+}
+
+LoadResult load(const QString& path, quorvane::TCodePage codePage) {
+  const QString fileName = absolute(path);
+  const FileContents contents = read(fileName);
+  if (!contents.error.isEmpty())
+    return {nullptr, cannotOpen(fileName, contents.error)};
+
+  auto document = std::make_unique<SourceDocument>(fileName);
+  DocumentFiller filler(*document);
+  filler.fill({contents.bytes.constData(), static_cast<std::size_t>(contents.bytes.size())}, codePage);
+  if (!mayWrite(fileName))
+    filler.setReadOnly(message("The file may not be written."), true);
+  document->setFileStamp(contents.stamp);
+  return {std::move(document), {}};
+}
+
+std::unique_ptr<SourceDocument> newDocument(const QString& folder,
+                                            const std::function<bool(const QString& path)>& isTaken) {
+  for (int number = 1;; ++number) {
+    const QString path = absolute(QDir(folder).filePath(QStringLiteral("Unit%1.pas").arg(number)));
+    if (!QFileInfo::exists(path) && !isTaken(path))
+      return std::make_unique<SourceDocument>(path, true);
+  }
+}
+
+SaveResult save(SourceDocument& document, const QString& path) {
+  const QString fileName = absolute(path);
+  const auto failed = [&](const QString& reason) {
+    return SaveResult{message("Cannot save %1: %2.").arg(fileName, reason), {}};
+  };
+  if (!document.holdsWholeFile())
+    return failed(message("the text does not hold everything that the file does"));
+
+  const std::u16string text = document.text();
+  const quorvane::TEncodedText encoded = quorvane::Encode(text, document.encoding());
+  if (encoded.FirstMissing) {
+    const MissingCharacter missing = missingCharacter(text, *encoded.FirstMissing);
+    SaveResult result =
+        failed(message("line %1 has the character %2, which %3 lacks")
+                   .arg(QString::number(missing.line), codePointName(missing.character), document.encodingName()));
+    result.missing = missing;
+    return result;
+  }
+  if (const QString reason = writeFile(fileName, encoded.Bytes); !reason.isEmpty())
+    return failed(reason);
+
+  document.setFileName(fileName);
+  document.setFileStamp(stampOf(fileName));
+  document.setModified(false);
+  DocumentFiller(document).setWritable();
+  return {};
+}
+
+} // namespace desktop

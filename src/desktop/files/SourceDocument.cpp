@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/files/SourceDocument.h"
+
+#include "desktop/files/LineEndFormat.h"
+#include "text/ServedText.h"
+
+#include <QPlainTextDocumentLayout>
+
+#include <algorithm>
+#include <cstddef>
+
+namespace desktop {
+
+using quorvane::TLineEnd;
+
+namespace {
+
+std::u16string_view view(const QString& text) {
+  return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
+}
+
+} // namespace
+
+// The served text of one revision.
+struct SourceDocument::Served {
+  std::string text;
+  std::vector<std::size_t> lineStarts; // of every line, from 0
+};
+
+SourceDocument::SourceDocument(const QString& fileName, bool untitled, QObject* parent)
+    : QTextDocument(parent), fileName_(fileName), untitled_(untitled) {
+  setDocumentLayout(new QPlainTextDocumentLayout(this));
+}
+
+SourceDocument::~SourceDocument() = default;
+
+void SourceDocument::setFileName(const QString& fileName) {
+  if (fileName == fileName_ && !untitled_)
+    return;
+  fileName_ = fileName;
+  untitled_ = false;
+  Q_EMIT fileNameChanged();
+}
+
+void SourceDocument::setEncoding(const quorvane::TEncoding& encoding) {
+  if (encoding == encoding_)
+    return;
+  encoding_ = encoding;
+  setModified(true);
+  Q_EMIT encodingChanged();
+}
+
+QString SourceDocument::encodingName() const {
+  const std::string_view name = quorvane::EncodingName(encoding_);
+  const QString text = QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+  return encoding_.ByteOrderMark ? tr("%1 with BOM").arg(text) : text;
+}
+
+TLineEnd SourceDocument::lineEndOf(const QTextBlock& block) const {
+  const QTextBlock next = block.next();
+  if (!next.isValid())
+    return TLineEnd::None;
+  return mixedLineEnds_ ? lineEndOfBreak(next.charFormat(), usualLineEnd_) : usualLineEnd_;
+}
+
+const SourceDocument::Served& SourceDocument::served() const {
+  if (served_ == nullptr || servedRevision_ != revision()) {
+    auto served = std::make_shared<Served>();
+    served->text.reserve(static_cast<std::size_t>(characterCount()) + static_cast<std::size_t>(blockCount()));
+    served->lineStarts.reserve(static_cast<std::size_t>(blockCount()));
+    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
+      if (block.blockNumber() != 0)
+        served->text += quorvane::ServedLineEnd;
+      served->lineStarts.push_back(served->text.size());
+      quorvane::AppendServedLine(view(block.text()), served->text);
+    }
+    served_ = std::move(served);
+    servedRevision_ = revision();
+  }
+  return *served_;
+}
+
+std::shared_ptr<const std::string> SourceDocument::servedText() const {
+  const Served& present = served();
+  return {served_, &present.text};
+}
+
+std::size_t SourceDocument::servedLineStart(int line) const {
+  return served().lineStarts.at(static_cast<std::size_t>(line));
+}
+
+int SourceDocument::lineOfServedPosition(std::size_t position) const {
+  const std::vector<std::size_t>& starts = served().lineStarts;
+  return static_cast<int>(std::upper_bound(starts.begin(), starts.end(), position) - starts.begin()) - 1;
+}
+
+std::u16string SourceDocument::text() const {
+  std::u16string text;
+  text.reserve(static_cast<std::size_t>(characterCount()) + static_cast<std::size_t>(blockCount()));
+  for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
+    text += view(block.text());
+    text += quorvane::LineEndText(lineEndOf(block));
+  }
+  return text;
+}
+
+quorvane::TEncodedText SourceDocument::toBytes() const {
+  return quorvane::Encode(text(), encoding_);
+}
+
+} // namespace desktop
