@@ -2,12 +2,9 @@
 #pragma once
 
 #include <QList>
-#include <QPointer>
 #include <QWidget>
 
 #include <memory>
-
-class QTextDocument;
 
 namespace platform {
 class TActionList;
@@ -15,6 +12,7 @@ class TActionList;
 
 namespace desktop {
 
+struct EditState;
 class FindBar;
 class MessageBar;
 class Page;
@@ -49,7 +47,7 @@ public:
   // The page of the file with the absolute path `fileName`, or null.
   Page* findPage(const QString& fileName) const;
 
-  // Opens `document` as a new page behind the page in front, and shows it.
+  // Opens `document` as a new page right of the page in front, and shows it.
   Page* addPage(std::unique_ptr<SourceDocument> document);
   // Brings a page of this window to the front.
   void showPage(Page* page);
@@ -67,15 +65,19 @@ Q_SIGNALS:
   void pageChanged(Page* page);
   // The user wants to close `page`; what is unsaved has not been asked about.
   void closeRequested(Page* page);
-  // The window, or a dialog's parent frame of it, has become the active one.
+  // The same for all pages but `page`.
+  void closeOthersRequested(Page* page);
+  // The frame around this window has become the active window.
   void activated();
 
 protected:
   bool event(QEvent* event) override;
 
 private:
+  void buildParts();
   void showCurrent(Page* page);
-  void watch(Page* page);
+  void showDocumentOf(const Page* page, const EditState& state);
+  void showPageState(Page* page);
 
   PageTabs* tabs_;
   MessageBar* messageBar_;
@@ -83,8 +85,9 @@ private:
   FindBar* findBar_;
   StatusBar* statusBar_;
   platform::TActionList* actionList_;
-  std::unique_ptr<QTextDocument> nothing_; // what the control shows while no page is open
-  QPointer<Page> current_;
+  QWidget* emptyHint_; // stands in place of the control while no page is open
+  Page* current_ = nullptr;
+  bool colouredAsPascal_ = false; // how the text of the page in front is shown
 };
 
 } // namespace desktop

@@ -34,6 +34,9 @@ public:
   // The file name without its folder.
   QString title() const;
 
+  // Whether the text is shown as Pascal source: by the ending of the file's name, and if it is not too large for that.
+  bool isPascal() const;
+
   // Caret, selection and scroll position. setState moves them at once when the page is in front.
   EditState state() const;
   void setState(const EditState& state);

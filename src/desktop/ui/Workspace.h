@@ -1,43 +1,75 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/ui/PackagesDialog.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
 
+#include <functional>
+#include <memory>
+#include <vector>
+
 namespace desktop {
 
+class Appearance;
+class FileCommands;
+class MainWindow;
 class Page;
 class TEditWindow;
 
-// All that is open: the editor windows and their pages.
+// All that is open: the editor windows, each in its frame, and their pages.
 //
 // A file is open on one page only. The top window is the editor window that was activated last, also while a dialog has
-// the focus. The first window is the application's main form; it lives as long as the workspace. Main thread only.
+// the focus. The first window's frame is the application's main form and lives as long as the workspace; closed while
+// others are open it is only hidden. Exceptions that reach the application are shown in the top window's message bar.
+// Main thread only.
 class Workspace : public QObject {
   Q_OBJECT
 
 public:
+  // The first window is there at once, without a page and not yet shown.
   explicit Workspace(QObject* parent = nullptr);
   // Destroys every window, saved or not. Packages must have been unloaded before.
   ~Workspace() override;
 
   // All editor windows in the order of their creation; at least one.
   QList<TEditWindow*> windows() const;
-  // The editor window activated last; the first one while none has been.
-  TEditWindow* topWindow() const;
+  // The editor window activated last; the first one while none has been. Null only while the workspace is destroyed.
+  TEditWindow* topWindow() const { return activationOrder_.isEmpty() ? nullptr : activationOrder_.constFirst(); }
   // The page in front of the top window, or null.
   Page* topPage() const;
+  // The frame around `window`.
+  MainWindow* frameOf(const TEditWindow* window) const;
 
   // Opens the file at `path` in the top window, or brings its page to the front wherever it is open. Null when it
-  // cannot be opened; the top window's message bar then says why.
-  Page* openFile(const QString& path);
-  // An empty page with a made-up name in the top window.
-  Page* newFile();
-  // A further editor window with an empty page.
+  // cannot be opened; the window's message bar then says why. A single page that nobody has written on makes room for
+  // the file.
+  Page* openFile(const QString& path) { return openFileIn(topWindow(), path); }
+  Page* openFileIn(TEditWindow* window, const QString& path);
+  // An empty page with a made-up name.
+  Page* newFile() { return newFileIn(topWindow()); }
+  Page* newFileIn(TEditWindow* window);
+  // Shows a further editor window with an empty page.
   TEditWindow* newWindow();
   // The page that shows the file at `path`, in whichever window, or null.
   Page* findPage(const QString& path) const;
+  // The folder of the file that was opened last, or the current one.
+  QString currentFolder() const;
+
+  // Whether `frame` may close: asks about unsaved changes and then closes its pages. Those of the last visible frame
+  // stay, because with it the program ends.
+  bool mayCloseFrame(MainWindow* frame);
+  // Ends the program's event loop after asking about unsaved changes.
+  void exit();
+
+  FileCommands& files() const { return *files_; }
+  Appearance& appearance() const { return *appearance_; }
+
+  // The packages to be listed for the user, by a function that is asked anew each time.
+  void setPackageLister(std::function<QList<PackageRow>()> lister) { packageLister_ = std::move(lister); }
+  QList<PackageRow> packages() const { return packageLister_ ? packageLister_() : QList<PackageRow>(); }
 
 Q_SIGNALS:
   void windowOpened(TEditWindow* window);
@@ -46,8 +78,23 @@ Q_SIGNALS:
   void topWindowChanged(TEditWindow* window);
 
 private:
-  QList<TEditWindow*> windows_;
-  QList<TEditWindow*> activationOrder_; // the top window first
+  MainWindow* addFrame();
+  void removeFrame(MainWindow* frame);
+  void showFrame(MainWindow* frame);
+  void bringToTop(TEditWindow* window);
+  void putLast(TEditWindow* window);
+  void announceTop(TEditWindow* previous);
+  void reportError(const QString& message, int count);
+  QList<Page*> allPages() const;
+  bool isLastVisible(const MainWindow* frame) const;
+
+  FileCommands* files_;
+  Appearance* appearance_;
+  std::function<QList<PackageRow>()> packageLister_;
+  std::vector<std::unique_ptr<MainWindow>> frames_; // in the order of their creation; the main form first
+  QList<TEditWindow*> activationOrder_;             // the top window first
+  int nextWindowNumber_ = 0;
+  QString lastFolder_;
 };
 
 } // namespace desktop

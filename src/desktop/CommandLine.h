@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// What the editor was asked to do when it was started.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace desktop {
+
+// A place in a text, both from 1; the column is one of the screen, tabs expanded.
+struct CaretPlace {
+  int line = 1;
+  int column = 1;
+};
+
+struct CommandLine {
+  QStringList files;
+  QString screenshot; // the file to be written; empty when the editor is to be used
+  std::optional<CaretPlace> caret;
+  double scale = 1;
+  QStringList packages; // in place of the editor's own add-in, if there are any
+  bool loadPackages = true;
+};
+
+// Reads the arguments of main. When there is nothing more to do (help, version, an error) it has written what there is
+// to say, and the exit code is in `exitCode`. Needs neither an application object nor a display.
+std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode);
+
+} // namespace desktop

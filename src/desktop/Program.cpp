@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/Program.h"
+
+#include "desktop/edit/EditControl.h"
+#include "desktop/ide/IdeServices.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/MainWindow.h"
+#include "desktop/ui/MessageBar.h"
+#include "desktop/ui/Page.h"
+#include "desktop/ui/Screenshot.h"
+#include "platform/Application.h"
+#include "platform/Errors.h"
+#include "platform/ota/Services.h"
+
+#include <QCoreApplication>
+#include <QStandardPaths>
+
+#include <cstdio>
+
+namespace desktop {
+
+namespace {
+
+constexpr int failed = 2;
+
+int complain(const QString& reason) {
+  std::fprintf(stderr, "virelle: %s\n", qPrintable(reason));
+  return failed;
+}
+
+} // namespace
+
+Program::Program(const CommandLine& commandLine) : commandLine_(commandLine) {
+  platform::Application().SetProgramDirectory(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+                                              QStringLiteral("/virelle/"));
+  platform::SetBorlandIDEServices(std::make_shared<IdeServices>(workspace_));
+  workspace_.setPackageLister([this] { return packageRows(); });
+}
+
+Program::~Program() {
+  packages_.unloadAll();
+  platform::SetBorlandIDEServices(nullptr);
+}
+
+int Program::edit() {
+  workspace_.frameOf(workspace_.topWindow())->show();
+  openFiles();
+  placeCaret();
+  for (const QString& reason : loadPackages())
+    workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, reason);
+  return QCoreApplication::exec();
+}
+
+int Program::takeScreenshot() {
+  MainWindow* const frame = workspace_.frameOf(workspace_.topWindow());
+  if (workspace_.openFile(commandLine_.files.constFirst()) == nullptr)
+    return complain(workspace_.topWindow()->messageBar()->messages().join(QStringLiteral("; ")));
+  frame->show();
+  frame->activateWindow();
+  placeCaret();
+  const QStringList reasons = loadPackages();
+  if (!reasons.isEmpty())
+    return complain(reasons.join(QStringLiteral("; ")));
+  const QString problem = saveScreenshot(*frame, commandLine_.screenshot);
+  return problem.isEmpty() ? 0 : complain(QStringLiteral("%1: %2").arg(commandLine_.screenshot, problem));
+}
+
+void Program::openFiles() {
+  for (const QString& file : commandLine_.files)
+    workspace_.openFile(file);
+  if (workspace_.topPage() == nullptr)
+    workspace_.newFile();
+}
+
+void Program::placeCaret() {
+  if (!commandLine_.caret)
+    return;
+  TEditControl& editor = *workspace_.topWindow()->editor();
+  editor.setCaret(commandLine_.caret->line, commandLine_.caret->column);
+  editor.showCaret();
+}
+
+QStringList Program::loadPackages() {
+  if (!commandLine_.loadPackages)
+    return {};
+  QStringList paths = commandLine_.packages;
+  if (paths.isEmpty()) {
+    const QString folder = QCoreApplication::applicationDirPath();
+    const QString addIn = PackageLoader::findAddIn(folder);
+    if (addIn.isEmpty())
+      return {QCoreApplication::translate("Program", "The add-in Quorvane5.so was not found near %1.").arg(folder)};
+    paths = {addIn};
+  }
+  QStringList reasons;
+  for (const QString& path : paths) {
+    try {
+      packages_.load(path);
+    } catch (const platform::EPackageError& error) {
+      reasons.append(QString::fromUtf8(error.what()));
+    }
+  }
+  return reasons;
+}
+
+QList<PackageRow> Program::packageRows() const {
+  QList<PackageRow> rows;
+  for (const PackageLoader::Loaded& package : packages_.loadedPackages())
+    rows.append({package.description, package.fileName});
+  return rows;
+}
+
+} // namespace desktop

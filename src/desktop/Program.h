@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "desktop/CommandLine.h"
+#include "desktop/ide/PackageLoader.h"
+#include "desktop/ui/Workspace.h"
+
+#include <QStringList>
+
+namespace desktop {
+
+// One run of the editor: the workspace, the services for add-ins and the packages, from the first window to the last.
+//
+// Packages are loaded when the first window and its files are there, so that they find them, and are taken out before
+// any window goes.
+class Program {
+public:
+  explicit Program(const CommandLine& commandLine);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  // Shows the editor and serves the user. Returns the program's exit code.
+  int edit();
+  // Writes the picture that the command line asks for. Returns the program's exit code.
+  int takeScreenshot();
+
+private:
+  void openFiles();
+  void placeCaret();
+  // Loads what the command line asks for. Returns why packages could not be loaded, one sentence each.
+  QStringList loadPackages();
+  QList<PackageRow> packageRows() const;
+
+  const CommandLine& commandLine_;
+  Workspace workspace_;
+  PackageLoader packages_;
+};
+
+} // namespace desktop

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/CommandLine.h"
+#include "desktop/Program.h"
+
+#include <QApplication>
+
+namespace {
+
+// What Qt reads from the environment when the application object is made.
+void prepareQt(const desktop::CommandLine& commandLine) {
+  if (!commandLine.screenshot.isEmpty()) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_SCALE_FACTOR", QByteArray::number(commandLine.scale));
+  }
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+  QCoreApplication::setApplicationName(QStringLiteral("virelle"));
+  QCoreApplication::setApplicationVersion(QStringLiteral(VIRELLE_VERSION));
+  QGuiApplication::setDesktopFileName(QStringLiteral("virelle"));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  int exitCode = 0;
+  const std::optional<desktop::CommandLine> commandLine = desktop::readCommandLine(argc, argv, exitCode);
+  if (!commandLine)
+    return exitCode;
+  prepareQt(*commandLine);
+  // Qt must not take arguments for its own that may be names of files.
+  int noArguments = 1;
+  QApplication application(noArguments, argv);
+  desktop::Program program(*commandLine);
+  return commandLine->screenshot.isEmpty() ? program.edit() : program.takeScreenshot();
+}

@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/Appearance.h"
+
+#include "desktop/edit/EditControl.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+bool isDarkPalette(const QPalette& palette) {
+  return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
+}
+
+// A palette from the few colours that the others follow from.
+QPalette makePalette(const QColor& window, const QColor& base, const QColor& button, const QColor& text,
+                     const QColor& faint, const QColor& highlight) {
+  QPalette palette(button, window);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(role, text);
+  palette.setColor(QPalette::Base, base);
+  palette.setColor(QPalette::AlternateBase, window);
+  palette.setColor(QPalette::ToolTipBase, base);
+  palette.setColor(QPalette::ToolTipText, text);
+  palette.setColor(QPalette::PlaceholderText, faint);
+  palette.setColor(QPalette::Highlight, highlight);
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Link, highlight.lighter(120));
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    palette.setColor(QPalette::Disabled, role, faint);
+  palette.setColor(QPalette::Disabled, QPalette::Highlight, faint);
+  return palette;
+}
+
+QPalette lightPalette() {
+  return makePalette(QColor(0xef, 0xf0, 0xf1), Qt::white, QColor(0xf5, 0xf5, 0xf6), QColor(0x22, 0x24, 0x26),
+                     QColor(0x93, 0x96, 0x99), QColor(0x30, 0x7f, 0xd6));
+}
+
+QPalette darkPalette() {
+  return makePalette(QColor(0x2b, 0x2d, 0x30), QColor(0x1e, 0x1f, 0x22), QColor(0x3a, 0x3d, 0x41),
+                     QColor(0xdf, 0xe1, 0xe5), QColor(0x82, 0x86, 0x8c), QColor(0x2f, 0x65, 0xa8));
+}
+
+// The monospaced font that this editor is drawn with where there is one, else the desktop's.
+QString usualFamily() {
+  const QString preferred = QStringLiteral("DejaVu Sans Mono");
+  return QFontDatabase::hasFamily(preferred) ? preferred : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+}
+
+} // namespace
+
+Appearance::Appearance(QObject* parent)
+    : QObject(parent), desktopPalette_(QApplication::palette()), fontFamily_(usualFamily()), usualPoints_(10),
+      fontPoints_(usualPoints_) {
+  applyPalette();
+}
+
+bool Appearance::isDark() const {
+  return colours_ == Colours::Dark || (colours_ == Colours::Desktop && isDarkPalette(desktopPalette_));
+}
+
+void Appearance::setColours(Colours colours) {
+  if (colours == colours_)
+    return;
+  colours_ = colours;
+  applyPalette();
+  Q_EMIT changed();
+}
+
+void Appearance::applyPalette() const {
+  if (isDark() == isDarkPalette(desktopPalette_))
+    QApplication::setPalette(desktopPalette_);
+  else
+    QApplication::setPalette(isDark() ? darkPalette() : lightPalette());
+}
+
+void Appearance::setFontPoints(int points) {
+  const int kept = std::clamp(points, 6, 72);
+  if (kept == fontPoints_)
+    return;
+  fontPoints_ = kept;
+  Q_EMIT changed();
+}
+
+void Appearance::resetFontPoints() {
+  setFontPoints(usualPoints_);
+}
+
+void Appearance::applyTo(TEditControl& editor) const {
+  editor.setColorScheme(isDark() ? darkScheme() : lightScheme());
+  editor.setEditorFont(fontFamily_, fontPoints_);
+}
+
+} // namespace desktop

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFont>
+#include <QObject>
+#include <QPalette>
+
+namespace desktop {
+
+class TEditControl;
+
+// How all windows look: light, dark or as the desktop, and the font of the text.
+//
+// The scheme colours the frames as well as the text, so that a dark text does not stand in a bright window: the
+// desktop's own palette is kept where it is of the wanted kind.
+class Appearance : public QObject {
+  Q_OBJECT
+
+public:
+  enum class Colours { Light, Dark, Desktop };
+
+  explicit Appearance(QObject* parent = nullptr);
+
+  Colours colours() const { return colours_; }
+  void setColours(Colours colours);
+  // Whether text is light on dark at present.
+  bool isDark() const;
+
+  // The monospaced font of the text and its size.
+  const QString& fontFamily() const { return fontFamily_; }
+  int fontPoints() const { return fontPoints_; }
+  // Kept between 6 and 72.
+  void setFontPoints(int points);
+  void resetFontPoints();
+
+  // Gives `editor` the scheme and the font of the moment.
+  void applyTo(TEditControl& editor) const;
+
+Q_SIGNALS:
+  void changed();
+
+private:
+  void applyPalette() const;
+
+  Colours colours_ = Colours::Light;
+  QPalette desktopPalette_;
+  QString fontFamily_;
+  int usualPoints_;
+  int fontPoints_;
+};
+
+} // namespace desktop

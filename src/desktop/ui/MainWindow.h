@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QMainWindow>
+
+namespace desktop {
+
+class TEditWindow;
+class Workspace;
+
+// The frame around one editor window: menus, title, dropping of files, closing. The frame of the first editor window is
+// the application's main form. Frames are made and destroyed by the workspace.
+class MainWindow : public QMainWindow {
+  Q_OBJECT
+
+public:
+  // A frame with an editor window named `editWindowName`.
+  MainWindow(Workspace& workspace, const QString& editWindowName);
+
+  // Destroys the editor window first, while the frame is still whole.
+  ~MainWindow() override;
+
+  TEditWindow* editWindow() const { return editWindow_; }
+
+protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+  void showTitle();
+  bool takeDrop(QEvent* event);
+
+  Workspace& workspace_;
+  TEditWindow* editWindow_;
+};
+
+} // namespace desktop

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/PageTabs.h"
+
+#include "desktop/files/SourceDocument.h"
+#include "desktop/ui/Page.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDir>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+QString folderName(const Page& page) {
+  return QFileInfo(page.document()->fileName()).dir().dirName();
+}
+
+} // namespace
+
+PageTabs::PageTabs(QWidget* parent) : QTabBar(parent) {
+  setObjectName(QStringLiteral("Tabs"));
+  setDocumentMode(true);
+  setDrawBase(true);
+  setExpanding(false);
+  setMovable(true);
+  setTabsClosable(true);
+  setUsesScrollButtons(true);
+  setElideMode(Qt::ElideMiddle);
+  setFocusPolicy(Qt::NoFocus);
+  setSelectionBehaviorOnRemove(QTabBar::SelectRightTab);
+  connect(this, &QTabBar::tabCloseRequested, this, [this](int index) { Q_EMIT closeRequested(pageAt(index)); });
+}
+
+Page* PageTabs::pageAt(int index) const {
+  return tabData(index).value<Page*>();
+}
+
+int PageTabs::indexOf(const Page* page) const {
+  const QList<Page*> all = pages();
+  return static_cast<int>(std::find(all.begin(), all.end(), page) - all.begin());
+}
+
+QList<Page*> PageTabs::pages() const {
+  QList<Page*> pages;
+  for (int index = 0; index < count(); ++index)
+    pages.append(pageAt(index));
+  return pages;
+}
+
+void PageTabs::addPage(Page* page) {
+  // The first tab that is inserted becomes current at once; whoever listens must find its page.
+  const QSignalBlocker blocker(this);
+  const int index = insertTab(currentIndex() + 1, QString());
+  setTabData(index, QVariant::fromValue(page));
+  updateTitles();
+}
+
+void PageTabs::removePage(Page* page) {
+  const QSignalBlocker blocker(this);
+  removeTab(indexOf(page));
+  updateTitles();
+}
+
+void PageTabs::setCurrentPage(Page* page) {
+  setCurrentIndex(indexOf(page));
+}
+
+void PageTabs::updateTitles() {
+  const QList<Page*> all = pages();
+  for (int index = 0; index < count(); ++index) {
+    const Page& page = *all[index];
+    const auto namesakes =
+        std::count_if(all.begin(), all.end(), [&page](const Page* other) { return other->title() == page.title(); });
+    QString title = page.title();
+    title.replace(u'&', QStringLiteral("&&"));
+    if (namesakes > 1)
+      title += QStringLiteral(" \u2013 ") + folderName(page);
+    if (page.document()->isModified())
+      title += QStringLiteral(" \u2022");
+    setTabText(index, title);
+    setTabToolTip(index, page.document()->isUntitled() ? tr("%1 (never saved)").arg(page.title())
+                                                       : QDir::toNativeSeparators(page.document()->fileName()));
+  }
+}
+
+void PageTabs::mouseReleaseEvent(QMouseEvent* event) {
+  const int index = tabAt(event->position().toPoint());
+  if (event->button() == Qt::MiddleButton && index >= 0)
+    Q_EMIT closeRequested(pageAt(index));
+  else
+    QTabBar::mouseReleaseEvent(event);
+}
+
+void PageTabs::contextMenuEvent(QContextMenuEvent* event) {
+  Page* const page = pageAt(tabAt(event->pos()));
+  if (page == nullptr)
+    return;
+  auto* const menu = new QMenu(this);
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  connect(menu->addAction(tr("&Close")), &QAction::triggered, page, [this, page] { Q_EMIT closeRequested(page); });
+  QAction* const others = menu->addAction(tr("Close &Others"));
+  others->setEnabled(count() > 1);
+  connect(others, &QAction::triggered, page, [this, page] { Q_EMIT closeOthersRequested(page); });
+  menu->addSeparator();
+  QAction* const copy = menu->addAction(tr("Copy Full &Path"));
+  copy->setEnabled(!page->document()->isUntitled());
+  connect(copy, &QAction::triggered, page,
+          [page] { QGuiApplication::clipboard()->setText(page->document()->fileName()); });
+  menu->popup(event->globalPos());
+}
+
+} // namespace desktop

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QList>
+#include <QTabBar>
+
+namespace desktop {
+
+class Page;
+
+// The tabs of an editor window, one a page. It owns no page; it shows their titles, a dot at what is unsaved, and the
+// whole path as a tool tip.
+class PageTabs : public QTabBar {
+  Q_OBJECT
+
+public:
+  explicit PageTabs(QWidget* parent = nullptr);
+
+  // Adds a tab for `page` right of the tab in front, without bringing it to the front.
+  void addPage(Page* page);
+  void removePage(Page* page);
+  void setCurrentPage(Page* page);
+  // The page of the tab in front, or null.
+  Page* currentPage() const { return pageAt(currentIndex()); }
+  // In the order of the tabs, which the user may drag.
+  QList<Page*> pages() const;
+  // Shows the titles anew. Pages with the same title are told apart by their folders.
+  void updateTitles();
+
+Q_SIGNALS:
+  void closeRequested(Page* page);
+  void closeOthersRequested(Page* page);
+
+protected:
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+  Page* pageAt(int index) const;
+  int indexOf(const Page* page) const;
+};
+
+} // namespace desktop

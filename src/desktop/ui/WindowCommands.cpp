@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/WindowCommands.h"
+
+#include "desktop/edit/EditControl.h"
+#include "desktop/files/SourceDocument.h"
+#include "desktop/ui/Appearance.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileCommands.h"
+#include "desktop/ui/FindBar.h"
+#include "desktop/ui/GoToLineDialog.h"
+#include "desktop/ui/MainWindow.h"
+#include "desktop/ui/PackagesDialog.h"
+#include "desktop/ui/Page.h"
+#include "desktop/ui/Workspace.h"
+#include "platform/Application.h"
+#include "platform/Component.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+
+namespace desktop {
+
+void WindowCommands::newFile() {
+  workspace_.newFileIn(window_);
+}
+
+void WindowCommands::newWindow() {
+  workspace_.newWindow();
+}
+
+void WindowCommands::open() {
+  workspace_.files().open(window_);
+}
+
+void WindowCommands::save() {
+  workspace_.files().save(page());
+}
+
+void WindowCommands::saveAs() {
+  workspace_.files().saveAs(page());
+}
+
+void WindowCommands::close() {
+  workspace_.files().close(page());
+}
+
+void WindowCommands::exit() {
+  workspace_.exit();
+}
+
+void WindowCommands::undo() {
+  focusedLine() != nullptr ? focusedLine()->undo() : editor_->undo();
+}
+
+void WindowCommands::redo() {
+  focusedLine() != nullptr ? focusedLine()->redo() : editor_->redo();
+}
+
+void WindowCommands::cut() {
+  focusedLine() != nullptr ? focusedLine()->cut() : editor_->cut();
+}
+
+void WindowCommands::copy() {
+  focusedLine() != nullptr ? focusedLine()->copy() : editor_->copy();
+}
+
+void WindowCommands::paste() {
+  focusedLine() != nullptr ? focusedLine()->paste() : editor_->paste();
+}
+
+void WindowCommands::selectAll() {
+  focusedLine() != nullptr ? focusedLine()->selectAll() : editor_->selectAll();
+}
+
+void WindowCommands::find() {
+  window_->findBar()->open();
+}
+
+void WindowCommands::findNext() {
+  window_->findBar()->findNext();
+}
+
+void WindowCommands::findPrevious() {
+  window_->findBar()->findPrevious();
+}
+
+void WindowCommands::goToLine() {
+  GoToLineDialog dialog(editor_->caretRow(), editor_->lineCount(), frame_);
+  if (dialog.exec() != QDialog::Accepted)
+    return;
+  editor_->setCaret(dialog.line(), 1);
+  editor_->showCaret();
+  editor_->setFocus(Qt::OtherFocusReason);
+}
+
+void WindowCommands::largerText() {
+  workspace_.appearance().setFontPoints(workspace_.appearance().fontPoints() + 1);
+}
+
+void WindowCommands::smallerText() {
+  workspace_.appearance().setFontPoints(workspace_.appearance().fontPoints() - 1);
+}
+
+void WindowCommands::usualText() {
+  workspace_.appearance().resetFontPoints();
+}
+
+void WindowCommands::nextTab() {
+  stepTab(1);
+}
+
+void WindowCommands::previousTab() {
+  stepTab(-1);
+}
+
+void WindowCommands::showPackages() {
+  PackagesDialog(workspace_.packages(), QApplication::activeWindow()).exec();
+}
+
+void WindowCommands::about() {
+  QMessageBox::about(frame_, tr("About Virelle"),
+                     tr("<h3>Virelle %1</h3><p>A Pascal source editor that loads packages into its own process.</p>"
+                        "<p>Qt %2</p>")
+                         .arg(QCoreApplication::applicationVersion(), QString::fromLatin1(qVersion())));
+}
+
+Page* WindowCommands::page() const {
+  return window_->currentPage();
+}
+
+void WindowCommands::stepTab(int step) {
+  const QList<Page*> pages = window_->pages();
+  const qsizetype count = pages.size();
+  window_->showPage(pages[(pages.indexOf(page()) + step + count) % count]);
+}
+
+QLineEdit* WindowCommands::focusedLine() const {
+  return qobject_cast<QLineEdit*>(frame_->focusWidget());
+}
+
+void WindowCommands::follow() {
+  connect(window_, &TEditWindow::currentPageChanged, this, &WindowCommands::update);
+  connect(window_, &TEditWindow::pageChanged, this, &WindowCommands::update);
+  connect(editor_, &QPlainTextEdit::undoAvailable, this, &WindowCommands::update);
+  connect(editor_, &QPlainTextEdit::redoAvailable, this, &WindowCommands::update);
+  connect(editor_, &QPlainTextEdit::copyAvailable, this, &WindowCommands::update);
+  connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &WindowCommands::update);
+  connect(qApp, &QApplication::focusChanged, this, &WindowCommands::update);
+  update();
+}
+
+void WindowCommands::update() {
+  const Page* const shown = page();
+  const bool open = shown != nullptr;
+  const bool writable = open && !shown->document()->isReadOnlyText();
+  const QLineEdit* const line = focusedLine();
+  const bool selected = line != nullptr ? line->hasSelectedText() : open && editor_->textCursor().hasSelection();
+
+  enable("FileSaveCommand", open && (shown->document()->isModified() || shown->document()->isUntitled()));
+  enable("FileSaveAsCommand", open && shown->document()->holdsWholeFile());
+  enable("FileCloseCommand", open);
+  enable("EditUndoCommand",
+         line != nullptr ? line->isUndoAvailable() : writable && editor_->document()->isUndoAvailable());
+  enable("EditRedoCommand",
+         line != nullptr ? line->isRedoAvailable() : writable && editor_->document()->isRedoAvailable());
+  enable("EditCutCommand", selected && (line != nullptr || writable));
+  enable("EditCopyCommand", selected);
+  enable("EditPasteCommand", line != nullptr || (writable && editor_->canPaste()));
+  enable("EditSelectAllCommand", line != nullptr || open);
+  for (const char* const name :
+       {"SearchFindCommand", "SearchNextCommand", "SearchPreviousCommand", "SearchGoToCommand"})
+    enable(name, open);
+  for (const char* const name : {"ViewNextTabCommand", "ViewPreviousTabCommand"})
+    enable(name, window_->pages().size() > 1);
+}
+
+void WindowCommands::enable(const char* name, bool enabled) {
+  static_cast<QAction*>(platform::FindComponent(*frame_, QLatin1StringView(name)))->setEnabled(enabled);
+}
+
+} // namespace desktop

@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+// The menus: which commands there are, and where.
+#include "desktop/ui/WindowCommands.h"
+
+#include "desktop/edit/EditControl.h"
+#include "desktop/ui/Appearance.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/MainWindow.h"
+#include "desktop/ui/Workspace.h"
+#include "platform/Application.h"
+#include "platform/Component.h"
+
+#include <QActionGroup>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <array>
+
+namespace desktop {
+
+WindowCommands::WindowCommands(MainWindow* frame, Workspace& workspace)
+    : QObject(frame), frame_(frame), window_(frame->editWindow()), editor_(window_->editor()), workspace_(workspace) {
+  buildFileMenu();
+  buildEditMenu();
+  buildSearchMenu();
+  buildViewMenu();
+  buildToolsMenu();
+  buildHelpMenu();
+  follow();
+}
+
+void WindowCommands::buildFileMenu() {
+  static constexpr std::array rows = {
+      Row{"FileNewCommand", QT_TR_NOOP("&New"), "Ctrl+N", "document-new", &WindowCommands::newFile},
+      Row{"FileNewWindowCommand", QT_TR_NOOP("New &Window"), "Ctrl+Shift+N", "window-new", &WindowCommands::newWindow},
+      Row{"FileOpenCommand", QT_TR_NOOP("&Open..."), "Ctrl+O", "document-open", &WindowCommands::open},
+      Row{},
+      Row{"FileSaveCommand", QT_TR_NOOP("&Save"), "Ctrl+S", "document-save", &WindowCommands::save},
+      Row{"FileSaveAsCommand", QT_TR_NOOP("Save &As..."), "Ctrl+Shift+S", "document-save-as", &WindowCommands::saveAs},
+      Row{},
+      Row{"FileCloseCommand", QT_TR_NOOP("&Close"), "Ctrl+W; Ctrl+F4", "document-close", &WindowCommands::close},
+      Row{"FileExitCommand", QT_TR_NOOP("E&xit"), "Ctrl+Q", "application-exit", &WindowCommands::exit},
+  };
+  addRows(addMenu("FileMenu", tr("&File")), rows);
+}
+
+void WindowCommands::buildEditMenu() {
+  static constexpr std::array rows = {
+      Row{"EditUndoCommand", QT_TR_NOOP("&Undo"), "Ctrl+Z", "edit-undo", &WindowCommands::undo},
+      Row{"EditRedoCommand", QT_TR_NOOP("&Redo"), "Ctrl+Shift+Z; Ctrl+Y", "edit-redo", &WindowCommands::redo},
+      Row{},
+      Row{"EditCutCommand", QT_TR_NOOP("Cu&t"), "Ctrl+X", "edit-cut", &WindowCommands::cut},
+      Row{"EditCopyCommand", QT_TR_NOOP("&Copy"), "Ctrl+C", "edit-copy", &WindowCommands::copy},
+      Row{"EditPasteCommand", QT_TR_NOOP("&Paste"), "Ctrl+V", "edit-paste", &WindowCommands::paste},
+      Row{},
+      Row{"EditSelectAllCommand", QT_TR_NOOP("Select &All"), "Ctrl+A", "edit-select-all", &WindowCommands::selectAll},
+  };
+  addRows(addMenu("EditMenu", tr("&Edit")), rows);
+}
+
+void WindowCommands::buildSearchMenu() {
+  static constexpr std::array rows = {
+      Row{"SearchFindCommand", QT_TR_NOOP("&Find..."), "Ctrl+F", "edit-find", &WindowCommands::find},
+      Row{"SearchNextCommand", QT_TR_NOOP("Find &Next"), "F3", "go-down", &WindowCommands::findNext},
+      Row{"SearchPreviousCommand", QT_TR_NOOP("Find &Previous"), "Shift+F3", "go-up", &WindowCommands::findPrevious},
+      Row{},
+      Row{"SearchGoToCommand", QT_TR_NOOP("&Go to Line Number..."), "Ctrl+G", "go-jump", &WindowCommands::goToLine},
+  };
+  addRows(addMenu("SearchMenu", tr("&Search")), rows);
+}
+
+void WindowCommands::buildViewMenu() {
+  static constexpr std::array rows = {
+      Row{},
+      Row{"ViewLargerTextCommand", QT_TR_NOOP("&Larger Text"), "Ctrl++; Ctrl+=", "zoom-in",
+          &WindowCommands::largerText},
+      Row{"ViewSmallerTextCommand", QT_TR_NOOP("&Smaller Text"), "Ctrl+-", "zoom-out", &WindowCommands::smallerText},
+      Row{"ViewUsualTextCommand", QT_TR_NOOP("&Usual Text Size"), "Ctrl+0", "zoom-original",
+          &WindowCommands::usualText},
+      Row{},
+      Row{"ViewNextTabCommand", QT_TR_NOOP("&Next Tab"), "Ctrl+Tab; Ctrl+PgDown", "go-next", &WindowCommands::nextTab},
+      Row{"ViewPreviousTabCommand", QT_TR_NOOP("&Previous Tab"), "Ctrl+Shift+Tab; Ctrl+PgUp", "go-previous",
+          &WindowCommands::previousTab},
+  };
+  QMenu* const menu = addMenu("ViewMenu", tr("&View"));
+  addColours(menu->addMenu(tr("&Colours")));
+  addRows(menu, rows);
+}
+
+void WindowCommands::addColours(QMenu* menu) {
+  struct Choice {
+    Appearance::Colours colours;
+    const char* name;
+    const char* text;
+  };
+  static constexpr std::array choices = {
+      Choice{Appearance::Colours::Light, "ViewLightCommand", QT_TR_NOOP("&Light")},
+      Choice{Appearance::Colours::Dark, "ViewDarkCommand", QT_TR_NOOP("&Dark")},
+      Choice{Appearance::Colours::Desktop, "ViewDesktopColoursCommand", QT_TR_NOOP("&Follow the Desktop")},
+  };
+  menu->setObjectName(QStringLiteral("ColoursMenu"));
+  auto* const group = new QActionGroup(menu);
+  Appearance& appearance = workspace_.appearance();
+  for (const Choice& choice : choices) {
+    auto* const action = new QAction(tr(choice.text), frame_);
+    action->setObjectName(QLatin1StringView(choice.name));
+    action->setCheckable(true);
+    action->setChecked(appearance.colours() == choice.colours);
+    group->addAction(action);
+    menu->addAction(action);
+    connect(action, &QAction::triggered, &appearance,
+            [&appearance, &choice] { appearance.setColours(choice.colours); });
+    connect(&appearance, &Appearance::changed, action,
+            [action, &appearance, &choice] { action->setChecked(appearance.colours() == choice.colours); });
+  }
+}
+
+void WindowCommands::buildToolsMenu() {
+  static constexpr std::array rows = {
+      Row{"ToolsGalleryItem", QT_TR_NOOP("&Packages..."), "", "applications-development",
+          &WindowCommands::showPackages},
+  };
+  QMenu* const menu = addMenu("ToolsMenu", tr("&Tools"));
+  if (platform::Application().MainForm() == frame_) {
+    addRows(menu, rows);
+    return;
+  }
+  // Add-ins put their items into the menu of the main form; every other window shows the same items.
+  mirrorTools(menu);
+  connect(menu, &QMenu::aboutToShow, this, [this, menu] { mirrorTools(menu); });
+}
+
+void WindowCommands::mirrorTools(QMenu* menu) {
+  const QObject* const tools =
+      platform::FindComponent(*platform::Application().MainForm(), QStringLiteral("ToolsMenu"));
+  for (QAction* action : menu->actions())
+    menu->removeAction(action);
+  menu->addActions(static_cast<const QMenu*>(tools)->actions());
+}
+
+void WindowCommands::buildHelpMenu() {
+  static constexpr std::array rows = {
+      Row{"HelpAboutCommand", QT_TR_NOOP("&About Virelle"), "", "help-about", &WindowCommands::about},
+  };
+  addRows(addMenu("HelpMenu", tr("&Help")), rows);
+}
+
+QMenu* WindowCommands::addMenu(const char* name, const QString& title) {
+  auto* const menu = new QMenu(title, frame_);
+  menu->setObjectName(QLatin1StringView(name));
+  frame_->menuBar()->addMenu(menu);
+  return menu;
+}
+
+void WindowCommands::addRows(QMenu* menu, std::span<const Row> rows) {
+  for (const Row& row : rows) {
+    if (row.name == nullptr)
+      menu->addSeparator();
+    else
+      menu->addAction(addAction(row));
+  }
+}
+
+QAction* WindowCommands::addAction(const Row& row) {
+  auto* const action = new QAction(QIcon::fromTheme(QLatin1StringView(row.icon)), tr(row.text), frame_);
+  action->setObjectName(QLatin1StringView(row.name));
+  action->setShortcuts(QKeySequence::listFromString(QLatin1StringView(row.shortcuts)));
+  connect(action, &QAction::triggered, this, row.run);
+  return action;
+}
+
+} // namespace desktop

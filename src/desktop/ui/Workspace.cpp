@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/Workspace.h"
+
+#include "desktop/edit/EditControl.h"
+#include "desktop/files/FileStore.h"
+#include "desktop/files/SourceDocument.h"
+#include "desktop/ui/Appearance.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileCommands.h"
+#include "desktop/ui/MainWindow.h"
+#include "desktop/ui/MessageBar.h"
+#include "desktop/ui/Page.h"
+#include "platform/Application.h"
+#include "platform/Debug.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+// A page that was made for the user to begin on and that nobody has touched.
+bool isUntouched(const Page& page) {
+  return page.document()->isUntitled() && !page.document()->isModified() && page.document()->isEmpty();
+}
+
+} // namespace
+
+Workspace::Workspace(QObject* parent)
+    : QObject(parent), files_(new FileCommands(*this)), appearance_(new Appearance(this)) {
+  addFrame();
+  platform::Application().SetReporter([self = QPointer(this)](const QString& message, int count) {
+    if (self)
+      self->reportError(message, count);
+    else
+      platform::OutputDebugString(message.toStdString());
+  });
+}
+
+Workspace::~Workspace() {
+  while (!frames_.empty()) {
+    activationOrder_.removeOne(frames_.back()->editWindow());
+    frames_.pop_back();
+  }
+}
+
+QList<TEditWindow*> Workspace::windows() const {
+  QList<TEditWindow*> windows;
+  for (const std::unique_ptr<MainWindow>& frame : frames_)
+    windows.append(frame->editWindow());
+  return windows;
+}
+
+Page* Workspace::topPage() const {
+  return topWindow() != nullptr ? topWindow()->currentPage() : nullptr;
+}
+
+MainWindow* Workspace::frameOf(const TEditWindow* window) const {
+  const auto found = std::find_if(frames_.begin(), frames_.end(),
+                                  [window](const auto& frame) { return frame->editWindow() == window; });
+  return found == frames_.end() ? nullptr : found->get();
+}
+
+MainWindow* Workspace::addFrame() {
+  const QString name = QStringLiteral("EditWindow_%1").arg(nextWindowNumber_++);
+  MainWindow* const frame = frames_.emplace_back(std::make_unique<MainWindow>(*this, name)).get();
+  TEditWindow* const window = frame->editWindow();
+  activationOrder_.append(window);
+  appearance_->applyTo(*window->editor());
+  connect(appearance_, &Appearance::changed, window, [this, window] { appearance_->applyTo(*window->editor()); });
+  connect(window, &TEditWindow::activated, this, [this, window] { bringToTop(window); });
+  connect(window, &TEditWindow::closeRequested, files_, &FileCommands::close);
+  connect(window, &TEditWindow::closeOthersRequested, files_, &FileCommands::closeOthers);
+  connect(window, &TEditWindow::pageAdded, this, &Workspace::pageOpened);
+  Q_EMIT windowOpened(window);
+  return frame;
+}
+
+void Workspace::showFrame(MainWindow* frame) {
+  frame->show();
+  frame->raise();
+  frame->activateWindow();
+}
+
+void Workspace::bringToTop(TEditWindow* window) {
+  TEditWindow* const previous = topWindow();
+  activationOrder_.removeOne(window);
+  activationOrder_.prepend(window);
+  announceTop(previous);
+}
+
+void Workspace::putLast(TEditWindow* window) {
+  TEditWindow* const previous = topWindow();
+  activationOrder_.removeOne(window);
+  activationOrder_.append(window);
+  announceTop(previous);
+}
+
+// What an add-in draws belongs to the top view only, so both windows have to be painted anew.
+void Workspace::announceTop(TEditWindow* previous) {
+  if (topWindow() == previous)
+    return;
+  Q_EMIT topWindowChanged(topWindow());
+  previous->editor()->Invalidate();
+  topWindow()->editor()->Invalidate();
+}
+
+Page* Workspace::findPage(const QString& path) const {
+  const QFileInfo wanted(path);
+  for (Page* page : allPages()) {
+    const QFileInfo open(page->document()->fileName());
+    // Two names for one file are one file; a name without a file is only equal to itself.
+    if (open.absoluteFilePath() == wanted.absoluteFilePath() || (wanted.exists() && open == wanted))
+      return page;
+  }
+  return nullptr;
+}
+
+Page* Workspace::openFileIn(TEditWindow* window, const QString& path) {
+  const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+  if (Page* const open = findPage(absolute)) {
+    open->window()->showPage(open);
+    if (open->window() != window)
+      showFrame(frameOf(open->window()));
+    return open;
+  }
+  LoadResult loaded = load(absolute);
+  if (loaded.document == nullptr) {
+    window->messageBar()->addMessage(MessageBar::Kind::Error, loaded.error);
+    return nullptr;
+  }
+  lastFolder_ = QFileInfo(absolute).absolutePath();
+  const QList<Page*> before = window->pages();
+  Page* const page = window->addPage(std::move(loaded.document));
+  if (before.size() == 1 && isUntouched(*before.constFirst()))
+    window->closePage(before.constFirst());
+  if (page->document()->isReadOnlyText())
+    window->messageBar()->addMessage(MessageBar::Kind::Information, page->document()->readOnlyReason());
+  else if (page->document()->isPlain())
+    window->messageBar()->addMessage(MessageBar::Kind::Information, page->document()->plainReason());
+  return page;
+}
+
+Page* Workspace::newFileIn(TEditWindow* window) {
+  return window->addPage(
+      newDocument(currentFolder(), [this](const QString& path) { return findPage(path) != nullptr; }));
+}
+
+TEditWindow* Workspace::newWindow() {
+  MainWindow* const mainForm = frames_.front().get();
+  // A main form that was closed before the others is the next window to be used.
+  const bool mainFormIsFree = !mainForm->isVisible() && mainForm->editWindow()->pages().isEmpty() && frames_.size() > 1;
+  MainWindow* const frame = mainFormIsFree ? mainForm : addFrame();
+  newFileIn(frame->editWindow());
+  showFrame(frame);
+  return frame->editWindow();
+}
+
+QString Workspace::currentFolder() const {
+  return lastFolder_.isEmpty() ? QDir::currentPath() : lastFolder_;
+}
+
+QList<Page*> Workspace::allPages() const {
+  QList<Page*> pages;
+  for (const TEditWindow* window : windows())
+    pages += window->pages();
+  return pages;
+}
+
+bool Workspace::isLastVisible(const MainWindow* frame) const {
+  return std::none_of(frames_.begin(), frames_.end(),
+                      [frame](const auto& other) { return other.get() != frame && other->isVisible(); });
+}
+
+bool Workspace::mayCloseFrame(MainWindow* frame) {
+  TEditWindow* const window = frame->editWindow();
+  if (!files_->mayClose(window->pages()))
+    return false;
+  if (isLastVisible(frame))
+    return true;
+  while (!window->pages().isEmpty())
+    window->closePage(window->pages().constLast());
+  putLast(window);
+  if (frame != frames_.front().get())
+    removeFrame(frame);
+  return true;
+}
+
+// The frame is in the middle of closing, so it goes when control is back in the event loop.
+void Workspace::removeFrame(MainWindow* frame) {
+  activationOrder_.removeOne(frame->editWindow());
+  const auto found =
+      std::find_if(frames_.begin(), frames_.end(), [frame](const auto& each) { return each.get() == frame; });
+  found->release()->deleteLater();
+  frames_.erase(found);
+}
+
+void Workspace::exit() {
+  if (files_->mayClose(allPages()))
+    QCoreApplication::exit(0);
+}
+
+void Workspace::reportError(const QString& message, int count) {
+  topWindow()->messageBar()->addMessage(MessageBar::Kind::Error, tr("An error occurred: %1").arg(message), count);
+}
+
+} // namespace desktop
