@@ -176,7 +176,7 @@ TEST(EncodingNames, CoverEveryCodePage) {
 // Any bytes, with and without a mark before them.
 rc::Gen<std::string> AnyFile() {
   return rc::gen::apply(
-      [](std::string mark, const std::string& body) { return mark + body; },
+      [](const std::string& mark, const std::string& body) { return mark + body; },
       rc::gen::element<std::string>("", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"),
       rc::gen::oneOf(rc::gen::arbitrary<std::string>(),
                      rc::gen::container<std::string>(rc::gen::element('a', '\r', '\n', '\xC3', '\xA9'))));

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "tools/Input.h"
+
+#include "text/Encoding.h"
+#include "text/ServedText.h"
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <limits>
+#include <memory>
+#include <string_view>
+#include <system_error>
+
+namespace quorvane {
+namespace {
+
+constexpr std::string_view StandardInput = "-";
+
+// Positions in a text have 32 bits.
+constexpr std::size_t MaxTextSize = std::numeric_limits<std::int32_t>::max();
+
+struct TFileCloser {
+  void operator()(std::FILE* file) const {
+    if (file != stdin)
+      std::fclose(file);
+  }
+};
+using TFile = std::unique_ptr<std::FILE, TFileCloser>;
+
+[[noreturn]] void ThrowSystemError(int reason) {
+  throw std::system_error(reason, std::generic_category());
+}
+
+TFile OpenFile(const std::string& name) {
+  TFile file(name == StandardInput ? stdin : std::fopen(name.c_str(), "rb"));
+  if (!file)
+    ThrowSystemError(errno);
+  return file;
+}
+
+// All bytes of a file; throws std::system_error.
+std::string ReadFile(const std::string& name) {
+  const TFile file = OpenFile(name);
+  std::string bytes;
+  std::array<char, 64 * 1024> piece{};
+  while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), file.get())) {
+    if (bytes.size() + count > MaxTextSize)
+      ThrowSystemError(EFBIG);
+    bytes.append(piece.data(), count);
+  }
+  if (std::ferror(file.get()))
+    ThrowSystemError(errno);
+  return bytes;
+}
+
+TEncoding EncodingOf(std::string_view bytes, const std::string& encodingName) {
+  if (const auto marked = MarkedEncoding(bytes))
+    return *marked;
+  if (const auto named = FindEncoding(encodingName))
+    return *named;
+  return DetectEncoding(bytes);
+}
+
+std::string TextOf(std::string bytes, const TInputOptions& options) {
+  if (!options.Decode)
+    return bytes;
+  std::string text = ServeText(DecodeAs(bytes, EncodingOf(bytes, options.EncodingName)).Text);
+  if (text.size() > MaxTextSize)
+    ThrowSystemError(EFBIG);
+  return text;
+}
+
+std::string EncodingNames() {
+  std::string names;
+  for (const TEncoding& encoding : AllEncodings) {
+    if (!names.empty())
+      names += ", ";
+    names += EncodingName(encoding);
+  }
+  return names;
+}
+
+} // namespace
+
+void AddInputOptions(CLI::App& command, TInputOptions& options) {
+  command.add_option("FILE", options.Files, "Pascal files; - is standard input")->required()->type_name("");
+  CLI::Option* decode = command.add_flag("--decode", options.Decode,
+                                         "Take each file as the editor would serve it: decoded, one byte a character, "
+                                         "lines ending in CR LF. Without it the bytes are taken as they are");
+  command
+      .add_option("--encoding", options.EncodingName,
+                  "With --decode: the encoding of files that have no byte-order mark (" + EncodingNames() +
+                      "). Without it, UTF-8 if the bytes are, else " + std::string(CodePageName(DefaultCodePage)))
+      ->needs(decode)
+      ->type_name("NAME")
+      ->check([](const std::string& name) { return FindEncoding(name) ? "" : "unknown encoding " + name; });
+}
+
+void ForEachText(const TInputOptions& options, TSession& session, const std::function<void(const std::string&)>& work) {
+  for (const std::string& file : options.Files) {
+    std::string text;
+    try {
+      text = TextOf(ReadFile(file), options);
+    } catch (const std::system_error& error) {
+      session.ReportTrouble(file, error.code().message());
+      continue;
+    }
+    work(text);
+  }
+}
+
+} // namespace quorvane

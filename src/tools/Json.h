@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// JSON written straight into a line: a dump of tokens is many times the size of its source, so no tree is built for it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace quorvane {
+
+// Appends a quoted JSON string. Each byte of `text` is one character by its code, so bytes over 127 come out as Latin-1
+// characters in UTF-8.
+void AppendJsonString(std::string_view text, std::string& out);
+
+// One object, written while it lives: the constructor opens it, the destructor closes it. Keys stand in the order in
+// which they are added and are plain words that need no escaping.
+class TJsonObject {
+public:
+  explicit TJsonObject(std::string& out) : FOut(out) { FOut += '{'; }
+  ~TJsonObject() { FOut += '}'; }
+  TJsonObject(const TJsonObject&) = delete;
+  TJsonObject& operator=(const TJsonObject&) = delete;
+
+  void Add(std::string_view key, std::int32_t value);
+  void Add(std::string_view key, std::string_view value);
+
+  // Appends the key alone; the caller appends the value.
+  void AddKey(std::string_view key);
+
+private:
+  std::string& FOut;
+  bool FEmpty = true;
+};
+
+} // namespace quorvane

@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+#include "tools/Process.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+
+namespace quorvane {
+namespace {
+
+constexpr const char* EmptyText = R"({"kind":"ptNull","ex":"ptUnknown","pos":0,"len":0,"line":0,"col":0})"
+                                  "\n";
+
+TEST(CommandLine, HelpNamesTheCommands) {
+  const TRunResult run = RunQuorvane({"--help"});
+  EXPECT_EQ(run.ExitCode, 0);
+  EXPECT_EQ(run.Errors, "");
+  EXPECT_NE(run.Output.find("tokens"), std::string::npos);
+  EXPECT_NE(run.Output.find("blocks"), std::string::npos);
+}
+
+TEST(CommandLine, EachCommandHasHelpOfItsOwn) {
+  for (const char* command : {"tokens", "blocks"}) {
+    const TRunResult run = RunQuorvane({command, "--help"});
+    EXPECT_EQ(run.ExitCode, 0);
+    EXPECT_NE(run.Output.find("--decode"), std::string::npos);
+    EXPECT_NE(run.Output.find("several files follow each other"), std::string::npos) << run.Output;
+  }
+}
+
+TEST(CommandLine, VersionIsTheProjects) {
+  const TRunResult run = RunQuorvane({"--version"});
+  EXPECT_EQ(run.ExitCode, 0);
+  EXPECT_EQ(run.Output, "quorvane " VIRELLE_VERSION "\n");
+}
+
+TEST(CommandLine, WithoutACommandItSaysSo) {
+  const TRunResult run = RunQuorvane({});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Output, "");
+  EXPECT_EQ(run.Errors, "quorvane: A subcommand is required\nTry quorvane --help.\n");
+}
+
+TEST(CommandLine, ACommandWithoutFilesIsRefused) {
+  const TRunResult run = RunQuorvane({"tokens"});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Errors, "quorvane: FILE is required\nTry quorvane --help.\n");
+}
+
+TEST(CommandLine, AnUnknownEncodingIsRefused) {
+  const TRunResult run = RunQuorvane({"tokens", "--decode", "--encoding", "klingon", "-"});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Errors, "quorvane: --encoding: unknown encoding klingon\nTry quorvane --help.\n");
+}
+
+TEST(CommandLine, AnEncodingWithoutDecodingIsRefused) {
+  const TRunResult run = RunQuorvane({"tokens", "--encoding", "utf-8", "-"});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Errors, "quorvane: --encoding requires --decode\nTry quorvane --help.\n");
+}
+
+TEST(CommandLine, AMissingFileIsReported) {
+  const TTempDir dir;
+  const TRunResult run = RunQuorvane({"tokens", dir.Path("none.pas")});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Output, "");
+  EXPECT_EQ(run.Errors, "quorvane: " + dir.Path("none.pas") + ": No such file or directory\n");
+}
+
+TEST(CommandLine, AFolderIsReported) {
+  const TRunResult run = RunQuorvane({"blocks", "/"});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Errors, "quorvane: /: Is a directory\n");
+}
+
+TEST(CommandLine, AFileWithoutPermissionIsReported) {
+  if (geteuid() == 0)
+    GTEST_SKIP() << "root may read every file";
+  const TTempDir dir;
+  const std::string path = dir.Write("secret.pas", "begin");
+  std::filesystem::permissions(path, std::filesystem::perms::none);
+  const TRunResult run = RunQuorvane({"tokens", path});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Errors, "quorvane: " + path + ": Permission denied\n");
+}
+
+TEST(CommandLine, TheOtherFilesAreStillDone) {
+  const TTempDir dir;
+  const std::string empty = dir.Write("empty.pas", "");
+  const TRunResult run = RunQuorvane({"tokens", empty, dir.Path("none.pas"), empty});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Output, std::string(EmptyText) + EmptyText);
+  EXPECT_EQ(run.Errors, "quorvane: " + dir.Path("none.pas") + ": No such file or directory\n");
+}
+
+TEST(CommandLine, AFileAndStandardInputGiveTheSame) {
+  const TTempDir dir;
+  const std::string text = "begin (x) end.\r\n";
+  EXPECT_EQ(RunQuorvane({"tokens", dir.Write("a.pas", text)}).Output, RunQuorvane({"tokens", "-"}, text).Output);
+}
+
+TEST(CommandLine, AReaderThatGoesAwayEndsItQuietly) {
+  const TTempDir dir;
+  // Far more output than a pipe holds.
+  const std::string path = dir.Write("long.pas", std::string(100'000, ';'));
+  const TRunResult run = RunQuorvaneIntoShortReader({"tokens", path});
+  EXPECT_EQ(run.ExitCode, 0);
+  EXPECT_EQ(run.Errors, "");
+  EXPECT_EQ(run.Output.size(), 100U);
+}
+
+TEST(CommandLine, AFullDiskIsReported) {
+  const TTempDir dir;
+  for (const std::size_t size : {0U, 100'000U}) {
+    const TRunResult run = RunQuorvaneInto("/dev/full", {"tokens", dir.Write("a.pas", std::string(size, ';'))});
+    EXPECT_EQ(run.ExitCode, 2);
+    EXPECT_EQ(run.Errors, "quorvane: standard output: No space left on device\n");
+  }
+}
+
+TEST(CommandLine, ALongTextIsWrittenWhole) {
+  const TRunResult run = RunQuorvane({"tokens", "-"}, std::string(200'000, ';'));
+  EXPECT_EQ(run.ExitCode, 0);
+  EXPECT_EQ(std::count(run.Output.begin(), run.Output.end(), '\n'), 200'001);
+  EXPECT_TRUE(run.Output.ends_with("\n"));
+}
+
+} // namespace
+} // namespace quorvane
