@@ -6,9 +6,9 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <fstream>
-#include <functional>
 #include <iterator>
 #include <spawn.h>
+#include <stdexcept>
 #include <sys/wait.h>
 #include <system_error>
 #include <unistd.h>
@@ -45,15 +45,20 @@ private:
   posix_spawn_file_actions_t FActions{};
 };
 
-pid_t Start(const std::vector<std::string>& arguments, const TRedirections& redirections) {
-  std::vector<std::string> words{QUORVANE_BINARY};
+using TWords = std::vector<std::string>;
+
+// The words that come before the arguments: the program, or another program that runs it.
+const TWords Directly = {QUORVANE_BINARY};
+const TWords AsNobody = {"/usr/bin/setpriv", "--reuid=65534", "--clear-groups", "--", QUORVANE_BINARY};
+
+pid_t Start(TWords words, const TWords& arguments, const TRedirections& redirections) {
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
   for (std::string& word : words)
     pointers.push_back(word.data());
   pointers.push_back(nullptr);
   pid_t child = 0;
-  Check(posix_spawn(&child, QUORVANE_BINARY, redirections.Actions(), nullptr, pointers.data(), environ));
+  Check(posix_spawn(&child, words.front().c_str(), redirections.Actions(), nullptr, pointers.data(), environ));
   return child;
 }
 
@@ -67,6 +72,16 @@ int ExitCodeOf(pid_t child) {
 
 constexpr int WriteFlags = O_WRONLY | O_CREAT | O_TRUNC;
 
+TRunResult RunToTheEnd(const TWords& program, const TWords& arguments, std::string_view input) {
+  const TTempDir dir;
+  TRedirections redirections;
+  redirections.Open(STDIN_FILENO, dir.Write("in", input), O_RDONLY);
+  redirections.Open(STDOUT_FILENO, dir.Path("out"), WriteFlags);
+  redirections.Open(STDERR_FILENO, dir.Path("err"), WriteFlags);
+  const int exitCode = ExitCodeOf(Start(program, arguments, redirections));
+  return {exitCode, ReadAll(dir.Path("out")), ReadAll(dir.Path("err"))};
+}
+
 } // namespace
 
 TTempDir::TTempDir() {
@@ -74,6 +89,8 @@ TTempDir::TTempDir() {
   if (!mkdtemp(path.data()))
     Check(errno);
   FPath = path;
+  // Others may go in, so what a test says of a file's rights is what counts.
+  std::filesystem::permissions(FPath, std::filesystem::perms{0755});
 }
 
 TTempDir::~TTempDir() {
@@ -96,13 +113,11 @@ std::string TTempDir::Write(std::string_view name, std::string_view bytes) const
 }
 
 TRunResult RunQuorvane(const std::vector<std::string>& arguments, std::string_view input) {
-  const TTempDir dir;
-  TRedirections redirections;
-  redirections.Open(STDIN_FILENO, dir.Write("in", input), O_RDONLY);
-  redirections.Open(STDOUT_FILENO, dir.Path("out"), WriteFlags);
-  redirections.Open(STDERR_FILENO, dir.Path("err"), WriteFlags);
-  const int exitCode = ExitCodeOf(Start(arguments, redirections));
-  return {exitCode, ReadAll(dir.Path("out")), ReadAll(dir.Path("err"))};
+  return RunToTheEnd(Directly, arguments, input);
+}
+
+TRunResult RunQuorvaneAsNobody(const std::vector<std::string>& arguments) {
+  return RunToTheEnd(geteuid() == 0 ? AsNobody : Directly, arguments, {});
 }
 
 TRunResult RunQuorvaneInto(const std::string& device, const std::vector<std::string>& arguments) {
@@ -111,7 +126,7 @@ TRunResult RunQuorvaneInto(const std::string& device, const std::vector<std::str
   redirections.Open(STDIN_FILENO, "/dev/null", O_RDONLY);
   redirections.Open(STDOUT_FILENO, device, O_WRONLY);
   redirections.Open(STDERR_FILENO, dir.Path("err"), WriteFlags);
-  const int exitCode = ExitCodeOf(Start(arguments, redirections));
+  const int exitCode = ExitCodeOf(Start(Directly, arguments, redirections));
   return {exitCode, {}, ReadAll(dir.Path("err"))};
 }
 
@@ -124,7 +139,7 @@ TRunResult RunQuorvaneIntoShortReader(const std::vector<std::string>& arguments)
   redirections.Open(STDIN_FILENO, "/dev/null", O_RDONLY);
   redirections.Duplicate(ends[1], STDOUT_FILENO);
   redirections.Open(STDERR_FILENO, dir.Path("err"), WriteFlags);
-  const pid_t child = Start(arguments, redirections);
+  const pid_t child = Start(Directly, arguments, redirections);
   close(ends[1]);
   std::string output(100, '\0');
   const ssize_t count = read(ends[0], output.data(), output.size());

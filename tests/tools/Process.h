@@ -36,6 +36,9 @@ struct TRunResult {
 // Runs quorvane to its end with these arguments; `input` is its standard input. Throws if it cannot be started.
 TRunResult RunQuorvane(const std::vector<std::string>& arguments, std::string_view input = {});
 
+// The same without the rights of the administrator, for whom no file is unreadable.
+TRunResult RunQuorvaneAsNobody(const std::vector<std::string>& arguments);
+
 // The same with the standard output sent to a device such as /dev/full; Output of the result is empty.
 TRunResult RunQuorvaneInto(const std::string& device, const std::vector<std::string>& arguments);
 
