@@ -21,10 +21,11 @@ qreal laidOutAdvance(const QFont& font, const QPaintDevice& device) {
   return line.naturalTextWidth() / count;
 }
 
-bool sameAdvance(QFont face, bool bold, bool italic, qreal advance, const QPaintDevice& device) {
-  face.setBold(bold);
-  face.setItalic(italic);
-  return std::abs(laidOutAdvance(face, device) - advance) < 1.0 / 128;
+// What must be added to each character of a face of `font` for it to be `width` wide.
+qreal missing(QFont font, bool bold, bool italic, int width, const QPaintDevice& device) {
+  font.setBold(bold);
+  font.setItalic(italic);
+  return width - laidOutAdvance(font, device);
 }
 
 } // namespace
@@ -35,12 +36,12 @@ CellFont makeCellFont(const QString& family, int points, const QPaintDevice& dev
   font.setFixedPitch(true);
   font.setKerning(false);
 
-  const qreal advance = laidOutAdvance(font, device);
+  const int width = std::max(static_cast<int>(std::lround(laidOutAdvance(font, device))), 1);
   CellFont result;
-  result.boldFits = sameAdvance(font, true, false, advance, device);
-  result.italicFits = sameAdvance(font, false, true, advance, device);
-  const int width = std::max(static_cast<int>(std::lround(advance)), 1);
-  font.setLetterSpacing(QFont::AbsoluteSpacing, width - advance);
+  result.boldSpacing = missing(font, true, false, width, device);
+  result.italicSpacing = missing(font, false, true, width, device);
+  result.boldItalicSpacing = missing(font, true, true, width, device);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, missing(font, false, false, width, device));
 
   const QFontMetrics metrics(font, &device);
   result.font = font;

@@ -10,15 +10,23 @@ namespace desktop {
 
 // A font whose characters fill cells of one integer size, at any size in points.
 //
-// The advance of a monospaced font is rarely a whole number of pixels; letter spacing makes up the difference, so that
-// column c starts at exactly c cell widths. Weight and slant are offered only where the bold or italic face has the
-// same advance, since letter spacing is one value for all faces.
+// The advance of a monospaced font is rarely a whole number of pixels, and its bold and italic faces may differ from it
+// by a fraction; letter spacing makes up the difference for each face, so that column c starts at exactly c cell
+// widths.
 struct CellFont {
-  QFont font;
-  QSize cell;            // logical pixels, at least 1 x 1; the height is the font's line spacing
-  int ascent = 0;        // from the top of the cell to the base line
-  bool boldFits = false; // a bold character is as wide as a cell
-  bool italicFits = false;
+  QFont font;     // upright, with its letter spacing
+  QSize cell;     // logical pixels, at least 1 x 1; the height is the font's line spacing
+  int ascent = 0; // from the top of the cell to the base line
+  qreal boldSpacing = 0;
+  qreal italicSpacing = 0;
+  qreal boldItalicSpacing = 0;
+
+  // The letter spacing of a face.
+  qreal spacing(bool bold, bool italic) const {
+    if (bold && italic)
+      return boldItalicSpacing;
+    return bold ? boldSpacing : italic ? italicSpacing : font.letterSpacing();
+  }
 };
 
 // `family` at `points` (at least 1) as it is laid out for `device`.

@@ -10,7 +10,7 @@
 
 namespace desktop {
 
-// How a kind of text looks. Weight and slant are dropped for a font in which they would change the width of a cell.
+// How a kind of text looks.
 struct TextStyle {
   QColor color;
   bool bold = false;

@@ -22,10 +22,12 @@ QTextCharFormat makeFormat(const TextStyle& style, const QColor& plain, const Ce
   QTextCharFormat format;
   if (style.color != plain)
     format.setForeground(style.color);
-  if (style.bold && font.boldFits)
-    format.setFontWeight(QFont::Bold);
-  if (style.italic && font.italicFits)
-    format.setFontItalic(true);
+  if (!style.bold && !style.italic)
+    return format;
+  format.setFontWeight(style.bold ? QFont::Bold : QFont::Normal);
+  format.setFontItalic(style.italic);
+  format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+  format.setFontLetterSpacing(font.spacing(style.bold, style.italic));
   return format;
 }
 
@@ -108,17 +110,20 @@ void TEditControl::showDocument(QTextDocument* document, Colouring colouring) {
   onCaretMoved();
 }
 
-// Brings a document's layout and font to the control's.
+// Brings the layout and the font of a document that is about to be shown to the control's.
 void TEditControl::adoptDocument(QTextDocument& document) {
   auto* layout = qobject_cast<CellLayout*>(document.documentLayout());
   if (layout == nullptr) {
+    // Each of these walks over all lines to bring an existing layout up to date, so the layout is put in last.
+    document.setDocumentLayout(nullptr);
+    document.setDocumentMargin(0);
+    document.setDefaultFont(font());
     layout = new CellLayout(&document);
+    layout->setPaintDevice(viewport_);
     document.setDocumentLayout(layout);
   }
   layout->setPaintDevice(viewport_);
   layout->setCell(cellSize().height(), cellFont_.ascent);
-  if (document.documentMargin() != 0)
-    document.setDocumentMargin(0);
   if (document.defaultFont() != font())
     document.setDefaultFont(font());
 }
@@ -171,9 +176,10 @@ void TEditControl::setEditorFont(const QString& family, int points) {
 
 void TEditControl::applyFont() {
   cellFont_ = makeCellFont(fontFamily_, fontPoints_, *viewport_);
-  setFont(cellFont_.font);
+  if (auto* layout = qobject_cast<CellLayout*>(document()->documentLayout()))
+    layout->setCell(cellSize().height(), cellFont_.ascent);
+  setFont(cellFont_.font); // lays the document out again
   canvas_->Font.Face = font();
-  adoptDocument(*document());
   setTabStopDistance(tabWidth_ * cellSize().width());
   horizontalScrollBar()->setSingleStep(cellSize().width());
   applyFormats();

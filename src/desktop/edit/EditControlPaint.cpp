@@ -16,6 +16,8 @@ namespace desktop {
 namespace {
 
 constexpr int insertCaretWidth = 2;
+// From the gutter's line to the text, the line included.
+constexpr int gutterGap = 4;
 
 // Sends a viewport's painting to an image for as long as it lives.
 class Redirection {
@@ -138,10 +140,10 @@ void TEditControl::eraseByDefault() {
   }
   QPainter painter(&surface_);
   painter.fillRect(QRect(QPoint(), clientSize()), scheme_.ground);
-  if (gutterWidth_ > 0) {
-    const int height = viewport_->height();
-    painter.fillRect(QRect(0, 0, gutterWidth_ - 1, height), scheme_.gutterGround);
-    painter.fillRect(QRect(gutterWidth_ - 1, 0, 1, height), scheme_.gutterLine);
+  const int line = gutterWidth_ - gutterGap;
+  if (line > 0) {
+    painter.fillRect(QRect(0, 0, line, viewport_->height()), scheme_.gutterGround);
+    painter.fillRect(QRect(line, 0, 1, viewport_->height()), scheme_.gutterLine);
   }
 }
 

@@ -21,6 +21,9 @@ constexpr int notChanged = std::numeric_limits<int>::max();
 // What a paint may wait for the scan, and how long an idle slice is; milliseconds.
 constexpr int paintBudget = 20;
 constexpr int idleSlice = 8;
+// What stands further right in a line is not coloured: laying out and drawing a line takes time by its number of
+// formats, whether or not they can be seen.
+constexpr int colouredUnits = 5000;
 
 // What a block's user state holds: the comment states at its start and end, and the generation of the formats that its
 // layout has, 0 for none. A block that has not been scanned has the state -1.
@@ -184,6 +187,8 @@ void PascalHighlighter::colour(QTextBlock block, TCommentState start) {
   scanner_.scan(block.text(), start, &runs_);
   QList<QTextLayout::FormatRange> ranges;
   for (const ColourRun& run : runs_) {
+    if (run.start >= colouredUnits)
+      break;
     const QTextCharFormat& format = formats_[static_cast<std::size_t>(run.attribute)];
     if (!format.isEmpty())
       ranges.append({run.start, run.length, format});
