@@ -20,6 +20,8 @@ EViewClosed::~EViewClosed() = default;
 
 EPackageError::EPackageError(const std::string& unit, const std::string& reason)
     : Exception(unit.empty() ? reason : "Unit " + unit + ": " + reason), unit_(unit) {}
+EPackageError::EPackageError(const std::string& file, const EPackageError& cause)
+    : Exception(file + ": " + cause.what()), unit_(cause.unit_) {}
 EPackageError::~EPackageError() = default;
 
 void Require(bool condition, const char* unit, std::string_view text, std::source_location where) {

@@ -64,6 +64,8 @@ public:
 class VIRELLE_PLATFORM EPackageError : public Exception {
 public:
   EPackageError(const std::string& unit, const std::string& reason);
+  // `cause`, with the name of the package's file in front of its message.
+  EPackageError(const std::string& file, const EPackageError& cause);
   ~EPackageError() override;
 
   const std::string& Unit() const { return unit_; }

@@ -3,6 +3,7 @@
 
 #include "desktop/files/FileStore.h"
 #include "desktop/files/LineEndFormat.h"
+#include "desktop/files/TextView.h"
 #include "text/LineEnds.h"
 #include "text/ServedText.h"
 
@@ -24,11 +25,6 @@ namespace {
 
 QString message(const char* text) {
   return QCoreApplication::translate("SourceDocument", text);
-}
-
-// A string over `text` itself, which must outlive it.
-QString borrowed(std::u16string_view text) {
-  return QString::fromRawData(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
 }
 
 } // namespace
@@ -83,7 +79,7 @@ void DocumentFiller::insert(std::u16string_view text) {
   TLineEnd runEnd = document_.usualLineEnd_;
   const auto insertRun = [&](const char16_t* end) {
     const std::u16string_view run(runStart, static_cast<std::size_t>(end - runStart));
-    cursor.insertText(borrowed(run), lineEndFormat(runEnd, document_.usualLineEnd_));
+    cursor.insertText(borrowedText(run), lineEndFormat(runEnd, document_.usualLineEnd_));
     runStart = end;
   };
   if (document_.mixedLineEnds_) {
@@ -115,7 +111,7 @@ void DocumentFiller::checkLimits(std::u16string_view text, std::size_t bytes) {
 void DocumentFiller::checkText(std::u16string_view text) {
   QTextBlock block = document_.begin();
   for (const TLine& line : TLines(text)) {
-    if (!block.isValid() || block.text() != borrowed(line.Text) || document_.lineEndOf(block) != line.End) {
+    if (!block.isValid() || block.text() != borrowedText(line.Text) || document_.lineEndOf(block) != line.End) {
       setReadOnly(message("The file is read-only here: its line %1 has a character that cannot be shown within a line.")
                       .arg(block.blockNumber() + 1),
                   false);

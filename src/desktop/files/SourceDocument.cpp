@@ -2,6 +2,7 @@
 #include "desktop/files/SourceDocument.h"
 
 #include "desktop/files/LineEndFormat.h"
+#include "desktop/files/TextView.h"
 #include "text/ServedText.h"
 
 #include <QPlainTextDocumentLayout>
@@ -12,14 +13,6 @@
 namespace desktop {
 
 using quorvane::TLineEnd;
-
-namespace {
-
-std::u16string_view view(const QString& text) {
-  return {reinterpret_cast<const char16_t*>(text.utf16()), static_cast<std::size_t>(text.size())};
-}
-
-} // namespace
 
 // The served text of one revision.
 struct SourceDocument::Served {
@@ -72,7 +65,7 @@ const SourceDocument::Served& SourceDocument::served() const {
       if (block.blockNumber() != 0)
         served->text += quorvane::ServedLineEnd;
       served->lineStarts.push_back(served->text.size());
-      quorvane::AppendServedLine(view(block.text()), served->text);
+      quorvane::AppendServedLine(textView(block.text()), served->text);
     }
     served_ = std::move(served);
     servedRevision_ = revision();
@@ -98,7 +91,7 @@ std::u16string SourceDocument::text() const {
   std::u16string text;
   text.reserve(static_cast<std::size_t>(characterCount()) + static_cast<std::size_t>(blockCount()));
   for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
-    text += view(block.text());
+    text += textView(block.text());
     text += quorvane::LineEndText(lineEndOf(block));
   }
   return text;

@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 // What this host offers to add-ins.
 //
-// One object answers for all services. It looks at the workspace whenever it is asked, and keeps for every open page one
-// buffer and one view, which add-ins compare by identity. When a page closes, or the workspace goes, these objects stay
-// for as long as an add-in holds them and answer with EViewClosed.
+// One object answers for all services that this host has. It looks at the workspace whenever it is asked, and keeps for
+// every page that it has been asked about one buffer and one view, which add-ins compare by identity. When a page
+// closes these objects stay for as long as an add-in holds them and answer with EViewClosed.
 #pragma once
 
 #include "desktop/ide/PageObjects.h"
 #include "platform/ota/Services.h"
 
-#include <QHash>
 #include <QObject>
 #include <QPointer>
 
 #include <memory>
+#include <unordered_map>
 
 namespace desktop {
 
@@ -42,11 +42,13 @@ public:
   std::shared_ptr<platform::IOTAModule> CurrentModule() override;
 
 private:
-  // The objects of the page in front of the top window; null when there is none or when it is plain text.
-  std::shared_ptr<PageObjects> topObjects();
+  // The objects of the page in front of the top window; all null when there is none or when it is plain text.
+  PageObjects topObjects();
+  std::shared_ptr<platform::INTAEditWindow> windowObject(TEditWindow& window);
 
   QPointer<Workspace> workspace_;
-  QHash<const Page*, std::shared_ptr<PageObjects>> pages_;
+  std::unordered_map<const QObject*, PageObjects> pages_; // of pages that are open
+  std::unordered_map<const QObject*, std::shared_ptr<platform::INTAEditWindow>> windows_;
 };
 
 } // namespace desktop

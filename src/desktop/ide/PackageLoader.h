@@ -10,26 +10,26 @@
 #include "platform/Package.h"
 
 #include <QString>
-#include <QStringList>
 
+#include <memory>
 #include <vector>
 
 namespace desktop {
 
 class PackageLoader {
 public:
-  PackageLoader() = default;
+  PackageLoader();
   PackageLoader(const PackageLoader&) = delete;
   PackageLoader& operator=(const PackageLoader&) = delete;
-  // Unloads what is still loaded, the newest first.
+  // Unloads what is still loaded, as unloadAll does.
   ~PackageLoader();
 
   // Loads the package at `path`. When it cannot be loaded or started nothing has changed and platform::EPackageError is
-  // raised, naming the file and the reason.
+  // raised, whose message names the file and the reason.
   void load(const QString& path);
   // Takes back one load of the package at `path`. False when it is not loaded.
   bool unload(const QString& path);
-  // Takes back every load, the newest package first.
+  // Takes back every load, the package started last first.
   void unloadAll();
 
   // How often the package at `path` is loaded at present.
@@ -39,7 +39,7 @@ public:
     QString fileName;    // canonical
     QString description; // the package's own
   };
-  // The packages loaded at present, in the order of loading.
+  // The packages loaded at present, in the order in which they were started.
   std::vector<Loaded> loadedPackages() const;
 
   // Where the add-in of this program is: beside the binary in `binaryFolder`, else in ../lib/virelle; empty when it is
@@ -47,20 +47,14 @@ public:
   static QString findAddIn(const QString& binaryFolder);
 
 private:
-  // A package that has been mapped. It stays so; the handle is never closed.
-  struct Package {
-    QString fileName; // canonical
-    platform::TPackageProcedure initialize;
-    platform::TPackageProcedure finalize;
-    const platform::TPackageInfoTable* info;
-    int loads = 0;
-  };
+  struct Package;
 
-  Package* find(const QString& path);
-  const Package* find(const QString& path) const;
-  Package& map(const QString& path);
+  Package* find(const QString& path) const;
+  static std::unique_ptr<Package> map(const QString& path);
+  static void start(const Package& package);
+  static void stop(Package& package);
 
-  std::vector<Package> packages_; // in the order of their latest start
+  std::vector<std::unique_ptr<Package>> packages_; // mapped, in the order of their latest start
 };
 
 } // namespace desktop

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The buffer and the view of one open page, as add-ins see them.
+// All that add-ins see of one open page.
 #pragma once
 
 #include "platform/ota/Editor.h"
+#include "platform/ota/Module.h"
 
 #include <memory>
 
@@ -12,7 +13,11 @@ class Page;
 
 struct PageObjects {
   std::shared_ptr<platform::IOTAEditBuffer> buffer;
-  std::shared_ptr<platform::IOTAEditView> view;
+  std::shared_ptr<platform::IOTAEditView> view; // of that buffer
+  std::shared_ptr<platform::IOTAModule> module; // whose one file is that buffer
 };
+
+// The objects for `page`, which is shown in `window`.
+PageObjects makePageObjects(Page& page, const std::shared_ptr<platform::INTAEditWindow>& window);
 
 } // namespace desktop

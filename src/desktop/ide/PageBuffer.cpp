@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ide/PageBuffer.h"
+
+#include "desktop/edit/EditControl.h"
+#include "desktop/files/SourceDocument.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/Page.h"
+#include "platform/Errors.h"
+
+#include <string>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+class ServedTextReader : public platform::IOTAEditReader {
+public:
+  explicit ServedTextReader(std::shared_ptr<const std::string> text) : text_(std::move(text)) {}
+
+  int GetText(int position, char* buffer, int count) override {
+    const auto start = static_cast<std::size_t>(position);
+    if (position < 0 || count <= 0 || start >= text_->size())
+      return 0;
+    return static_cast<int>(text_->copy(buffer, static_cast<std::size_t>(count), start));
+  }
+
+private:
+  std::shared_ptr<const std::string> text_;
+};
+
+} // namespace
+
+PageBuffer::PageBuffer(Page& page) : page_(&page) {}
+PageBuffer::~PageBuffer() = default;
+
+Page& PageBuffer::page() const {
+  if (!page_)
+    throw platform::EViewClosed();
+  return *page_;
+}
+
+QString PageBuffer::GetFileName() const {
+  return page().document()->fileName();
+}
+
+std::shared_ptr<platform::IOTAEditReader> PageBuffer::CreateReader() {
+  return std::make_shared<ServedTextReader>(page().document()->servedText());
+}
+
+std::shared_ptr<platform::IOTABufferOptions> PageBuffer::GetBufferOptions() {
+  (void)page();
+  return shared_from_this();
+}
+
+bool PageBuffer::GetIsModified() const {
+  return page().document()->isModified();
+}
+
+std::shared_ptr<platform::IOTAEditView> PageBuffer::GetTopView() {
+  (void)page();
+  return view_.lock();
+}
+
+int PageBuffer::GetLeftGutterWidth() const {
+  return page().window()->editor()->gutterWidth();
+}
+
+} // namespace desktop

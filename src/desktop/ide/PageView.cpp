@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ide/PageView.h"
+
+#include "desktop/edit/EditControl.h"
+#include "desktop/edit/TextColumns.h"
+#include "desktop/files/SourceDocument.h"
+#include "desktop/files/TextView.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/Page.h"
+#include "platform/Errors.h"
+#include "text/ServedText.h"
+
+#include <QTextBlock>
+
+#include <algorithm>
+#include <utility>
+
+namespace desktop {
+
+using platform::TOTACharPos;
+using platform::TOTAEditPos;
+
+namespace {
+
+// The first visible one of `visible` lines or cells, after scrolling as little as needed for `wanted` to be seen.
+int scrolledTo(int wanted, int first, int visible) {
+  return std::clamp(first, wanted - visible + 1, wanted);
+}
+
+} // namespace
+
+PageView::PageView(Page& page, std::shared_ptr<PageBuffer> buffer, std::shared_ptr<platform::INTAEditWindow> window)
+    : page_(&page), buffer_(std::move(buffer)), window_(std::move(window)) {}
+PageView::~PageView() = default;
+
+Page& PageView::page() const {
+  if (!page_)
+    throw platform::EViewClosed();
+  return *page_;
+}
+
+TEditControl& PageView::control() const {
+  return *page().window()->editor();
+}
+
+QString PageView::lineText(int line) const {
+  return page().document()->findBlockByNumber(line - 1).text();
+}
+
+std::shared_ptr<platform::IOTAEditBuffer> PageView::GetBuffer() {
+  (void)page();
+  return buffer_;
+}
+
+std::shared_ptr<platform::INTAEditWindow> PageView::GetEditWindow() {
+  (void)page();
+  return window_;
+}
+
+std::shared_ptr<platform::IOTAEditPosition> PageView::GetPosition() {
+  (void)page();
+  return shared_from_this();
+}
+
+int PageView::GetRow() const {
+  return page().document()->findBlock(page().state().caret).blockNumber() + 1;
+}
+
+int PageView::GetColumn() const {
+  const int caret = page().state().caret;
+  const QTextBlock block = page().document()->findBlock(caret);
+  return columnOfUnit(block.text(), caret - block.position(), control().tabWidth());
+}
+
+TOTAEditPos PageView::GetCursorPos() {
+  return {static_cast<std::int16_t>(GetColumn()), GetRow()};
+}
+
+void PageView::setCaret(int row, int column) {
+  if (page().isCurrent()) {
+    control().setCaret(row, column);
+    return;
+  }
+  const SourceDocument& document = *page().document();
+  const QTextBlock block = document.findBlockByNumber(std::clamp(row, 1, document.blockCount()) - 1);
+  EditState state = page().state();
+  state.caret = block.position() + static_cast<int>(unitOfColumn(block.text(), column, control().tabWidth()));
+  state.anchor = state.caret;
+  page().setState(state);
+}
+
+void PageView::SetCursorPos(const TOTAEditPos& position) {
+  setCaret(position.Line, position.Col);
+}
+
+void PageView::Move(int row, int column) {
+  setCaret(row, column);
+  MoveViewToCursor();
+}
+
+void PageView::MoveViewToCursor() {
+  if (page().isCurrent())
+    control().showCaret();
+  else
+    scrollHiddenToCaret();
+}
+
+void PageView::scrollHiddenToCaret() {
+  EditState state = page().state();
+  const QSize visible = GetViewSize();
+  state.topLine = scrolledTo(GetRow() - 1, state.topLine, visible.height());
+  state.leftCell = scrolledTo(GetColumn() - 1, state.leftCell, visible.width());
+  page().setState(state);
+}
+
+TOTAEditPos PageView::GetTopPos() {
+  return {static_cast<std::int16_t>(GetLeftColumn()), page().state().topLine + 1};
+}
+
+int PageView::GetLeftColumn() {
+  return page().state().leftCell + 1;
+}
+
+QSize PageView::GetViewSize() {
+  return control().viewSize();
+}
+
+void PageView::ConvertPos(bool editPosToCharPos, TOTAEditPos& editPos, TOTACharPos& charPos) {
+  const int tabWidth = control().tabWidth();
+  if (editPosToCharPos) {
+    charPos.CharIndex = static_cast<std::int16_t>(charIndexOfColumn(lineText(editPos.Line), editPos.Col, tabWidth));
+    charPos.Line = editPos.Line;
+  } else {
+    editPos.Col = static_cast<std::int16_t>(columnOfCharIndex(lineText(charPos.Line), charPos.CharIndex, tabWidth));
+    editPos.Line = charPos.Line;
+  }
+}
+
+std::int32_t PageView::CharPosToPos(const TOTACharPos& position) {
+  const SourceDocument& document = *page().document();
+  if (position.Line < 1)
+    return 0;
+  if (position.Line > document.blockCount())
+    return static_cast<std::int32_t>(document.servedText()->size());
+  const auto length = static_cast<int>(quorvane::ServedLength(textView(lineText(position.Line))));
+  return static_cast<std::int32_t>(document.servedLineStart(position.Line - 1)) +
+         std::clamp<int>(position.CharIndex, 0, length);
+}
+
+TOTACharPos PageView::PosToCharPos(std::int32_t position) {
+  const SourceDocument& document = *page().document();
+  const auto clipped = std::min(static_cast<std::size_t>(std::max(position, 0)), document.servedText()->size());
+  const int line = document.lineOfServedPosition(clipped);
+  // Both bytes of a line end are the end of their line.
+  const std::size_t index =
+      std::min(clipped - document.servedLineStart(line), quorvane::ServedLength(textView(lineText(line + 1))));
+  return {static_cast<std::int16_t>(index), line + 1};
+}
+
+void PageView::Paint() {
+  if (page().isCurrent())
+    control().Repaint();
+}
+
+} // namespace desktop
