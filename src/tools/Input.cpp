@@ -45,7 +45,7 @@ TFile OpenFile(const std::string& name) {
 std::string ReadFile(const std::string& name) {
   const TFile file = OpenFile(name);
   std::string bytes;
-  std::array<char, 64 * 1024> piece{};
+  std::array<char, std::size_t{64} * 1024> piece{};
   while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), file.get())) {
     if (bytes.size() + count > MaxTextSize)
       ThrowSystemError(EFBIG);

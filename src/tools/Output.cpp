@@ -9,7 +9,7 @@
 namespace quorvane {
 
 void TOutput::EndLine() {
-  constexpr std::size_t PieceSize = 64 * 1024;
+  constexpr std::size_t PieceSize = std::size_t{64} * 1024;
   FBuffer += '\n';
   if (FBuffer.size() >= PieceSize)
     Flush();
