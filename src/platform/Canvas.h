@@ -54,7 +54,7 @@ struct TFont {
   TColor Color = clWindowText;
 
   // Replaces the face by family `name` at `points` points, neither bold nor italic.
-  void Assign(const QString& name, int points);
+  VIRELLE_PLATFORM void Assign(const QString& name, int points);
   void SetSize(int points) { Face.setPointSize(points); }
   void SetBold(bool bold) { Face.setBold(bold); }
 };
