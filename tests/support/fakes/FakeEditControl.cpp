@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "support/fakes/FakeEditControl.h"
 
-#include <QFontMetricsF>
+#include <QFontMetrics>
 
 #include <cmath>
 
@@ -42,7 +42,8 @@ void FakeEditControl::SetUp(int columns, int lines, int gutterWidth, qreal ratio
 }
 
 QSize FakeEditControl::CellSize() const {
-  return {canvas_.TextWidth(QStringLiteral("A")), canvas_.TextHeight(QStringLiteral("A"))};
+  const QFontMetrics metrics(font_);
+  return {metrics.horizontalAdvance(u'A'), metrics.height()};
 }
 
 QImage FakeEditControl::Cell(int column, int row) const {

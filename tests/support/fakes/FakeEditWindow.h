@@ -18,6 +18,7 @@ public:
   explicit TEditWindow(const QString& name = QStringLiteral("EditWindow_0"));
   ~TEditWindow() override;
 
+  bool HasEditor() const { return !editor_.isNull(); }
   FakeEditControl& Editor() const { return *editor_; }
   platform::TActionList& Actions() const { return *actions_; }
   // Destroys one part, as no host should.
