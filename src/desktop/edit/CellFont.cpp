@@ -6,26 +6,46 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace desktop {
 
 namespace {
 
-// The advance of one character in a run of text, which may differ from the one that font metrics round.
-qreal laidOutAdvance(const QFont& font, const QPaintDevice& device) {
-  constexpr int count = 64;
-  QTextLayout layout(QString(count, u'M'), font, &device);
+// The printable ASCII characters.
+QString sample() {
+  QString text;
+  for (char16_t c = u' '; c < 0x7F; ++c)
+    text += QChar(c);
+  return text;
+}
+
+// The advance that all characters of the sample have where they are laid out in one run, or nothing when they differ.
+// That may be another one than font metrics tell, which round.
+std::optional<qreal> commonAdvance(const QFont& font, const QPaintDevice& device) {
+  const QString text = sample();
+  QTextLayout layout(text, font, &device);
   layout.beginLayout();
   const QTextLine line = layout.createLine();
   layout.endLayout();
-  return line.naturalTextWidth() / count;
+  const qreal advance = line.cursorToX(1);
+  for (int i = 2; i <= text.size(); ++i)
+    if (line.cursorToX(i) != i * advance)
+      return std::nullopt;
+  return advance;
 }
 
-// What must be added to each character of a face of `font` for it to be `width` wide.
-qreal missing(QFont font, bool bold, bool italic, int width, const QPaintDevice& device) {
+// Hinting may move the advances of single glyphs by fractions of a pixel, mostly in slanted faces; then the face is
+// taken as it is designed.
+CellFace makeFace(QFont font, bool bold, bool italic, int width, const QPaintDevice& device) {
   font.setBold(bold);
   font.setItalic(italic);
-  return width - laidOutAdvance(font, device);
+  for (const auto hinting : {QFont::PreferDefaultHinting, QFont::PreferNoHinting}) {
+    font.setHintingPreference(hinting);
+    if (const std::optional<qreal> advance = commonAdvance(font, device))
+      return {true, width - *advance, hinting};
+  }
+  return {};
 }
 
 } // namespace
@@ -36,12 +56,13 @@ CellFont makeCellFont(const QString& family, int points, const QPaintDevice& dev
   font.setFixedPitch(true);
   font.setKerning(false);
 
-  const int width = std::max(static_cast<int>(std::lround(laidOutAdvance(font, device))), 1);
+  const qreal advance = commonAdvance(font, device).value_or(QFontMetricsF(font, &device).averageCharWidth());
+  const int width = std::max(static_cast<int>(std::lround(advance)), 1);
   CellFont result;
-  result.boldSpacing = missing(font, true, false, width, device);
-  result.italicSpacing = missing(font, false, true, width, device);
-  result.boldItalicSpacing = missing(font, true, true, width, device);
-  font.setLetterSpacing(QFont::AbsoluteSpacing, missing(font, false, false, width, device));
+  result.bold = makeFace(font, true, false, width, device);
+  result.italic = makeFace(font, false, true, width, device);
+  result.boldItalic = makeFace(font, true, true, width, device);
+  font.setLetterSpacing(QFont::AbsoluteSpacing, width - advance);
 
   const QFontMetrics metrics(font, &device);
   result.font = font;

@@ -8,6 +8,13 @@ class QPaintDevice;
 
 namespace desktop {
 
+// How the bold, the italic or the bold italic face of a font gets its characters into the cells of the upright face.
+struct CellFace {
+  bool fits = false; // false: its characters differ in width, so that no spacing does
+  qreal letterSpacing = 0;
+  QFont::HintingPreference hinting = QFont::PreferDefaultHinting;
+};
+
 // A font whose characters fill cells of one integer size, at any size in points.
 //
 // The advance of a monospaced font is rarely a whole number of pixels, and its bold and italic faces may differ from it
@@ -17,16 +24,11 @@ struct CellFont {
   QFont font;     // upright, with its letter spacing
   QSize cell;     // logical pixels, at least 1 x 1; the height is the font's line spacing
   int ascent = 0; // from the top of the cell to the base line
-  qreal boldSpacing = 0;
-  qreal italicSpacing = 0;
-  qreal boldItalicSpacing = 0;
+  CellFace bold;
+  CellFace italic;
+  CellFace boldItalic;
 
-  // The letter spacing of a face.
-  qreal spacing(bool bold, bool italic) const {
-    if (bold && italic)
-      return boldItalicSpacing;
-    return bold ? boldSpacing : italic ? italicSpacing : font.letterSpacing();
-  }
+  const CellFace& face(bool isBold, bool isItalic) const { return !isItalic ? bold : isBold ? boldItalic : italic; }
 };
 
 // `family` at `points` (at least 1) as it is laid out for `device`.

@@ -22,12 +22,14 @@ QTextCharFormat makeFormat(const TextStyle& style, const QColor& plain, const Ce
   QTextCharFormat format;
   if (style.color != plain)
     format.setForeground(style.color);
-  if (!style.bold && !style.italic)
+  const CellFace& face = font.face(style.bold, style.italic);
+  if ((!style.bold && !style.italic) || !face.fits)
     return format;
   format.setFontWeight(style.bold ? QFont::Bold : QFont::Normal);
   format.setFontItalic(style.italic);
   format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
-  format.setFontLetterSpacing(font.spacing(style.bold, style.italic));
+  format.setFontLetterSpacing(face.letterSpacing);
+  format.setFontHintingPreference(face.hinting);
   return format;
 }
 
@@ -49,6 +51,9 @@ TEditControl::TEditControl(QWidget* parent)
   setObjectName(QStringLiteral("Editor"));
   setFrameShape(QFrame::NoFrame);
   setLineWrapMode(QPlainTextEdit::NoWrap);
+  // Bars that come and go with the longest line in sight would change the size of the view while one scrolls.
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
   setViewport(viewport_);
   document()->documentLayout()->setPaintDevice(
       viewport_); // Qt would go on with the viewport that has just been replaced
@@ -83,6 +88,9 @@ void TEditControl::connectSignals() {
   connect(blink_, &CaretBlink::toggled, this, [this] { requestCopy(caretRect().translated(gutterWidth_, 0)); });
   connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &TEditControl::alignHorizontalRange);
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &TEditControl::alignHorizontalValue);
+  // Qt's own handling of page steps would move the text before the message is sent; the bar's is as good, one line
+  // being one step.
+  disconnect(verticalScrollBar(), &QScrollBar::actionTriggered, this, nullptr);
   connect(horizontalScrollBar(), &QScrollBar::actionTriggered, this, [this] { sendScroll(Qt::Horizontal); });
   connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { sendScroll(Qt::Vertical); });
 }
@@ -255,6 +263,10 @@ void TEditControl::setTopLine(int line) {
 }
 
 void TEditControl::setLeftColumn(int column) {
+  // How far the view can go depends on the longest line that has been laid out; the visible ones must be among them.
+  const QTextBlock end = lastVisibleBlock().next();
+  for (QTextBlock block = firstVisibleBlock(); block.isValid() && block != end; block = block.next())
+    blockBoundingRect(block);
   horizontalScrollBar()->setValue((std::max(column, 1) - 1) * cellSize().width());
 }
 

@@ -98,7 +98,7 @@ public:
   // The gutter left of the text, 30 at first; 0 hides it.
   int gutterWidth() const { return gutterWidth_; }
   void setGutterWidth(int width);
-  // The editor font; a font that is not monospaced is taken, but its glyphs will not fill their cells.
+  // The editor font. One that is not monospaced is taken, but its characters will not keep to their cells.
   QString editorFontFamily() const { return fontFamily_; }
   int editorFontPoints() const { return fontPoints_; }
   void setEditorFont(const QString& family, int points);

@@ -95,7 +95,8 @@ void TEditControl::EndDrawing(const QRect& area) {
 
 void TEditControl::paintEvent(QPaintEvent* event) {
   const QRegion region = event->region().translated(gutterWidth_, 0);
-  if (paintWanted_ || !surfaceFits() || !(region - copyOnly_).isEmpty())
+  const bool copyWillDo = viewport_->isRendered() || (region - copyOnly_).isEmpty();
+  if (paintWanted_ || !surfaceFits() || !copyWillDo)
     paintPass(*event);
   copyOnly_ -= region;
   QPainter painter(viewport_);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QBackingStore>
 #include <QImage>
 #include <QWidget>
 
@@ -17,6 +18,15 @@ public:
     offset_ = QPoint(-shift, 0);
   }
 
+  // Whether a paint event goes elsewhere than to the screen, as when somebody takes a picture of the widget.
+  bool isRendered() const {
+    QPoint offset;
+    const QPaintDevice* target = QWidget::redirected(&offset);
+    QBackingStore* screen = window()->backingStore();
+    return QWidget::sharedPainter() != nullptr ||
+           (target != nullptr && (screen == nullptr || target != screen->paintDevice()));
+  }
+
 protected:
   QPaintDevice* redirected(QPoint* offset) const override {
     if (image_ == nullptr)
@@ -25,6 +35,8 @@ protected:
       *offset = offset_;
     return image_;
   }
+  // While a picture of the widget is taken its painters share one, which would go past the image.
+  QPainter* sharedPainter() const override { return image_ == nullptr ? QWidget::sharedPainter() : nullptr; }
 
 private:
   QImage* image_ = nullptr;

@@ -201,6 +201,8 @@ void PascalHighlighter::colour(QTextBlock block, TCommentState start) {
   if (ranges == layout->formats())
     return;
   // The line is being painted, or about to be: the layout must take the formats in without asking for a further paint.
+  // Views do have to hear how wide the line is, so it is laid out once before.
+  document_.documentLayout()->blockBoundingRect(block);
   const QSignalBlocker quiet(document_.documentLayout());
   layout->setFormats(ranges);
   document_.markContentsDirty(block.position(), block.length());
