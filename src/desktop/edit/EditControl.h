@@ -205,7 +205,7 @@ private:
   void paintPass(QPaintEvent& event);
   void paintByDefault();
   void eraseByDefault();
-  void paintGutter(QPaintEvent& event);
+  void paintGutter();
   void paintCaret(QPainter& painter) const;
   bool surfaceFits() const;
   void fitSurface();
@@ -261,7 +261,7 @@ private:
   QString helpKeyword_;
 
   QImage surface_;
-  QRegion copyOnly_;          // of the client area: to be shown again although nothing has changed but the surface
+  QRegion copyOnly_;          // of the viewport: to be shown again although nothing has changed but the surface
   bool paintWanted_ = true;   // the next paint event must be a paint pass
   bool eraseWanted_ = true;   // the next paint pass begins with WM_ERASEBKGND
   bool painting_ = false;     // inside a paint pass

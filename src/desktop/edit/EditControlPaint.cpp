@@ -59,13 +59,12 @@ void TEditControl::requestErase() {
 
 // Has `area` of the client area copied to the screen; nothing is painted.
 void TEditControl::requestCopy(const QRegion& area) {
-  const QRegion client = area & QRect(QPoint(), clientSize());
-  copyOnly_ += client;
-  const QRegion text = client.translated(-gutterWidth_, 0) & viewport_->rect();
+  const QRegion text = area.translated(-gutterWidth_, 0) & viewport_->rect();
+  copyOnly_ += text;
   if (!text.isEmpty())
     viewport_->update(text);
-  if (client.intersects(gutter_->rect()))
-    gutter_->update(client & gutter_->rect());
+  if (area.intersects(gutter_->rect())) // never more than a copy of the picture
+    gutter_->update(area & gutter_->rect());
 }
 
 // The text widget asks for updates by its own blinking as well, which changes nothing here: a small rectangle around
@@ -73,7 +72,7 @@ void TEditControl::requestCopy(const QRegion& area) {
 void TEditControl::onUpdateRequest(const QRect& rect, int dy) {
   constexpr int margin = 6; // Qt grows the caret's rectangle by up to 5 pixels
   if (dy == 0 && caretRect().adjusted(-margin, -margin, margin, margin).contains(rect))
-    copyOnly_ += rect.translated(gutterWidth_, 0);
+    copyOnly_ += rect;
   else
     requestPaint();
 }
@@ -94,11 +93,13 @@ void TEditControl::EndDrawing(const QRect& area) {
 }
 
 void TEditControl::paintEvent(QPaintEvent* event) {
-  const QRegion region = event->region().translated(gutterWidth_, 0);
-  const bool copyWillDo = viewport_->isRendered() || (region - copyOnly_).isEmpty();
+  const QRegion& region = event->region();
+  const bool rendered = viewport_->isRendered(); // the screen still waits for what was asked for
+  const bool copyWillDo = rendered || (region - copyOnly_).isEmpty();
   if (paintWanted_ || !surfaceFits() || !copyWillDo)
     paintPass(*event);
-  copyOnly_ -= region;
+  if (!rendered)
+    copyOnly_ -= region;
   QPainter painter(viewport_);
   painter.drawImage(-gutterWidth_, 0, surface_);
   paintCaret(painter);
@@ -118,8 +119,8 @@ void TEditControl::paintPass(QPaintEvent& event) {
   }
   send(platform::WM_PAINT, 0, &event);
 
-  QRegion unseen = QRegion(viewport_->rect()) - event.region();
-  unseen.translate(gutterWidth_, 0);
+  const QRegion shown = viewport_->isRendered() ? QRegion() : event.region();
+  QRegion unseen = (QRegion(viewport_->rect()) - shown).translated(gutterWidth_, 0);
   if (!gutterAsked_)
     unseen += gutter_->rect();
   requestCopy(unseen);
@@ -148,9 +149,8 @@ void TEditControl::eraseByDefault() {
   }
 }
 
-void TEditControl::paintGutter(QPaintEvent& event) {
+void TEditControl::paintGutter() {
   gutterAsked_ = false;
-  copyOnly_ -= event.region();
   QPainter painter(gutter_);
   if (surface_.isNull())
     painter.fillRect(gutter_->rect(), scheme_.gutterGround);
@@ -207,7 +207,7 @@ bool TEditControl::eventFilter(QObject* watched, QEvent* event) {
   if (watched != gutter_)
     return QPlainTextEdit::eventFilter(watched, event);
   if (event->type() == QEvent::Paint)
-    paintGutter(static_cast<QPaintEvent&>(*event));
+    paintGutter();
   else if (event->type() == QEvent::Wheel)
     wheelEvent(static_cast<QWheelEvent*>(event));
   else

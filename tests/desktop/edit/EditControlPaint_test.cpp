@@ -194,6 +194,8 @@ TEST_F(EditControlPaint, TakesWhatIsPendingIntoAPictureOfTheControl) {
   const QPointF middle = QRectF(cellRect(1, 1)).center() * control.devicePixelRatioF();
   EXPECT_EQ(taken.pixelColor(middle.toPoint()), ink);
   EXPECT_EQ(cellColor(1, 1), ink);
+  support::settle();
+  EXPECT_EQ(recorder.count(WM_PAINT), 1) << "the screen gets a copy";
 }
 
 TEST_F(EditControlPaint, RemovesAMarkWithTheNextKey) {
