@@ -25,6 +25,13 @@ platform::TOTACharPos CharPosOf(const TQVLitePasElement& element) {
   return {static_cast<std::int16_t>(element.Column), element.Line};
 }
 
+// Whether the caret is just before the opening bracket or just after the closing one. Its screen column is compared
+// with the bracket's character index, so behind tabs the test looks at another place than the mark goes to. Intended.
+bool Touches(const platform::TOTAEditPos& caret, const TQVLitePasElement& open, const TQVLitePasElement& close) {
+  return (caret.Line == open.Line && caret.Col - 1 == CharPosOf(open).CharIndex) ||
+         (caret.Line == close.Line && caret.Col - 2 == CharPosOf(close).CharIndex);
+}
+
 } // namespace
 
 void TQVEditorProxy::DrawActionExecute() {
@@ -44,8 +51,9 @@ void TQVEditorProxy::PaintEditor(platform::TMessage& message) {
     return;
   // Drawing on demand lets the host bring its picture up to date first, which arrives here as a paint inside the pass:
   // that one is the host's alone, and the pass under way draws the additions.
-  if (!ours || parsing_)
+  if (!ours || painting_)
     return;
+  const QScopedValueRollback painting(painting_, true);
   BlockColorIndex = 0;
   PaintStructure(*buffer);
   PaintMarkers(buffer->GetFileName());
@@ -55,8 +63,8 @@ void TQVEditorProxy::PaintEditor(platform::TMessage& message) {
 
 void TQVEditorProxy::PaintStructure(platform::IOTAEditBuffer& buffer) {
   GetSourceFromReader(buffer.CreateReader(), source_);
-  const QScopedValueRollback parsing(parsing_, true);
   try {
+    caret_ = {EdGetCaretX(), EdGetCaretY()};
     LiteParser->ParseFull(source_.c_str());
   } catch (...) {
     // A drawing that fails ends the marks of this pass, nothing else: the host has painted, and the pass goes on.
@@ -80,19 +88,11 @@ void TQVEditorProxy::ProcessRounds(std::span<const TQVLitePasElement> elements) 
     return;
   const TQVLitePasElement& open = elements[0];
   const TQVLitePasElement& close = elements[1];
-  if (!CaretTouches(open, close))
+  if (!Touches(caret_, open, close))
     return;
   Log(QStringLiteral("Drawing Parens"));
   DrawCursorBlockAt(CharPosOf(open), 1, TQVCellColor::Paren);
   DrawCursorBlockAt(CharPosOf(close), 1, TQVCellColor::Paren);
-}
-
-// The caret is just before the opening bracket or just after the closing one. Its screen column is compared with the
-// bracket's character index, so behind tabs the test looks at another place than the mark goes to. Intended.
-bool TQVEditorProxy::CaretTouches(const TQVLitePasElement& open, const TQVLitePasElement& close) const {
-  const int caretLine = EdGetCaretY();
-  return (caretLine == open.Line && EdGetCaretX() - 1 == CharPosOf(open).CharIndex) ||
-         (caretLine == close.Line && EdGetCaretX() - 2 == CharPosOf(close).CharIndex);
 }
 
 void TQVEditorProxy::DrawCursorBlockAt(const platform::TOTAEditPos& position, int cells, TQVCellColor color) {

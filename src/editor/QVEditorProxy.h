@@ -174,7 +174,6 @@ private:
   void PaintMarkers(const QString& fileName);
   void PaintBlock(std::span<const TQVLitePasElement> elements);
   void ProcessRounds(std::span<const TQVLitePasElement> elements);
-  bool CaretTouches(const TQVLitePasElement& open, const TQVLitePasElement& close) const;
   platform::TOTAEditPos ToEditPos(platform::TOTACharPos position) const;
 
   QPointer<platform::TActionList> ActionList;
@@ -188,8 +187,11 @@ private:
   QPointer<platform::TAction> DrawAction;
   platform::TWndMethod OldEditorWndProc;
 
-  bool parsing_ = false;
-  std::string source_; // the text of the last pass, kept for its capacity
+  // Of the pass under way. The caret is read once, since a text may hold a hundred thousand pairs of brackets; both its
+  // values are 16 bits wide.
+  bool painting_ = false;
+  platform::TOTAEditPos caret_;
+  std::string source_; // kept between passes for its capacity
 };
 
 } // namespace quorvane

@@ -519,6 +519,18 @@ TEST_F(QVEditorPaintLineNumbers, AreNoneWithoutTheOption) {
   EXPECT_EQ(PictureAfterPaint(), PictureOfTheHost());
 }
 
+TEST_F(QVEditorPaintLineNumbers, AreWrittenOnceWhenAPaintComesWhileDrawingOnDemand) {
+  Show("\n\n", 20, 5, 40);
+  const QImage once = PictureAfterPaint();
+  PictureOfTheHost();
+  Editor().OnBeginDrawing = [this, pending = true]() mutable {
+    if (std::exchange(pending, false))
+      Editor().Send(platform::WM_PAINT);
+  };
+  PressHotKey();
+  EXPECT_EQ(Editor().Picture(), once);
+}
+
 TEST_F(QVEditorPaintLineNumbers, WithoutAViewAreAnAssertion) {
   Services->TopView = nullptr;
   EXPECT_EQ(AssertionOf([this] { Proxy->PaintLineNumbers(Editor().Canvas()); }).Unit(), "QVEditorProxy");
