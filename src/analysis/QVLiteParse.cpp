@@ -116,10 +116,8 @@ void TQVLitePasParser::ParseTo(const char*, std::int32_t, std::int32_t) {
   throw EParserError("TQVLitePasParser.ParseTo(..) is unimplemented");
 }
 
-void TQVLitePasParser::NextToken() {
-  FLexer.Next();
-  if (FLexer.TokenID() == ptNull) [[unlikely]]
-    throw EEndOfFile();
+void TQVLitePasParser::RaiseEndOfFile() {
+  throw EEndOfFile();
 }
 
 void TQVLitePasParser::DoTop() {
@@ -179,8 +177,8 @@ void TQVLitePasParser::Dispatch(TStep step) {
 void TQVLitePasParser::Open(TConstruct construct) {
   FConstruct = construct;
   FMarks.push_back(Record());
-  for (int middle = 0; middle < Tables.Row(construct).MiddleCount; ++middle)
-    FMarks.push_back({.Construct = construct});
+  if (const std::size_t middles = Tables.Row(construct).MiddleCount; middles != 0)
+    FMarks.insert(FMarks.end(), middles, {.Construct = construct});
   if (construct == TConstruct::If)
     FMarks.back().Position = NotSeen;
 }
@@ -192,33 +190,43 @@ void TQVLitePasParser::TakeMiddle(std::size_t number) {
 }
 
 void TQVLitePasParser::Close() {
-  const std::size_t markCount = Tables.Row(FConstruct).MiddleCount + std::size_t{1};
-  std::array<TMark, 3> marks;
-  std::copy_n(FMarks.end() - static_cast<std::ptrdiff_t>(markCount), markCount, marks.begin());
-  std::size_t count = markCount;
-  if (FConstruct != TConstruct::If)
-    marks[count++] = Record();
-  else if (marks.back().Position == NotSeen)
-    --count;
-  const TQVLitePasEvent& event = FConstruct == TConstruct::Rounds ? FOnRound : FOnBlock;
-  FMarks.resize(FMarks.size() - markCount);
-  FConstruct = FMarks.empty() ? TConstruct::Top : FMarks.back().Construct;
-  if (event)
-    Announce(std::span(marks).first(count), event);
+  const TConstruct construct = FConstruct;
+  const TQVLitePasEvent& event = construct == TConstruct::Rounds ? FOnRound : FOnBlock;
+  const std::size_t middles = Tables.Row(construct).MiddleCount;
+  const std::size_t opener = FMarks.size() - middles - 1;
+  const auto element = [this, opener](std::size_t number) { return ElementOf(FMarks[opener + number]); };
+  if (!event) {
+    Leave(opener);
+  } else if (construct != TConstruct::If) {
+    if (middles == 0)
+      Announce(event, opener, std::array{element(0), ElementOf(Record())});
+    else
+      Announce(event, opener, std::array{element(0), element(1), ElementOf(Record())});
+  } else if (FMarks.back().Position == NotSeen) {
+    Announce(event, opener, std::array{element(0), element(1)});
+  } else {
+    Announce(event, opener, std::array{element(0), element(1), element(2)});
+  }
 }
 
-void TQVLitePasParser::Announce(std::span<const TMark> marks, const TQVLitePasEvent& event) const {
-  std::array<TQVLitePasElement, 3> elements;
-  for (std::size_t index = 0; index < marks.size(); ++index) {
-    const TMark& mark = marks[index];
-    TQVLitePasElement& element = elements[index];
-    element.Position = mark.Position;
-    element.Line = mark.Line;
-    element.Column = mark.Column;
-    element.Kind = mark.Kind;
-    element.Text.assign(FLexer.Origin() + mark.Position - mark.Length, mark.Length);
-  }
-  event(std::span(elements).first(marks.size()));
+// The event comes last: it may use this parser for another text.
+void TQVLitePasParser::Announce(const TQVLitePasEvent& event, std::size_t opener,
+                                std::span<const TQVLitePasElement> elements) {
+  Leave(opener);
+  event(elements);
+}
+
+void TQVLitePasParser::Leave(std::size_t opener) {
+  FMarks.resize(opener);
+  FConstruct = FMarks.empty() ? TConstruct::Top : FMarks.back().Construct;
+}
+
+TQVLitePasElement TQVLitePasParser::ElementOf(TMark mark) const {
+  return {.Position = mark.Position,
+          .Line = mark.Line,
+          .Column = mark.Column,
+          .Kind = mark.Kind,
+          .Text = std::string(FLexer.Origin() + mark.Position - mark.Length, mark.Length)};
 }
 
 TQVLitePasParser::TMark TQVLitePasParser::Record() const {

@@ -75,7 +75,11 @@ public:
   [[noreturn]] void ParseTo(const char* text, std::int32_t a, std::int32_t b);
 
   // Scans one token, of whatever kind; throws EEndOfFile where that is the end of the text.
-  void NextToken();
+  void NextToken() {
+    FLexer.Next();
+    if (FLexer.TokenID() == ptNull) [[unlikely]]
+      RaiseEndOfFile();
+  }
 
   // What the parser does about these, which is nothing: they hold no structure that is announced.
   void DoBraceComment() {}
@@ -103,6 +107,8 @@ private:
 
   static const TTables Tables;
 
+  [[noreturn]] static void RaiseEndOfFile();
+
   // The operations of the constructs. DoTop walks the whole text; each of the others opens its construct on the token
   // at the lexer.
   [[noreturn]] void DoTop();
@@ -118,9 +124,11 @@ private:
   void Open(TConstruct construct);
   void TakeMiddle(std::size_t number);
   void Close();
-  void Announce(std::span<const TMark> marks, const TQVLitePasEvent& event) const;
+  void Announce(const TQVLitePasEvent& event, std::size_t opener, std::span<const TQVLitePasElement> elements);
+  void Leave(std::size_t opener);
 
   TMark Record() const;
+  TQVLitePasElement ElementOf(TMark mark) const;
 
   TQVLitePasEvent FOnBlock;
   TQVLitePasEvent FOnRound;

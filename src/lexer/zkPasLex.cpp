@@ -8,9 +8,6 @@
 namespace quorvane {
 namespace {
 
-// Stands in for the text that has not been given yet, so that scanning needs no test for it.
-constexpr char NoText[] = "";
-
 constexpr bool IsLineEnd(unsigned char c) {
   return c == '\n' || c == '\r';
 }
@@ -80,10 +77,6 @@ void TzkBasePasLex::InitLine() {
 void TzkBasePasLex::SetRunPos(std::int32_t runPos) {
   FRun = runPos;
   Next();
-}
-
-const char* TzkBasePasLex::Origin() const {
-  return FOrigin == NoText ? nullptr : FOrigin;
 }
 
 std::string TzkBasePasLex::GetToken() const {

@@ -112,7 +112,7 @@ public:
   std::int32_t LinePos() const { return FLinePos; }
 
   // The text as given; null when there is none.
-  const char* Origin() const;
+  const char* Origin() const { return FOrigin == NoText ? nullptr : FOrigin; }
 
   // A copy of the token's characters, and how many they are.
   std::string GetToken() const;
@@ -178,6 +178,9 @@ protected:
   void Restore(const TzkPasLexStatus& status);
 
 private:
+  // Stands in for the text that has not been given yet, so that scanning needs no test for it.
+  static constexpr char NoText[] = "";
+
   using TCharProc = void (*)(TzkBasePasLex& lex);
   using TIdentFunc = TptTokenKind (*)(TzkBasePasLex& lex, TWordSum sum);
   using TProcTable = std::array<TCharProc, 256>;
@@ -223,7 +226,10 @@ private:
   void RunToRoundEnd();
 
   void TakeLineEnd(std::int32_t length);
-  void Take(std::int32_t length, TptTokenKind kind);
+  void Take(std::int32_t length, TptTokenKind kind) {
+    FRun += length;
+    FTokenID = kind;
+  }
 
   // Run over identifier characters and sum them up; compare the token, given its sum, with a word of the same hash.
   TWordSum KeyHash();

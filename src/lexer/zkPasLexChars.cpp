@@ -77,11 +77,6 @@ constinit const TzkBasePasLex::TProcTable TzkBasePasLex::CharProcs = [] {
   return procs;
 }();
 
-void TzkBasePasLex::Take(std::int32_t length, TptTokenKind kind) {
-  FRun += length;
-  FTokenID = kind;
-}
-
 void TzkBasePasLex::NullProc(TzkBasePasLex& lex) {
   lex.FTokenID = ptNull;
 }

@@ -3,7 +3,7 @@
 // stack, and easy to believe. The real parser is compared with it.
 #pragma once
 
-#include <functional>
+#include <algorithm>
 #include <string>
 #include <vector>
 

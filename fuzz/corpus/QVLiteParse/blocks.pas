@@ -1,0 +1,1 @@
+begin case a of 1: b; end; if a then b else c; repeat x until y; try z except w end end

@@ -1,0 +1,2 @@
+begin 'begin' { begin } (* end *) // if
+ end

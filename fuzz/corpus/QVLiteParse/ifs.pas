@@ -1,0 +1,1 @@
+begin if a then if b then c; d; if (e)then begin f end else g; end

@@ -1,0 +1,1 @@
+begin try try a finally b end except c end; end.

@@ -1,0 +1,1 @@
+begin begin try case if repeat (

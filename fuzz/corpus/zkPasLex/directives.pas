@@ -1,0 +1,2 @@
+{$IFDEF A}{$R+}{$R a.res}(*$I inc*){$DEFINE b
+}{$Q+,R- x}{$}

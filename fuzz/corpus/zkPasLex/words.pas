@@ -1,0 +1,1 @@
+begin End BEGIN Integer Int12 Real00 Resourcestring Stringresource Initialization _ Zzzzzzzz
