@@ -23,6 +23,11 @@ struct SourceDocument::Served {
 SourceDocument::SourceDocument(const QString& fileName, bool untitled, QObject* parent)
     : QTextDocument(parent), fileName_(fileName), untitled_(untitled) {
   setDocumentLayout(new QPlainTextDocumentLayout(this));
+  // Editors want no margin. Set later it would count as an edit, modify the document and be there to be undone.
+  setUndoRedoEnabled(false);
+  setDocumentMargin(0);
+  setUndoRedoEnabled(true);
+  setModified(false);
 }
 
 SourceDocument::~SourceDocument() = default;

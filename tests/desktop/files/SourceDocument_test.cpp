@@ -134,6 +134,13 @@ TEST_F(SourceDocumentTest, HasNothingToUndoWhenItIsOpened) {
   EXPECT_FALSE(document->isModified());
 }
 
+TEST_F(SourceDocumentTest, IsUnmodifiedWithNothingToUndoWhenItIsNew) {
+  const auto document = newDocument(folder(), [](const QString&) { return false; });
+  EXPECT_FALSE(document->isModified());
+  EXPECT_FALSE(document->isUndoAvailable());
+  EXPECT_EQ(document->documentMargin(), 0);
+}
+
 TEST_F(SourceDocumentTest, NamesItsEncoding) {
   EXPECT_EQ(openBytes("a")->encodingName(), QStringLiteral("UTF-8"));
   EXPECT_EQ(openBytes("\xEF\xBB\xBF"
