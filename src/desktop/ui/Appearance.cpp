@@ -7,6 +7,7 @@
 #include <QFontDatabase>
 
 #include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -55,13 +56,13 @@ QString usualFamily() {
 } // namespace
 
 Appearance::Appearance(QObject* parent)
-    : QObject(parent), desktopPalette_(QApplication::palette()), fontFamily_(usualFamily()), usualPoints_(10),
-      fontPoints_(usualPoints_) {
+    : QObject(parent), fontFamily_(usualFamily()), usualPoints_(10), fontPoints_(usualPoints_) {
   applyPalette();
 }
 
-bool Appearance::isDark() const {
-  return colours_ == Colours::Dark || (colours_ == Colours::Desktop && isDarkPalette(desktopPalette_));
+Appearance::~Appearance() {
+  if (ownPalette_)
+    QApplication::setPalette(QPalette());
 }
 
 void Appearance::setColours(Colours colours) {
@@ -72,11 +73,23 @@ void Appearance::setColours(Colours colours) {
   Q_EMIT changed();
 }
 
-void Appearance::applyPalette() const {
-  if (isDark() == isDarkPalette(desktopPalette_))
-    QApplication::setPalette(desktopPalette_);
-  else
-    QApplication::setPalette(isDark() ? darkPalette() : lightPalette());
+void Appearance::applyPalette() {
+  // A palette that sets nothing is the desktop's.
+  if (std::exchange(ownPalette_, false))
+    QApplication::setPalette(QPalette());
+  const bool desktopIsDark = isDarkPalette(QApplication::palette());
+  dark_ = colours_ == Colours::Desktop ? desktopIsDark : colours_ == Colours::Dark;
+  if (dark_ == desktopIsDark)
+    return;
+  ownPalette_ = true;
+  QApplication::setPalette(dark_ ? darkPalette() : lightPalette());
+}
+
+void Appearance::followDesktop() {
+  if (colours_ != Colours::Desktop || isDarkPalette(QApplication::palette()) == dark_)
+    return;
+  applyPalette();
+  Q_EMIT changed();
 }
 
 void Appearance::setFontPoints(int points) {

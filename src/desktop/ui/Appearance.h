@@ -3,7 +3,6 @@
 
 #include <QFont>
 #include <QObject>
-#include <QPalette>
 
 namespace desktop {
 
@@ -20,11 +19,15 @@ public:
   enum class Colours { Light, Dark, Desktop };
 
   explicit Appearance(QObject* parent = nullptr);
+  // Gives the application its own colours back.
+  ~Appearance() override;
 
   Colours colours() const { return colours_; }
   void setColours(Colours colours);
   // Whether text is light on dark at present.
-  bool isDark() const;
+  bool isDark() const { return dark_; }
+  // To be called when the desktop may have changed its colours.
+  void followDesktop();
 
   // The monospaced font of the text and its size.
   const QString& fontFamily() const { return fontFamily_; }
@@ -40,10 +43,11 @@ Q_SIGNALS:
   void changed();
 
 private:
-  void applyPalette() const;
+  void applyPalette();
 
   Colours colours_ = Colours::Light;
-  QPalette desktopPalette_;
+  bool ownPalette_ = false; // the application's palette is one of this class's
+  bool dark_ = false;
   QString fontFamily_;
   int usualPoints_;
   int fontPoints_;

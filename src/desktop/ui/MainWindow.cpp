@@ -3,6 +3,7 @@
 
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/SourceDocument.h"
+#include "desktop/ui/Appearance.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCommands.h"
 #include "desktop/ui/Page.h"
@@ -25,7 +26,7 @@ MainWindow::MainWindow(Workspace& workspace, const QString& editWindowName) : wo
                                                            : QStringLiteral("Frame_") + editWindowName);
   editWindow_ = new TEditWindow(editWindowName, this);
   setCentralWidget(editWindow_);
-  new WindowCommands(this, workspace);
+  commands_ = new WindowCommands(this, workspace);
   resize(1000, 700);
 
   setAcceptDrops(true);
@@ -37,6 +38,7 @@ MainWindow::MainWindow(Workspace& workspace, const QString& editWindowName) : wo
 }
 
 MainWindow::~MainWindow() {
+  delete commands_; // it follows the focus, which moves while windows go
   delete editWindow_;
 }
 
@@ -45,6 +47,12 @@ void MainWindow::showTitle() {
   setWindowTitle(page != nullptr ? tr("%1[*] \u2013 Virelle").arg(page->title()) : tr("Virelle"));
   setWindowFilePath(page != nullptr && !page->document()->isUntitled() ? page->document()->fileName() : QString());
   setWindowModified(page != nullptr && page->document()->isModified());
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange)
+    workspace_.appearance().followDesktop();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -6,6 +6,7 @@
 namespace desktop {
 
 class TEditWindow;
+class WindowCommands;
 class Workspace;
 
 // The frame around one editor window: menus, title, dropping of files, closing. The frame of the first editor window is
@@ -17,12 +18,13 @@ public:
   // A frame with an editor window named `editWindowName`.
   MainWindow(Workspace& workspace, const QString& editWindowName);
 
-  // Destroys the editor window first, while the frame is still whole.
+  // Destroys the commands and then the editor window first, while the frame is still whole.
   ~MainWindow() override;
 
   TEditWindow* editWindow() const { return editWindow_; }
 
 protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -32,6 +34,7 @@ private:
 
   Workspace& workspace_;
   TEditWindow* editWindow_;
+  WindowCommands* commands_;
 };
 
 } // namespace desktop

@@ -164,7 +164,8 @@ void WindowCommands::addRows(QMenu* menu, std::span<const Row> rows) {
 QAction* WindowCommands::addAction(const Row& row) {
   auto* const action = new QAction(QIcon::fromTheme(QLatin1StringView(row.icon)), tr(row.text), frame_);
   action->setObjectName(QLatin1StringView(row.name));
-  action->setShortcuts(QKeySequence::listFromString(QLatin1StringView(row.shortcuts)));
+  if (*row.shortcuts != '\0')
+    action->setShortcuts(QKeySequence::listFromString(QLatin1StringView(row.shortcuts)));
   connect(action, &QAction::triggered, this, row.run);
   return action;
 }

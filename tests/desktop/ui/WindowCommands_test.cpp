@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/UiFixture.h"
+
+#include "desktop/ui/Appearance.h"
+#include "desktop/ui/GoToLineDialog.h"
+#include "desktop/ui/PackagesDialog.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSet>
+#include <QSpinBox>
+#include <QTreeWidget>
+
+namespace desktop {
+namespace {
+
+class WindowCommandsTest : public UiFixture {
+protected:
+  QMenu* menu(const QString& name) const { return qobject_cast<QMenu*>(platform::FindComponent(*frame(), name)); }
+  bool enabled(const char* name) const { return action(QString::fromLatin1(name))->isEnabled(); }
+  void trigger(const char* name) const { action(QString::fromLatin1(name))->trigger(); }
+};
+
+QStringList texts(const QList<QAction*>& actions) {
+  QStringList found;
+  for (const QAction* action : actions)
+    found.append(action->isSeparator() ? QStringLiteral("-") : action->text());
+  return found;
+}
+
+TEST_F(WindowCommandsTest, MenusStandInTheirUsualOrder) {
+  EXPECT_EQ(texts(frame()->menuBar()->actions()),
+            (QStringList{QStringLiteral("&File"), QStringLiteral("&Edit"), QStringLiteral("&Search"),
+                         QStringLiteral("&View"), QStringLiteral("&Tools"), QStringLiteral("&Help")}));
+}
+
+TEST_F(WindowCommandsTest, FileMenuHoldsItsCommands) {
+  EXPECT_EQ(texts(menu(QStringLiteral("FileMenu"))->actions()),
+            (QStringList{QStringLiteral("&New"), QStringLiteral("New &Window"), QStringLiteral("&Open..."),
+                         QStringLiteral("-"), QStringLiteral("&Save"), QStringLiteral("Save &As..."),
+                         QStringLiteral("-"), QStringLiteral("&Close"), QStringLiteral("E&xit")}));
+}
+
+TEST_F(WindowCommandsTest, EditMenuHoldsItsCommands) {
+  EXPECT_EQ(texts(menu(QStringLiteral("EditMenu"))->actions()),
+            (QStringList{QStringLiteral("&Undo"), QStringLiteral("&Redo"), QStringLiteral("-"), QStringLiteral("Cu&t"),
+                         QStringLiteral("&Copy"), QStringLiteral("&Paste"), QStringLiteral("-"),
+                         QStringLiteral("Select &All")}));
+}
+
+TEST_F(WindowCommandsTest, SearchMenuHoldsItsCommands) {
+  EXPECT_EQ(texts(menu(QStringLiteral("SearchMenu"))->actions()),
+            (QStringList{QStringLiteral("&Find..."), QStringLiteral("Find &Next"), QStringLiteral("Find &Previous"),
+                         QStringLiteral("-"), QStringLiteral("&Go to Line Number...")}));
+}
+
+TEST_F(WindowCommandsTest, NoShortcutIsGivenTwice) {
+  QSet<QString> seen;
+  for (const QAction* each : frame()->findChildren<QAction*>()) {
+    for (const QKeySequence& keys : each->shortcuts()) {
+      EXPECT_FALSE(seen.contains(keys.toString())) << keys.toString().toStdString();
+      seen.insert(keys.toString());
+    }
+  }
+  EXPECT_GT(seen.size(), 15);
+}
+
+TEST_F(WindowCommandsTest, NoMnemonicIsGivenTwiceInAMenu) {
+  for (const QMenu* each : frame()->findChildren<QMenu*>()) {
+    QSet<QChar> seen;
+    for (const QAction* item : each->actions()) {
+      const qsizetype mark = item->text().indexOf(u'&');
+      if (mark < 0)
+        continue;
+      const QChar letter = item->text().at(mark + 1).toLower();
+      EXPECT_FALSE(seen.contains(letter)) << item->text().toStdString();
+      seen.insert(letter);
+    }
+  }
+}
+
+TEST_F(WindowCommandsTest, AnAddInPutsItsItemDirectlyAboveTheGalleryItem) {
+  QMenu* const tools = menu(QStringLiteral("ToolsMenu"));
+  QAction* const gallery = action(QStringLiteral("ToolsGalleryItem"));
+  ASSERT_NE(tools, nullptr);
+  ASSERT_TRUE(tools->actions().contains(gallery));
+  QAction item(QStringLiteral("Options..."));
+  tools->insertAction(gallery, &item);
+  EXPECT_EQ(tools->actions().indexOf(&item) + 1, tools->actions().indexOf(gallery));
+}
+
+TEST_F(WindowCommandsTest, FurtherWindowsShowTheToolsOfTheMainForm) {
+  TEditWindow* const other = workspace.newWindow();
+  QAction item(QStringLiteral("Options..."));
+  QMenu* const tools = menu(QStringLiteral("ToolsMenu"));
+  tools->insertAction(action(QStringLiteral("ToolsGalleryItem")), &item);
+  auto* const mirror =
+      qobject_cast<QMenu*>(platform::FindComponent(*workspace.frameOf(other), QStringLiteral("ToolsMenu")));
+  ASSERT_NE(mirror, nullptr);
+  Q_EMIT mirror->aboutToShow();
+  EXPECT_EQ(mirror->actions(), tools->actions());
+}
+
+TEST_F(WindowCommandsTest, TheGalleryItemListsThePackages) {
+  workspace.setPackageLister([] {
+    return QList<PackageRow>{{QStringLiteral("An add-in"), QStringLiteral("/x/y.so")}};
+  });
+  const support::ModalAnswer<PackagesDialog> answer([](PackagesDialog& dialog) {
+    const auto* const list = dialog.findChild<QTreeWidget*>();
+    ASSERT_EQ(list->topLevelItemCount(), 1);
+    EXPECT_EQ(list->topLevelItem(0)->text(0), QStringLiteral("An add-in"));
+    EXPECT_EQ(list->topLevelItem(0)->text(1), QStringLiteral("/x/y.so"));
+    support::clickButton(dialog, QStringLiteral("Close"));
+  });
+  trigger("ToolsGalleryItem");
+}
+
+TEST_F(WindowCommandsTest, GoesToALineNumber) {
+  openText(QStringLiteral("a.pas"), "1\n2\n3\n4\n");
+  const support::ModalAnswer<GoToLineDialog> answer([](GoToLineDialog& dialog) {
+    auto* const line = dialog.findChild<QSpinBox*>();
+    EXPECT_EQ(line->minimum(), 1);
+    EXPECT_EQ(line->maximum(), 5);
+    EXPECT_EQ(line->value(), 1);
+    line->setValue(4);
+    dialog.accept();
+  });
+  trigger("SearchGoToCommand");
+  EXPECT_EQ(editor()->caretRow(), 4);
+}
+
+TEST_F(WindowCommandsTest, ACancelledGoToLeavesTheCaret) {
+  openText(QStringLiteral("a.pas"), "1\n2\n3\n4\n");
+  editor()->setCaret(3, 1);
+  const support::ModalAnswer<GoToLineDialog> answer([](GoToLineDialog& dialog) {
+    dialog.findChild<QSpinBox*>()->setValue(1);
+    dialog.reject();
+  });
+  trigger("SearchGoToCommand");
+  EXPECT_EQ(editor()->caretRow(), 3);
+}
+
+TEST_F(WindowCommandsTest, WithoutAPageOnlyWhatNeedsNoneIsEnabled) {
+  for (const char* name : {"FileSaveCommand", "FileSaveAsCommand", "FileCloseCommand", "EditUndoCommand",
+                           "EditPasteCommand", "EditSelectAllCommand", "SearchFindCommand", "SearchGoToCommand"})
+    EXPECT_FALSE(enabled(name)) << name;
+  for (const char* name : {"FileNewCommand", "FileNewWindowCommand", "FileOpenCommand", "FileExitCommand",
+                           "ToolsGalleryItem", "HelpAboutCommand"})
+    EXPECT_TRUE(enabled(name)) << name;
+}
+
+TEST_F(WindowCommandsTest, SaveIsEnabledWhileThereIsSomethingToSave) {
+  openText(QStringLiteral("a.pas"), "");
+  EXPECT_FALSE(enabled("FileSaveCommand"));
+  type(QStringLiteral("x"));
+  EXPECT_TRUE(enabled("FileSaveCommand"));
+  trigger("FileSaveCommand");
+  EXPECT_FALSE(enabled("FileSaveCommand"));
+  EXPECT_EQ(read(QStringLiteral("a.pas")), "x");
+}
+
+TEST_F(WindowCommandsTest, UndoAndRedoFollowTheText) {
+  openText(QStringLiteral("a.pas"), "");
+  EXPECT_FALSE(enabled("EditUndoCommand"));
+  type(QStringLiteral("x"));
+  EXPECT_TRUE(enabled("EditUndoCommand"));
+  EXPECT_FALSE(enabled("EditRedoCommand"));
+  trigger("EditUndoCommand");
+  EXPECT_FALSE(enabled("EditUndoCommand"));
+  EXPECT_TRUE(enabled("EditRedoCommand"));
+  trigger("EditRedoCommand");
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("x"));
+}
+
+TEST_F(WindowCommandsTest, CutAndCopyNeedASelectionAndPasteNeedsText) {
+  openText(QStringLiteral("a.pas"), "one two");
+  QApplication::clipboard()->clear();
+  EXPECT_FALSE(enabled("EditCutCommand"));
+  EXPECT_FALSE(enabled("EditPasteCommand"));
+  select(0, 4);
+  EXPECT_TRUE(enabled("EditCutCommand"));
+  trigger("EditCutCommand");
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("two"));
+  ASSERT_TRUE(support::waitUntil([this] { return enabled("EditPasteCommand"); }));
+  trigger("EditPasteCommand");
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("one two"));
+  trigger("EditSelectAllCommand");
+  EXPECT_EQ(editor()->textCursor().selectedText(), QStringLiteral("one two"));
+}
+
+TEST_F(WindowCommandsTest, AReadOnlyTextCanBeCopiedButNotChanged) {
+  openText(QStringLiteral("a.pas"), "a\xE2\x80\xA9z");
+  select(0, 1);
+  EXPECT_TRUE(enabled("EditCopyCommand"));
+  EXPECT_FALSE(enabled("EditCutCommand"));
+  EXPECT_FALSE(enabled("EditPasteCommand"));
+}
+
+TEST_F(WindowCommandsTest, WhileTheFindBarHasTheFocusTheEditMenuIsForItsText) {
+  openText(QStringLiteral("a.pas"), "text");
+  activate(window());
+  window()->findBar()->open();
+  auto* const line = window()->findBar()->findChild<QLineEdit*>(QStringLiteral("FindText"));
+  ASSERT_TRUE(line->hasFocus());
+  line->setText(QStringLiteral("needle"));
+  trigger("EditSelectAllCommand");
+  EXPECT_EQ(line->selectedText(), QStringLiteral("needle"));
+  EXPECT_FALSE(editor()->textCursor().hasSelection());
+}
+
+TEST_F(WindowCommandsTest, TabsAreSteppedThroughInARound) {
+  Page* const first = openText(QStringLiteral("a.pas"), "");
+  EXPECT_FALSE(enabled("ViewNextTabCommand"));
+  Page* const second = openText(QStringLiteral("b.pas"), "");
+  EXPECT_TRUE(enabled("ViewNextTabCommand"));
+  trigger("ViewNextTabCommand");
+  EXPECT_EQ(window()->currentPage(), first);
+  trigger("ViewPreviousTabCommand");
+  EXPECT_EQ(window()->currentPage(), second);
+}
+
+TEST_F(WindowCommandsTest, ColoursAreChosenFromTheViewMenu) {
+  frame()->show();
+  ASSERT_EQ(workspace.appearance().colours(), Appearance::Colours::Light);
+  EXPECT_TRUE(action(QStringLiteral("ViewLightCommand"))->isChecked());
+  trigger("ViewDarkCommand");
+  EXPECT_TRUE(workspace.appearance().isDark());
+  EXPECT_EQ(editor()->colorScheme(), darkScheme());
+  EXPECT_TRUE(support::waitUntil([this] { return frame()->palette().color(QPalette::Window).lightness() < 128; }));
+  trigger("ViewLightCommand");
+  EXPECT_EQ(editor()->colorScheme(), lightScheme());
+  EXPECT_TRUE(support::waitUntil([this] { return frame()->palette().color(QPalette::Window).lightness() > 128; }));
+}
+
+TEST_F(WindowCommandsTest, AllWindowsShareTheColours) {
+  TEditWindow* const other = workspace.newWindow();
+  trigger("ViewDarkCommand");
+  EXPECT_EQ(other->editor()->colorScheme(), darkScheme());
+  const auto* const choice =
+      qobject_cast<QAction*>(platform::FindComponent(*workspace.frameOf(other), QStringLiteral("ViewDarkCommand")));
+  EXPECT_TRUE(choice->isChecked());
+  EXPECT_EQ(workspace.newWindow()->editor()->colorScheme(), darkScheme());
+  trigger("ViewLightCommand");
+}
+
+TEST_F(WindowCommandsTest, TextGrowsShrinksAndGoesBackToItsUsualSize) {
+  const int usual = editor()->editorFontPoints();
+  trigger("ViewLargerTextCommand");
+  trigger("ViewLargerTextCommand");
+  EXPECT_EQ(editor()->editorFontPoints(), usual + 2);
+  trigger("ViewSmallerTextCommand");
+  EXPECT_EQ(editor()->editorFontPoints(), usual + 1);
+  trigger("ViewUsualTextCommand");
+  EXPECT_EQ(editor()->editorFontPoints(), usual);
+}
+
+TEST_F(WindowCommandsTest, TextNeverGetsTooSmallToRead) {
+  workspace.appearance().setFontPoints(-5);
+  EXPECT_EQ(editor()->editorFontPoints(), 6);
+}
+
+} // namespace
+} // namespace desktop

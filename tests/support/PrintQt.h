@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// Lets googletest print Qt's strings in full.
+#pragma once
+
+#include <QString>
+
+#include <ostream>
+
+QT_BEGIN_NAMESPACE
+
+inline void PrintTo(const QString& text, std::ostream* out) {
+  *out << '"' << text.toStdString() << '"';
+}
+
+QT_END_NAMESPACE
