@@ -24,9 +24,9 @@ EPackageError::EPackageError(const std::string& file, const EPackageError& cause
     : Exception(file + ": " + cause.what()), unit_(cause.unit_) {}
 EPackageError::~EPackageError() = default;
 
-void Require(bool condition, const char* unit, std::string_view text, std::source_location where) {
+void Require(bool condition, const char* unit, std::string_view text, unsigned line) {
   if (!condition)
-    throw EAssertionFailed(std::string(text), unit, where.line());
+    throw EAssertionFailed(std::string(text), unit, line);
 }
 
 int Divide(int dividend, int divisor) {

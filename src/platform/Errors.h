@@ -8,7 +8,6 @@
 #include "platform/Export.h"
 
 #include <exception>
-#include <source_location>
 #include <string>
 #include <string_view>
 
@@ -76,7 +75,7 @@ private:
 
 // Raises EAssertionFailed, naming `unit` and the caller's line, unless `condition` holds.
 VIRELLE_PLATFORM void Require(bool condition, const char* unit, std::string_view text = "Assertion failure",
-                              std::source_location where = std::source_location::current());
+                              unsigned line = __builtin_LINE());
 
 // Integer quotient, rounded toward zero. Raises EDivByZero for a zero divisor instead of the processor's signal.
 VIRELLE_PLATFORM int Divide(int dividend, int divisor);
