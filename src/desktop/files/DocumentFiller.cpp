@@ -109,16 +109,25 @@ void DocumentFiller::checkLimits(std::u16string_view text, std::size_t bytes) {
 }
 
 void DocumentFiller::checkText(std::u16string_view text) {
-  QTextBlock block = document_.begin();
-  for (const TLine& line : TLines(text)) {
-    if (!block.isValid() || block.text() != borrowedText(line.Text) || document_.lineEndOf(block) != line.End) {
-      setReadOnly(message("The file is read-only here: its line %1 has a character that cannot be shown within a line.")
-                      .arg(block.blockNumber() + 1),
-                  false);
+  TLines lines(text);
+  auto expected = lines.begin();
+  int number = 0;
+  int wrong = 0; // the number of the first line that differs
+  document_.forEachLine([&](std::u16string_view line, TLineEnd end) {
+    ++number;
+    if (wrong != 0)
       return;
-    }
-    block = block.next();
-  }
+    if (expected == lines.end() || expected->Text != line || expected->End != end)
+      wrong = number;
+    else
+      ++expected;
+  });
+  if (wrong == 0 && expected != lines.end())
+    wrong = number;
+  if (wrong != 0)
+    setReadOnly(message("The file is read-only here: its line %1 has a character that cannot be shown within a line.")
+                    .arg(wrong),
+                false);
 }
 
 } // namespace desktop

@@ -9,10 +9,30 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace desktop {
 
 using quorvane::TLineEnd;
+
+namespace {
+
+// Calls `visit(line, last)` for every line of a document's raw text, which has all characters as they are and a
+// paragraph separator for each break; no line can hold one.
+template <class TVisit> void forEachRawLine(const QString& raw, const TVisit& visit) {
+  const std::u16string_view text = textView(raw);
+  std::size_t start = 0;
+  for (;;) {
+    const std::size_t end = text.find(QChar::ParagraphSeparator, start);
+    const bool last = end == std::u16string_view::npos;
+    visit(text.substr(start, end - start), last);
+    if (last)
+      return;
+    start = end + 1;
+  }
+}
+
+} // namespace
 
 // The served text of one revision.
 struct SourceDocument::Served {
@@ -61,17 +81,29 @@ TLineEnd SourceDocument::lineEndOf(const QTextBlock& block) const {
   return mixedLineEnds_ ? lineEndOfBreak(next.charFormat(), usualLineEnd_) : usualLineEnd_;
 }
 
+void SourceDocument::forEachLine(const LineVisitor& visit) const {
+  QTextBlock block = begin(); // followed only where the line ends differ, since that is slow
+  forEachRawLine(toRawText(), [&](std::u16string_view line, bool last) {
+    if (last)
+      visit(line, TLineEnd::None);
+    else if (!mixedLineEnds_)
+      visit(line, usualLineEnd_);
+    else
+      visit(line, lineEndOf(std::exchange(block, block.next())));
+  });
+}
+
 const SourceDocument::Served& SourceDocument::served() const {
   if (served_ == nullptr || servedRevision_ != revision()) {
     auto served = std::make_shared<Served>();
     served->text.reserve(static_cast<std::size_t>(characterCount()) + static_cast<std::size_t>(blockCount()));
     served->lineStarts.reserve(static_cast<std::size_t>(blockCount()));
-    for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
-      if (block.blockNumber() != 0)
-        served->text += quorvane::ServedLineEnd;
+    forEachRawLine(toRawText(), [&](std::u16string_view line, bool last) {
       served->lineStarts.push_back(served->text.size());
-      quorvane::AppendServedLine(textView(block.text()), served->text);
-    }
+      quorvane::AppendServedLine(line, served->text);
+      if (!last)
+        served->text += quorvane::ServedLineEnd;
+    });
     served_ = std::move(served);
     servedRevision_ = revision();
   }
@@ -95,10 +127,10 @@ int SourceDocument::lineOfServedPosition(std::size_t position) const {
 std::u16string SourceDocument::text() const {
   std::u16string text;
   text.reserve(static_cast<std::size_t>(characterCount()) + static_cast<std::size_t>(blockCount()));
-  for (QTextBlock block = begin(); block.isValid(); block = block.next()) {
-    text += textView(block.text());
-    text += quorvane::LineEndText(lineEndOf(block));
-  }
+  forEachLine([&](std::u16string_view line, TLineEnd end) {
+    text += line;
+    text += quorvane::LineEndText(end);
+  });
   return text;
 }
 

@@ -12,14 +12,16 @@
 #include "text/Encoding.h"
 #include "text/LineEnds.h"
 
-#include <QDateTime>
 #include <QString>
 #include <QTextBlock>
 #include <QTextDocument>
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace desktop {
@@ -97,7 +99,10 @@ Q_SIGNALS:
 private:
   friend class DocumentFiller;
   struct Served;
+  using LineVisitor = std::function<void(std::u16string_view line, quorvane::TLineEnd end)>;
 
+  // Calls `visit` for every line in turn, without its line end; the views hold during the call.
+  void forEachLine(const LineVisitor& visit) const;
   const Served& served() const;
 
   QString fileName_;
