@@ -4,6 +4,8 @@
 #include "desktop/edit/EditControl.h"
 #include "desktop/edit/EditViewport.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QTextBlock>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/edit/LineColours.h"
 
+#include <QString>
+
 #include <algorithm>
 
 namespace desktop {
