@@ -4,13 +4,22 @@
 
 #include <QApplication>
 
+#include <cstdio>
+
 namespace {
+
+// The off-screen platform remarks on each window that it has no window manager; whoever asked for a picture knows.
+void dropPlatformRemarks(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  if (!message.startsWith(QStringLiteral("This plugin does not support")))
+    std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, message)));
+}
 
 // What Qt reads from the environment when the application object is made.
 void prepareQt(const desktop::CommandLine& commandLine) {
   if (!commandLine.screenshot.isEmpty()) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_SCALE_FACTOR", QByteArray::number(commandLine.scale));
+    qInstallMessageHandler(dropPlatformRemarks);
   }
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QCoreApplication::setApplicationName(QStringLiteral("virelle"));

@@ -34,6 +34,8 @@ QPalette makePalette(const QColor& window, const QColor& base, const QColor& but
   for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
     palette.setColor(QPalette::Disabled, role, faint);
   palette.setColor(QPalette::Disabled, QPalette::Highlight, faint);
+  palette.setColor(QPalette::Disabled, QPalette::Light, window); // or disabled text gets a bright shadow
+  palette.setColor(QPalette::Mid, window.lightness() < 128 ? window.lighter(150) : window.darker(125));
   return palette;
 }
 
@@ -43,8 +45,8 @@ QPalette lightPalette() {
 }
 
 QPalette darkPalette() {
-  return makePalette(QColor(0x2b, 0x2d, 0x30), QColor(0x1e, 0x1f, 0x22), QColor(0x3a, 0x3d, 0x41),
-                     QColor(0xdf, 0xe1, 0xe5), QColor(0x82, 0x86, 0x8c), QColor(0x2f, 0x65, 0xa8));
+  return makePalette(QColor(0x31, 0x34, 0x39), QColor(0x1f, 0x22, 0x26), QColor(0x42, 0x46, 0x4c),
+                     QColor(0xdf, 0xe1, 0xe5), QColor(0x86, 0x8a, 0x91), QColor(0x2f, 0x65, 0xa8));
 }
 
 // The monospaced font that this editor is drawn with where there is one, else the desktop's.

@@ -2,6 +2,7 @@
 #include "desktop/ui/FindBar.h"
 
 #include "desktop/edit/EditControl.h"
+#include "desktop/ui/CloseButton.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -9,7 +10,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
 #include <QToolButton>
 
 namespace desktop {
@@ -50,8 +50,9 @@ FindBar::FindBar(TEditControl* editor, QWidget* parent)
       addButton(layout, QStringLiteral("FindNextButton"), tr("Next"), tr("Find the next occurrence (Enter)"));
   layout->addWidget(matchCase_);
   layout->addWidget(message_, 1);
-  auto* const closeButton = addButton(layout, QStringLiteral("CloseFindBar"), {}, tr("Close (Escape)"));
-  closeButton->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton, nullptr, this));
+  auto* const closeButton = new CloseButton(tr("Close (Escape)"));
+  closeButton->setObjectName(QStringLiteral("CloseFindBar"));
+  layout->addWidget(closeButton);
   setFocusProxy(text_);
   hide();
 
@@ -59,7 +60,7 @@ FindBar::FindBar(TEditControl* editor, QWidget* parent)
   connect(matchCase_, &QCheckBox::toggled, this, &FindBar::findWhileTyping);
   connect(previous, &QToolButton::clicked, this, &FindBar::findPrevious);
   connect(next, &QToolButton::clicked, this, &FindBar::findNext);
-  connect(closeButton, &QToolButton::clicked, this, &FindBar::close);
+  connect(closeButton, &CloseButton::clicked, this, &FindBar::close);
 }
 
 void FindBar::open() {

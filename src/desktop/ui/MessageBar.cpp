@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/ui/MessageBar.h"
 
+#include "desktop/ui/CloseButton.h"
+
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
 #include <QStyle>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -61,12 +62,9 @@ public:
     label_->setTextFormat(Qt::PlainText);
     label_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label_->setWordWrap(true);
-    auto* const close = new QToolButton(this);
+    auto* const close = new CloseButton(MessageBar::tr("Close this message"), this);
     close->setObjectName(QStringLiteral("CloseMessage"));
-    close->setAutoRaise(true);
-    close->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton, nullptr, this));
-    close->setToolTip(MessageBar::tr("Close this message"));
-    connect(close, &QToolButton::clicked, bar, [bar, this] { bar->removeRow(this); });
+    connect(close, &CloseButton::clicked, bar, [bar, this] { bar->removeRow(this); });
 
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 4, 4, 4);

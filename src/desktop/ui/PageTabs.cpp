@@ -2,6 +2,7 @@
 #include "desktop/ui/PageTabs.h"
 
 #include "desktop/files/SourceDocument.h"
+#include "desktop/ui/CloseButton.h"
 #include "desktop/ui/Page.h"
 
 #include <QClipboard>
@@ -30,12 +31,10 @@ PageTabs::PageTabs(QWidget* parent) : QTabBar(parent) {
   setDrawBase(true);
   setExpanding(false);
   setMovable(true);
-  setTabsClosable(true);
   setUsesScrollButtons(true);
   setElideMode(Qt::ElideMiddle);
   setFocusPolicy(Qt::NoFocus);
   setSelectionBehaviorOnRemove(QTabBar::SelectRightTab);
-  connect(this, &QTabBar::tabCloseRequested, this, [this](int index) { Q_EMIT closeRequested(pageAt(index)); });
 }
 
 Page* PageTabs::pageAt(int index) const {
@@ -59,6 +58,10 @@ void PageTabs::addPage(Page* page) {
   const QSignalBlocker blocker(this);
   const int index = insertTab(currentIndex() + 1, QString());
   setTabData(index, QVariant::fromValue(page));
+  auto* const button = new CloseButton(tr("Close"), this);
+  button->setFocusPolicy(Qt::NoFocus);
+  connect(button, &CloseButton::clicked, page, [this, page] { Q_EMIT closeRequested(page); });
+  setTabButton(index, QTabBar::RightSide, button);
   updateTitles();
 }
 

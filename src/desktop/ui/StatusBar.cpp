@@ -5,7 +5,6 @@
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/Page.h"
 
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -22,9 +21,10 @@ QLabel* addCell(QHBoxLayout* layout, const QString& name, int stretch = 0) {
 }
 
 void addSeparator(QHBoxLayout* layout) {
-  auto* const line = new QFrame;
-  line->setFrameShape(QFrame::VLine);
-  line->setFrameShadow(QFrame::Sunken);
+  auto* const line = new QWidget;
+  line->setFixedWidth(1);
+  line->setBackgroundRole(QPalette::Mid);
+  line->setAutoFillBackground(true);
   layout->addWidget(line);
 }
 

@@ -167,6 +167,28 @@ TEST_F(EditWindowTest, MarksModifiedPagesOnTheirTabs) {
   EXPECT_EQ(tabTexts(), QStringList{QStringLiteral("a.pas")});
 }
 
+TEST_F(EditWindowTest, TheCloseButtonOfATabClosesItsPage) {
+  openText(QStringLiteral("a.pas"), "");
+  Page* const second = openText(QStringLiteral("b.pas"), "");
+  qobject_cast<QAbstractButton*>(tabs()->tabButton(0, QTabBar::RightSide))->click();
+  EXPECT_EQ(window()->pages(), QList<Page*>{second});
+}
+
+TEST_F(EditWindowTest, AMiddleClickOnATabClosesItsPage) {
+  Page* const first = openText(QStringLiteral("a.pas"), "");
+  openText(QStringLiteral("b.pas"), "");
+  frame()->show();
+  support::settle();
+  const QPointF place = tabs()->tabRect(1).center();
+  QMouseEvent press(QEvent::MouseButtonPress, place, tabs()->mapToGlobal(place), Qt::MiddleButton, Qt::MiddleButton,
+                    Qt::NoModifier);
+  QMouseEvent release(QEvent::MouseButtonRelease, place, tabs()->mapToGlobal(place), Qt::MiddleButton, Qt::NoButton,
+                      Qt::NoModifier);
+  QCoreApplication::sendEvent(tabs(), &press);
+  QCoreApplication::sendEvent(tabs(), &release);
+  EXPECT_EQ(window()->pages(), QList<Page*>{first});
+}
+
 TEST_F(EditWindowTest, TabsTellTheWholePath) {
   openText(QStringLiteral("a.pas"), "");
   EXPECT_EQ(tabs()->tabToolTip(0), path(QStringLiteral("a.pas")));

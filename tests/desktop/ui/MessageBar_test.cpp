@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <QToolButton>
+#include <QAbstractButton>
 
 namespace desktop {
 namespace {
@@ -41,10 +41,10 @@ TEST(MessageBar, AMessageGoesWithItsCloseButtonAndTheBarWithTheLastOne) {
   MessageBar bar;
   bar.addMessage(Kind::Warning, QStringLiteral("one"));
   bar.addMessage(Kind::Warning, QStringLiteral("two"));
-  bar.findChild<QToolButton*>(QStringLiteral("CloseMessage"))->click();
+  bar.findChild<QAbstractButton*>(QStringLiteral("CloseMessage"))->click();
   support::settle();
   EXPECT_EQ(bar.messages(), QStringList{QStringLiteral("two")});
-  bar.findChild<QToolButton*>(QStringLiteral("CloseMessage"))->click();
+  bar.findChild<QAbstractButton*>(QStringLiteral("CloseMessage"))->click();
   EXPECT_TRUE(bar.messages().isEmpty());
   EXPECT_FALSE(bar.isVisible());
 }
