@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QRandomGenerator>
 #include <QTextLayout>
 
 namespace desktop {
