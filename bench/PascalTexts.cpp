@@ -35,6 +35,16 @@ std::string Repeated(const std::string& piece) {
   return text;
 }
 
+// Brackets in an order that nothing foretells.
+std::string BracketsAtRandom() {
+  std::mt19937 random{1};
+  std::string text(Megabyte, '(');
+  for (char& c : text)
+    if (random() % 2 == 0)
+      c = ')';
+  return text;
+}
+
 // Writes routines until there are enough lines. The generator is fixed, so the text is the same on every machine.
 class TUnitWriter {
 public:
@@ -74,7 +84,7 @@ private:
     case 0:
       return std::to_string(Below(1000));
     case 1:
-      return "'" + Name() + " ''" + Name() + "'' " + Name() + "'";
+      return std::string("'").append(Name()) + " ''" + Name() + "'' " + Name() + "'";
     case 2:
       return Name() + "(" + Name() + ", $" + std::to_string(Below(100)) + ")";
     case 3:
@@ -180,6 +190,7 @@ const std::vector<TCorpus>& WorstTexts() {
       {"bracket-pairs", {Repeated("()")}},
       {"bracket-pairs-apart", {Repeated("() ")}},
       {"nested-brackets", {std::string(Megabyte / 2, '(') + std::string(Megabyte / 2, ')')}},
+      {"brackets-at-random", {BracketsAtRandom()}},
       {"nested-begins", {Repeated("begin ")}},
       {"nested-ifs", {Repeated("begin if ")}},
       {"begin-end-pairs", {Repeated("begin end ")}},
