@@ -47,12 +47,23 @@ function(virelle_executable name)
   endif()
 endfunction()
 
-# Qt Widgets for one target, with its headers compiled once for the whole tree.
+# Qt Widgets for one target. Its headers are compiled once for the whole tree, by the target qt_precompiled.
 function(virelle_use_qt name)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_compile_definitions(${name} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH)
   target_link_libraries(${name} PUBLIC Qt6::Widgets)
-  target_precompile_headers(${name} PRIVATE "$<$<COMPILE_LANGUAGE:CXX>:${PROJECT_SOURCE_DIR}/cmake/QtPrecompiled.h>")
+  if(NOT name STREQUAL "qt_precompiled")
+    target_precompile_headers(${name} REUSE_FROM qt_precompiled)
+  endif()
+endfunction()
+
+# Adds the target that compiles Qt's headers; it holds nothing else.
+function(virelle_precompile_qt)
+  file(GENERATE OUTPUT "${CMAKE_BINARY_DIR}/QtPrecompiled.cpp" CONTENT "// Compiles cmake/QtPrecompiled.h.\n")
+  add_library(qt_precompiled OBJECT "${CMAKE_BINARY_DIR}/QtPrecompiled.cpp")
+  virelle_use_qt(qt_precompiled)
+  target_precompile_headers(qt_precompiled PRIVATE
+    "$<$<COMPILE_LANGUAGE:CXX>:${PROJECT_SOURCE_DIR}/cmake/QtPrecompiled.h>")
 endfunction()
 
 # virelle_test(NAME [QT] LABEL pure|gui SOURCES file... [DEPS target...] [ENVIRONMENT VAR=value...])

@@ -9,36 +9,15 @@
 #include "editor/QVEditorProxy.h"
 #include "platform/ota/Services.h"
 #include "settings/model/QVOptions.h"
+#include "support/HostPaints.h"
 
 #include <QImage>
 #include <QTest>
 
 #include <cmath>
+#include <memory>
 
 namespace together {
-
-// Counts what reaches the host's own window procedure of a control: put in place before any proxy.
-class HostPaints {
-public:
-  explicit HostPaints(desktop::TEditControl& control) : control_(control), previous_(control.WindowProc()) {
-    control.SetWindowProc(platform::TWndMethod::Of<&HostPaints::Proc>(*this));
-  }
-  // The proxies are gone by then, and the control is still there.
-  ~HostPaints() { control_.SetWindowProc(previous_); }
-  HostPaints(const HostPaints&) = delete;
-  HostPaints& operator=(const HostPaints&) = delete;
-
-  int count = 0;
-
-  void Proc(platform::TMessage& message) {
-    count += message.Msg == platform::WM_PAINT;
-    previous_(message);
-  }
-
-private:
-  desktop::TEditControl& control_;
-  platform::TWndMethod previous_;
-};
 
 class TogetherFixture : public desktop::IdeFixture {
 protected:
@@ -58,7 +37,7 @@ protected:
   // Shows a new file with the keyboard focus in it, everything painted, and the add-in attached to all windows.
   void openWithAddIn(const QByteArray& bytes, const char* name = "unit.pas") {
     ASSERT_NE(open(bytes, name), nullptr);
-    hostPaints_ = std::make_unique<HostPaints>(*editor());
+    hostPaints_ = std::make_unique<support::HostPaints>(*editor());
     quorvane::TQVEditorProxy::InjectExistingProxies();
     editor()->setFocus();
     ASSERT_TRUE(support::waitUntil([this] { return editor()->hasFocus(); }));
@@ -123,7 +102,7 @@ protected:
   void markInMagenta() { quorvane::OptParenMatchColor = 0xFF00FF; }
 
 private:
-  std::unique_ptr<HostPaints> hostPaints_;
+  std::unique_ptr<support::HostPaints> hostPaints_;
 };
 
 } // namespace together
