@@ -13,6 +13,7 @@ namespace {
 
 std::vector<TptTokenKind> AllKinds() {
   std::vector<TptTokenKind> kinds;
+  kinds.reserve(TokenKindCount);
   for (int ordinal = 0; ordinal < TokenKindCount; ++ordinal)
     kinds.push_back(static_cast<TptTokenKind>(ordinal));
   return kinds;

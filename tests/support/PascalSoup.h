@@ -14,6 +14,7 @@ namespace support {
 // Pieces of text: every keyword, the characters that open, close and end things, and now and then any byte but NUL.
 inline rc::Gen<std::string> AnyPiece() {
   std::vector<std::string> words;
+  words.reserve(quorvane::Keywords.size());
   for (const quorvane::TKeyword& keyword : quorvane::Keywords)
     words.emplace_back(keyword.Word);
   const std::vector<std::string> marks = {
