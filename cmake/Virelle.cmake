@@ -80,7 +80,7 @@ function(virelle_test name)
     target_link_libraries(${name} PRIVATE ${ARG_DEPS} GTest::gtest GTest::gtest_main)
   endif()
   set(environment ${ARG_ENVIRONMENT} QT_QPA_PLATFORM=offscreen)
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
     PROPERTIES LABELS ${ARG_LABEL} TIMEOUT 600 ENVIRONMENT "${environment}")
   add_dependencies(${ARG_LABEL}_tests ${name})
 endfunction()

@@ -4,8 +4,7 @@
 //
 // A new unit is one row in kContains, at its place among the contents, and one in Units, at its place among the starts;
 // the stops are those of Units backwards. Most stops write a line to the debugger output, so that a watcher sees how
-// far the package has come. The lines of QVEditorDraw and some others do not follow the common pattern; they are read
-// by tools as they are and stay.
+// far the package has come; that of QVEditorDraw lacks the word that the others end with, as intended.
 #include "editor/QVEditorProxy.h"
 #include "host/QVLog.h"
 #include "host/QVStatManager.h"

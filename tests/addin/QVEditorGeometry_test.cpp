@@ -163,6 +163,7 @@ TEST_F(QVEditorGeometry, WhatNeedsAViewAssertsIt) {
 }
 
 struct Place {
+  const char* Name;
   TOTAEditPos Position;
   TOTAEditPos TopLeft;
   TQVCellEdge Edge;
@@ -172,15 +173,15 @@ struct Place {
 class QVEditorGeometryPixels : public QVEditorGeometry, public testing::WithParamInterface<Place> {};
 INSTANTIATE_TEST_SUITE_P(
     Places, QVEditorGeometryPixels,
-    testing::Values(
-        // Scrolled fully left, column 1 begins at the gutter's edge.
-        Place{{1, 1}, {1, 1}, TQVCellEdge::Top, {24, 0}}, Place{{1, 1}, {1, 1}, TQVCellEdge::Bottom, {24, 16}},
-        Place{{4, 3}, {1, 1}, TQVCellEdge::Top, {24 + 27, 32}},
-        // With column 5 leftmost, it is there, and column 4 in the gutter.
-        Place{{5, 1}, {5, 1}, TQVCellEdge::Top, {24, 0}}, Place{{4, 1}, {5, 1}, TQVCellEdge::Top, {15, 0}},
-        // A line above the top line has a negative place.
-        Place{{1, 7}, {1, 10}, TQVCellEdge::Top, {24, -48}}, Place{{1, 7}, {1, 10}, TQVCellEdge::Bottom, {24, -32}},
-        Place{{1, 100'000}, {1, 99'999}, TQVCellEdge::Top, {24, 16}}));
+    testing::Values(Place{"FirstCellScrolledFullyLeft", {1, 1}, {1, 1}, TQVCellEdge::Top, {24, 0}},
+                    Place{"BottomOfTheFirstCell", {1, 1}, {1, 1}, TQVCellEdge::Bottom, {24, 16}},
+                    Place{"CellInTheMiddle", {4, 3}, {1, 1}, TQVCellEdge::Top, {24 + 27, 32}},
+                    Place{"LeftmostColumnOfAScrolledView", {5, 1}, {5, 1}, TQVCellEdge::Top, {24, 0}},
+                    Place{"ColumnLeftOfItInTheGutter", {4, 1}, {5, 1}, TQVCellEdge::Top, {15, 0}},
+                    Place{"LineAboveTheTopLine", {1, 7}, {1, 10}, TQVCellEdge::Top, {24, -48}},
+                    Place{"BottomOfALineAboveTheTopLine", {1, 7}, {1, 10}, TQVCellEdge::Bottom, {24, -32}},
+                    Place{"LineBeyondSixteenBits", {1, 100'000}, {1, 99'999}, TQVCellEdge::Top, {24, 16}}),
+    [](const auto& place) { return std::string(place.param.Name); });
 
 TEST_P(QVEditorGeometryPixels, CellsStandSideBySideFromTheGutterOn) {
   View->TopPos = GetParam().TopLeft;
