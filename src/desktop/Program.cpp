@@ -43,8 +43,9 @@ Program::~Program() {
 }
 
 int Program::edit() {
-  workspace_.frameOf(workspace_.topWindow())->show();
+  // The first thing to be painted is the file, add-ins included.
   openFiles();
+  workspace_.frameOf(workspace_.topWindow())->show();
   placeCaret();
   for (const QString& reason : loadPackages())
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, reason);
@@ -68,8 +69,11 @@ int Program::takeScreenshot() {
 void Program::openFiles() {
   for (const QString& file : commandLine_.files)
     workspace_.openFile(file);
-  if (workspace_.topPage() == nullptr)
+  const QList<Page*> pages = workspace_.topWindow()->pages();
+  if (pages.isEmpty())
     workspace_.newFile();
+  else
+    workspace_.topWindow()->showPage(pages.constFirst());
 }
 
 void Program::placeCaret() {

@@ -3,6 +3,7 @@
 #include "desktop/Program.h"
 
 #include <QApplication>
+#include <QIcon>
 
 #include <cstdio>
 
@@ -38,6 +39,8 @@ int main(int argc, char** argv) {
   // Qt must not take arguments for its own that may be names of files.
   int noArguments = 1;
   QApplication application(noArguments, argv);
+  QGuiApplication::setWindowIcon(
+      QIcon::fromTheme(QStringLiteral("virelle"), QIcon::fromTheme(QStringLiteral("accessories-text-editor"))));
   desktop::Program program(*commandLine);
   return commandLine->screenshot.isEmpty() ? program.edit() : program.takeScreenshot();
 }

@@ -8,12 +8,14 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <chrono>
+
 namespace support {
 
 // Serves events until `condition()` holds. False if it still does not after `seconds`, which is meant to be far longer
 // than it can take: the limit only keeps a broken test from hanging.
 template <class TCondition> bool waitUntil(TCondition&& condition, int seconds = 30) {
-  const QDeadlineTimer deadline(seconds * 1000);
+  const QDeadlineTimer deadline{std::chrono::seconds(seconds)};
   QTimer wake; // a condition may come true without an event
   wake.start(5);
   while (!condition()) {

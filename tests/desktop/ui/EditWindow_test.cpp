@@ -6,7 +6,11 @@
 #include "platform/Align.h"
 #include "support/SignalCount.h"
 
+#include <QDir>
+#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QToolBar>
+#include <QWindow>
 
 namespace desktop {
 namespace {

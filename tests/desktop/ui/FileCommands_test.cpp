@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/ui/UiFixture.h"
 
+#include <QDir>
 #include <QFileDialog>
 
 namespace desktop {

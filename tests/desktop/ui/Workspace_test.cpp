@@ -6,6 +6,10 @@
 #include "support/SignalCount.h"
 
 #include <QDialog>
+#include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
 
 namespace desktop {
 namespace {
