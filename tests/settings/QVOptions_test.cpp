@@ -8,7 +8,9 @@
 namespace quorvane {
 namespace {
 
-constexpr TColor Rgb(int red, int green, int blue) { return red | green << 8 | blue << 16; }
+constexpr TColor Rgb(int red, int green, int blue) {
+  return red | green << 8 | blue << 16;
+}
 
 void ExpectDesignedDefaults() {
   EXPECT_EQ(OptParenMatchColor, Rgb(192, 192, 192));
@@ -39,7 +41,9 @@ void ExpectDesignedDefaults() {
   EXPECT_EQ(OptFlyoutDelay, 2000);
 }
 
-TEST(QVOptions, HoldsTheDesignedDefaultsFromTheStartOfTheProcess) { ExpectDesignedDefaults(); }
+TEST(QVOptions, HoldsTheDesignedDefaultsFromTheStartOfTheProcess) {
+  ExpectDesignedDefaults();
+}
 
 TEST(QVOptions, BlockColoursHaveTheIntegerValuesThatAreStored) {
   EXPECT_EQ(OptBlockHiliteColors, (std::array<TColor, 4>{13434828, 15654348, 14535901, 13421823}));

@@ -5,7 +5,8 @@ namespace quorvane {
 
 namespace {
 
-// The designed values, in the order of the globals. Both the globals' first values and ResetOptions take them from here.
+// The designed values, in the order of the globals. Both the globals' first values and ResetOptions take them from
+// here.
 namespace designed {
 constexpr TColor ParenMatchColor = 0xC0C0C0; // silver
 constexpr bool MarkParens = true;
