@@ -50,7 +50,7 @@ QString replaceFile(const QString& path, std::string_view bytes) {
   if (!file.open(QIODevice::WriteOnly))
     return file.errorString();
   if (!writeAll(file, bytes)) {
-    const QString reason = file.errorString();
+    QString reason = file.errorString();
     file.cancelWriting();
     return reason;
   }
@@ -106,7 +106,7 @@ QString writeInPlace(const QString& path, std::string_view bytes) {
     return message("no backup can be made: %1").arg(reason);
 
   backup.setAutoRemove(false);
-  const QString reason = overwrite(file, bytes);
+  QString reason = overwrite(file, bytes);
   if (!reason.isEmpty() && !restore(file, backup).isEmpty())
     return message("%1. The old contents are in %2").arg(reason, backup.fileName());
   backup.remove();
