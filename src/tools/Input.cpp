@@ -83,10 +83,21 @@ std::string EncodingNames() {
   return names;
 }
 
+// Takes every positional as a name as it stands. An option that takes extra values would split "[a,b]" at its comma; so
+// this one expects more values than there can be, and is content with those that come.
+void AddFileNames(CLI::App& command, std::vector<std::string>& names) {
+  command.add_option("FILE", names, "Pascal files; - is standard input")
+      ->required()
+      ->type_name("")
+      ->expected(CLI::detail::expected_max_vector_size, CLI::detail::expected_max_vector_size)
+      ->allow_extra_args(false)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+}
+
 } // namespace
 
 void AddInputOptions(CLI::App& command, TInputOptions& options) {
-  command.add_option("FILE", options.Files, "Pascal files; - is standard input")->required()->type_name("");
+  AddFileNames(command, options.Files);
   CLI::Option* decode = command.add_flag("--decode", options.Decode,
                                          "Take each file as the editor would serve it: decoded, one byte a character, "
                                          "lines ending in CR LF. Without it the bytes are taken as they are");

@@ -11,6 +11,7 @@
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <sstream>
 #include <string>
 #include <system_error>
 
@@ -31,6 +32,21 @@ void DescribeProgram(CLI::App& program) {
   });
 }
 
+// Does what the command line asks for. Help and version are results too and go the way of all results.
+TExitCode Do(CLI::App& program, int argc, char** argv, TSession& session) {
+  try {
+    program.parse(argc, argv);
+    session.Output().Flush();
+    return session.ExitCode();
+  } catch (const CLI::ParseError& error) {
+    std::ostringstream results;
+    const bool isDone = program.exit(error, results, std::cerr) == 0;
+    session.Output().Line() += results.str();
+    session.Output().Flush();
+    return isDone ? TExitCode::Done : TExitCode::Trouble;
+  }
+}
+
 int Run(int argc, char** argv) {
   TSession session;
   CLI::App program("Reads Pascal source the way the editor's add-in does.", "quorvane");
@@ -38,17 +54,13 @@ int Run(int argc, char** argv) {
   AddTokensCommand(program, session);
   AddBlocksCommand(program, session);
   try {
-    program.parse(argc, argv);
-    session.Output().Flush();
-  } catch (const CLI::ParseError& error) {
-    return program.exit(error) == 0 ? ExitCode(TExitCode::Done) : ExitCode(TExitCode::Trouble);
+    return ExitCode(Do(program, argc, argv, session));
   } catch (const EOutputClosed&) {
     return ExitCode(session.ExitCode());
   } catch (const std::system_error& error) {
     std::cerr << "quorvane: standard output: " << error.code().message() << '\n';
     return ExitCode(TExitCode::Trouble);
   }
-  return ExitCode(session.ExitCode());
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace quorvane {
 namespace {
@@ -95,6 +96,28 @@ TEST(CommandLine, TheOtherFilesAreStillDone) {
   EXPECT_EQ(run.Errors, "quorvane: " + dir.Path("none.pas") + ": No such file or directory\n");
 }
 
+// Each name is given as it would be typed in the folder of the file; the files beside it must stay unread.
+TEST(CommandLine, ANameInBracketsIsOneFile) {
+  const TTempDir dir;
+  for (const char* name : {"a", "b", "x"})
+    dir.Write(name, ";;");
+  for (const char* name : {"[x]", "[a,b]", "[]"}) {
+    dir.Write(name, "");
+    const TRunResult run = RunQuorvaneIn(dir, {"tokens", name, name});
+    EXPECT_EQ(run.ExitCode, 0) << name;
+    EXPECT_EQ(run.Output, std::string(EmptyText) + EmptyText) << name;
+    EXPECT_EQ(run.Errors, "") << name;
+  }
+}
+
+TEST(CommandLine, WhatFollowsTwoDashesIsAFile) {
+  const TTempDir dir;
+  dir.Write("--decode", "");
+  const TRunResult run = RunQuorvaneIn(dir, {"tokens", "--", "--decode"});
+  EXPECT_EQ(run.ExitCode, 0);
+  EXPECT_EQ(run.Output, EmptyText);
+}
+
 TEST(CommandLine, AFileAndStandardInputGiveTheSame) {
   const TTempDir dir;
   const std::string text = "begin (x) end.\r\n";
@@ -115,6 +138,15 @@ TEST(CommandLine, AFullDiskIsReported) {
   const TTempDir dir;
   for (const std::size_t size : {0U, 100'000U}) {
     const TRunResult run = RunQuorvaneInto("/dev/full", {"tokens", dir.Write("a.pas", std::string(size, ';'))});
+    EXPECT_EQ(run.ExitCode, 2);
+    EXPECT_EQ(run.Errors, "quorvane: standard output: No space left on device\n");
+  }
+}
+
+TEST(CommandLine, AFullDiskIsReportedForHelpAndVersionToo) {
+  for (const std::vector<std::string>& arguments :
+       std::vector<std::vector<std::string>>{{"--help"}, {"--version"}, {"tokens", "--help"}}) {
+    const TRunResult run = RunQuorvaneInto("/dev/full", arguments);
     EXPECT_EQ(run.ExitCode, 2);
     EXPECT_EQ(run.Errors, "quorvane: standard output: No space left on device\n");
   }

@@ -116,6 +116,10 @@ TRunResult RunQuorvane(const std::vector<std::string>& arguments, std::string_vi
   return RunToTheEnd(Directly, arguments, input);
 }
 
+TRunResult RunQuorvaneIn(const TTempDir& dir, const std::vector<std::string>& arguments) {
+  return RunToTheEnd({"/usr/bin/env", "-C", dir.Path(""), QUORVANE_BINARY}, arguments, {});
+}
+
 TRunResult RunQuorvaneAsNobody(const std::vector<std::string>& arguments) {
   return RunToTheEnd(geteuid() == 0 ? AsNobody : Directly, arguments, {});
 }

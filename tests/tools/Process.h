@@ -36,6 +36,9 @@ struct TRunResult {
 // Runs quorvane to its end with these arguments; `input` is its standard input. Throws if it cannot be started.
 TRunResult RunQuorvane(const std::vector<std::string>& arguments, std::string_view input = {});
 
+// The same in a directory, for names of files that are given without one.
+TRunResult RunQuorvaneIn(const TTempDir& dir, const std::vector<std::string>& arguments);
+
 // The same without the rights of the administrator, for whom no file is unreadable.
 TRunResult RunQuorvaneAsNobody(const std::vector<std::string>& arguments);
 
