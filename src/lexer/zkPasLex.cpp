@@ -17,13 +17,12 @@ constexpr bool IsLineEnd(unsigned char c) {
 TzkBasePasLex::TzkBasePasLex() : FOrigin(NoText), FProcTable(CharProcs), FIdentFuncTable(IdentFuncs) {}
 
 void TzkBasePasLex::SetLine(const std::string& line) {
-  FOrigin = line.c_str();
-  InitLine();
+  GiveText(line.c_str());
   Next();
 }
 
 void TzkBasePasLex::SetOrigin(const char* text) {
-  FOrigin = text != nullptr ? text : NoText;
+  GiveText(text);
   Init();
   Next();
 }
@@ -153,6 +152,14 @@ std::string TzkBasePasLex::GetStringContent() const {
     --end;
   const bool isClosed = (FRun - end) % 2 != 0;
   return TextBetween(FTokenPos + 1, isClosed ? FRun - 1 : FRun);
+}
+
+void TzkBasePasLex::GiveText(const char* text) {
+  FOrigin = text != nullptr ? text : NoText;
+  InitLine();
+  FTokenPos = 0;
+  FTokenID = ptNull;
+  FExID = ptUnknown;
 }
 
 void TzkBasePasLex::Restore(const TzkPasLexStatus& status) {

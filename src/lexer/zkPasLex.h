@@ -57,7 +57,10 @@ public:
   virtual void SetOrigin(const char* text);
 
   // Set the handler of a directive kind; an empty one is not called. It runs before the Next that scanned the directive
-  // returns, may read all of the lexer's state, and may call Next: the outer Next then ends on the inner token.
+  // returns, may read all of the lexer's state, and may call Next: the outer Next then ends on the inner token. Where
+  // the inner Next meets a directive, the handler runs again inside of itself, so each of the directives that stand
+  // right beside each other then takes its share of the stack. While a handler runs, its event must not be set or
+  // unset.
   virtual void SetOnCompDirect(TDirectiveEvent event);
   virtual void SetOnDefineDirect(TDirectiveEvent event);
   virtual void SetOnElseDirect(TDirectiveEvent event);
@@ -82,6 +85,7 @@ public:
   const TDirectiveEvent& OnResourceDirect() const { return FOnResourceDirect; }
   const TDirectiveEvent& OnUnDefDirect() const { return FOnUnDefDirect; }
 
+  // Hears of bad input, during the scan of its token. While the handler runs, the event must not be set or unset.
   const TMessageEvent& OnMessage() const { return FOnMessage; }
   void SetOnMessage(TMessageEvent event);
 
@@ -174,6 +178,9 @@ public:
   std::string GetDirectiveParam();
 
 protected:
+  // Puts the lexer before the first token of a text, or of none if null. Keeps the comment state and scans nothing.
+  void GiveText(const char* text);
+
   // Puts a saved state back. The text is not scanned.
   void Restore(const TzkPasLexStatus& status);
 
@@ -266,8 +273,10 @@ private:
 };
 
 // A lexer with a second scanner of its own, to look ahead without moving. Both share the text, the line and the
-// directive handlers, so a directive that is met while looking ahead is announced by the scanner that met it; messages
-// come from the main scanner only.
+// directive handlers, so a directive that is met while looking ahead is announced by the scanner that met it, and both
+// announce one that the text starts with. A handler may look ahead if it is the lexer itself that calls it; inside of a
+// call by the second scanner it would start that scanner over again without end. Messages come from the main scanner
+// only.
 class TzkPasLex : public TzkBasePasLex {
 public:
   void SetLine(const std::string& line) override;
@@ -304,7 +313,11 @@ public:
   void SetStatus(const TzkPasLexStatus& status);
 
 private:
-  TzkBasePasLex FAheadLex;
+  struct TAheadLex : TzkBasePasLex {
+    using TzkBasePasLex::GiveText;
+  };
+
+  TAheadLex FAheadLex;
 };
 
 } // namespace quorvane

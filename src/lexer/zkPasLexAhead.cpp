@@ -6,12 +6,16 @@
 
 namespace quorvane {
 
+// The first token may be a directive, and its handler may look ahead. So the second scanner has the new text before the
+// first one scans; the old text need not be there any more.
 void TzkPasLex::SetLine(const std::string& line) {
+  FAheadLex.GiveText(line.c_str());
   TzkBasePasLex::SetLine(line);
   FAheadLex.SetLine(line);
 }
 
 void TzkPasLex::SetOrigin(const char* text) {
+  FAheadLex.GiveText(text);
   TzkBasePasLex::SetOrigin(text);
   FAheadLex.SetOrigin(text);
 }

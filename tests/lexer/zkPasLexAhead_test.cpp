@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
+#include <string>
+#include <vector>
+
 #include "support/PascalTokens.h"
 
 namespace quorvane {
@@ -90,6 +94,56 @@ TEST(LookAhead, AnnouncesDirectivesAsTheScannerThatMetThem) {
     lexer.Next();
     EXPECT_EQ(own, 1) << text;
   }
+}
+
+TEST(LookAhead, AnnouncesTheDirectiveThatATextStartsWithAsBothScanners) {
+  TzkPasLex lexer;
+  int own = 0;
+  int ahead = 0;
+  lexer.SetOnIfDefDirect([&](TzkBasePasLex& sender) { &sender == &lexer ? ++own : ++ahead; });
+  lexer.SetOrigin("{$IFDEF X} a");
+  EXPECT_EQ(own, 1);
+  EXPECT_EQ(ahead, 1);
+  const std::string line = "(*$IFDEF X*) a";
+  lexer.SetLine(line);
+  EXPECT_EQ(own, 2);
+  EXPECT_EQ(ahead, 2);
+}
+
+// A lexer whose handler of {$IFDEF} looks ahead, and what it finds there.
+class LookAheadInAHandler : public testing::Test {
+protected:
+  LookAheadInAHandler() {
+    FLexer.SetOnIfDefDirect([this](TzkBasePasLex& sender) {
+      if (&sender != &FLexer)
+        return;
+      FBefore.push_back(FLexer.GetAheadToken());
+      FLexer.InitAhead();
+      FFound.push_back(FLexer.GetAheadToken());
+    });
+  }
+
+  TzkPasLex FLexer;
+  std::vector<std::string> FBefore; // the token ahead when the handler is called
+  std::vector<std::string> FFound;  // and after it has looked
+};
+
+TEST_F(LookAheadInAHandler, FindsTheTokenAfterTheFirstDirectiveOfAText) {
+  FLexer.SetOrigin("{$IFDEF X} a");
+  EXPECT_EQ(FBefore, std::vector<std::string>{""});
+  EXPECT_EQ(FFound, std::vector<std::string>{"a"});
+}
+
+TEST_F(LookAheadInAHandler, ReadsTheNewTextWhenTheOldOneIsGone) {
+  auto text = std::make_unique<std::string>(1000, 'x');
+  FLexer.SetOrigin(text->c_str());
+  FLexer.InitAhead();
+  text = std::make_unique<std::string>("{$IFDEF X} a");
+  FLexer.SetOrigin(text->c_str());
+  text = std::make_unique<std::string>("{$IFDEF X} b");
+  FLexer.SetLine(*text);
+  EXPECT_EQ(FBefore, (std::vector<std::string>{"", ""}));
+  EXPECT_EQ(FFound, (std::vector<std::string>{"a", "b"}));
 }
 
 TEST(Status, HoldsEverythingAboutTheToken) {
