@@ -93,6 +93,16 @@ TEST(Directives, AreTakenAsTokensOfTheirWholeText) {
   EXPECT_EQ(Compact("a(*$IFDEF b*)c"), "Identifier[a] IfDefDirect[(*$IFDEF b*)] Identifier[c]");
 }
 
+// A leading digit adds nothing to the hash or to the letters of a name, so only the length tells these from the names
+// that are known.
+TEST(Directives, WithADigitBeforeTheirNameAreUnknown) {
+  for (const char* text : {"{$0IFDEF a}", "{$00I a}", "(*$0ENDIF*)", "{$9R a.res}"}) {
+    TzkBasePasLex lexer;
+    lexer.SetOrigin(text);
+    EXPECT_EQ(lexer.TokenID(), ptCompDirect) << text;
+  }
+}
+
 TEST(Directives, TextIsEmptyForOtherTokens) {
   TzkBasePasLex lexer;
   for (const char* text : {"{ $R+}", "a", "", "(*a*)", "{$I a}"}) {

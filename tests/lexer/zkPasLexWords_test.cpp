@@ -129,10 +129,6 @@ TEST(Words, MayBeOfAnyLength) {
   EXPECT_EQ(lexer.GetTokenLen(), 1'000'000);
 }
 
-TEST(Words, OfManyDigitsCompareByLengthToo) {
-  EXPECT_EQ(Compact("a0000000000000000000000000000000000t"), "Identifier[a0000000000000000000000000000000000t]");
-}
-
 RC_GTEST_PROP(Words, AreRecognisedAsWithoutHashes, ()) {
   const auto letter = rc::gen::elementOf(std::string("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ_"));
   const auto follower = rc::gen::oneOf(letter, rc::gen::elementOf(std::string("0123456789")));
