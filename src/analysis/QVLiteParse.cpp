@@ -12,6 +12,9 @@ namespace {
 // The position of an "else" that has not been seen.
 constexpr std::int32_t NotSeen = -1;
 
+// How many marks a parser keeps memory for between two parses; programs nest far less.
+constexpr std::size_t MarksKept = std::size_t{64} * 1024;
+
 // The kind that the element of a token carries.
 constexpr TptTokenKind ElementKind(TptTokenKind kind) {
   switch (kind) {
@@ -101,8 +104,7 @@ void TQVLitePasParser::SetOnRound(TQVLitePasEvent event) {
 }
 
 void TQVLitePasParser::ParseFull(const char* text) {
-  FMarks.clear();
-  FConstruct = TConstruct::Top;
+  ClearMarks();
   FLexer.SetOrigin(text);
   FLexer.Init();
   try {
@@ -110,6 +112,14 @@ void TQVLitePasParser::ParseFull(const char* text) {
   } catch (const EEndOfFile&) {
     // This is how every parse ends; what is still open is dropped.
   }
+  ClearMarks();
+}
+
+void TQVLitePasParser::ClearMarks() {
+  FMarks.clear();
+  if (FMarks.capacity() > MarksKept)
+    FMarks.shrink_to_fit();
+  FConstruct = TConstruct::Top;
 }
 
 void TQVLitePasParser::ParseTo(const char*, std::int32_t, std::int32_t) {

@@ -58,17 +58,20 @@ public:
 class TQVLitePasParser {
 public:
   // Set what hears of closed begin, case, if, repeat and try constructs, and of closed pairs of parentheses; an empty
-  // event is not called. Both run during ParseFull. What they throw leaves ParseFull.
+  // event is not called. Both run during ParseFull. What they throw leaves ParseFull. While an event runs, it must not
+  // be set or unset.
   void SetOnBlock(TQVLitePasEvent event);
   void SetOnRound(TQVLitePasEvent event);
 
   const TQVLitePasEvent& OnBlock() const { return FOnBlock; }
   const TQVLitePasEvent& OnRound() const { return FOnRound; }
 
-  // The lexer of this parser. Inside an event it stands on the token that closed the construct.
+  // The lexer of this parser. Inside an event it stands on the token that closed the construct. After ParseFull it must
+  // not be asked for any text, as it still points into the one that has been parsed.
   TzkPasLex& Lexer() { return FLexer; }
 
-  // Parses a text that ends with a NUL and stays as it is during the call.
+  // Parses a text that ends with a NUL and stays as it is during the call. Called inside an event it ends the outer
+  // parse; its text must then stay until the outer call returns.
   void ParseFull(const char* text);
 
   // Not implemented: always throws EParserError.
@@ -108,6 +111,8 @@ private:
   static const TTables Tables;
 
   [[noreturn]] static void RaiseEndOfFile();
+
+  void ClearMarks();
 
   // The operations of the constructs. DoTop walks the whole text; each of the others opens its construct on the token
   // at the lexer.
