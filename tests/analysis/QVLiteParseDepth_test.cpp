@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 namespace quorvane {
 namespace {
 
@@ -17,23 +20,55 @@ std::string Repeated(const std::string& text, int count) {
   return result;
 }
 
-// Compares every announcement of a text with the one that stands at its place counted from the inside.
-void ExpectNest(const std::string& opener, const std::string& closer, TptTokenKind kind, TptTokenKind closerKind) {
-  const std::string text = Repeated(opener + " ", Depth) + Repeated(closer + " ", Depth);
-  const auto openerStep = static_cast<int>(opener.size()) + 1;
-  const auto closerStep = static_cast<int>(closer.size()) + 1;
+struct TWord {
+  std::string Text;
+  TptTokenKind Kind;
+};
+
+// One level of a nest: the words that open it, each with a blank after it, and the word that closes it.
+struct TLevel {
+  std::vector<TWord> Opener;
+  TWord Closer;
+  bool IsCloserAnnounced = true;
+};
+
+bool IsAt(const TQVLitePasElement& element, const TWord& word, int start) {
+  return element.Kind == word.Kind && element.Text == word.Text && element.Column == start &&
+         element.Position == start + static_cast<int>(word.Text.size());
+}
+
+int StepOf(const TWord& word) {
+  return static_cast<int>(word.Text.size()) + 1;
+}
+
+// Whether these are the elements of a level whose opener and closer start at those places.
+bool IsLevel(std::span<const TQVLitePasElement> elements, const TLevel& level, int openerStart, int closerStart) {
+  if (elements.size() != level.Opener.size() + (level.IsCloserAnnounced ? 1U : 0U))
+    return false;
+  int start = openerStart;
+  for (std::size_t index = 0; index < level.Opener.size(); ++index) {
+    if (!IsAt(elements[index], level.Opener[index], start))
+      return false;
+    start += StepOf(level.Opener[index]);
+  }
+  return !level.IsCloserAnnounced || IsAt(elements.back(), level.Closer, closerStart);
+}
+
+// Compares every announcement of a text with the level that stands at its place counted from the inside. `before` is
+// never closed.
+void ExpectNest(const std::string& before, const TLevel& level) {
+  std::string opener;
+  for (const TWord& word : level.Opener)
+    opener += word.Text + " ";
+  const std::string text = before + Repeated(opener, Depth) + Repeated(level.Closer.Text + " ", Depth);
+  const auto first = static_cast<int>(before.size());
+  const auto openerStep = static_cast<int>(opener.size());
   int count = 0;
   int wrong = 0;
   const auto check = [&](std::span<const TQVLitePasElement> elements) {
-    const int openerStart = (Depth - 1 - count) * openerStep;
-    const int closerStart = Depth * openerStep + count * closerStep;
-    const TQVLitePasElement& first = elements.front();
-    const TQVLitePasElement& last = elements.back();
-    const bool isRight = first.Kind == kind && first.Column == openerStart &&
-                         first.Position == openerStart + openerStep - 1 && first.Text == opener &&
-                         last.Kind == closerKind && last.Column == closerStart &&
-                         last.Position == closerStart + closerStep - 1 && last.Text == closer;
-    wrong += isRight ? 0 : 1;
+    const int openerStart = first + (Depth - 1 - count) * openerStep;
+    const int closerStart = first + Depth * openerStep + count * StepOf(level.Closer);
+    wrong += IsLevel(elements, level, openerStart, closerStart) ? 0 : 1;
     ++count;
   };
   TQVLitePasParser parser;
@@ -45,11 +80,32 @@ void ExpectNest(const std::string& opener, const std::string& closer, TptTokenKi
 }
 
 TEST(DeepNesting, OfParenthesesIsAnnouncedFromTheInsideOut) {
-  ExpectNest("(", ")", ptRoundOpen, ptRoundClose);
+  ExpectNest("", {.Opener = {{"(", ptRoundOpen}}, .Closer = {")", ptRoundClose}});
 }
 
 TEST(DeepNesting, OfBlocksIsAnnouncedFromTheInsideOut) {
-  ExpectNest("begin", "end", ptBegin, ptEnd);
+  ExpectNest("", {.Opener = {{"begin", ptBegin}}, .Closer = {"end", ptEnd}});
+}
+
+TEST(DeepNesting, OfCasesIsAnnouncedFromTheInsideOut) {
+  ExpectNest("begin ", {.Opener = {{"case", ptCase}, {"of", ptCase}}, .Closer = {"end", ptEnd}});
+}
+
+TEST(DeepNesting, OfTriesIsAnnouncedFromTheInsideOut) {
+  ExpectNest("begin ", {.Opener = {{"try", ptTry}, {"finally", ptFinally}}, .Closer = {"end", ptEnd}});
+  ExpectNest("begin ", {.Opener = {{"try", ptTry}, {"except", ptExcept}}, .Closer = {"end", ptEnd}});
+}
+
+TEST(DeepNesting, OfIfsIsAnnouncedFromTheInsideOut) {
+  ExpectNest("begin ",
+             {.Opener = {{"if", ptIf}, {"then", ptThen}}, .Closer = {";", ptSemiColon}, .IsCloserAnnounced = false});
+  ExpectNest("begin ", {.Opener = {{"if", ptIf}, {"then", ptThen}, {"else", ptElse}},
+                        .Closer = {";", ptSemiColon},
+                        .IsCloserAnnounced = false});
+}
+
+TEST(DeepNesting, OfRepeatsIsAnnouncedFromTheInsideOut) {
+  ExpectNest("begin ", {.Opener = {{"repeat", ptRepeat}}, .Closer = {"until", ptRepeat}});
 }
 
 TEST(DeepNesting, ThatNeverClosesAnnouncesNothing) {
@@ -61,6 +117,18 @@ TEST(DeepNesting, ThatNeverClosesAnnouncesNothing) {
     parser.SetOnRound([&](auto) { ++count; });
     parser.ParseFull(text.c_str());
     EXPECT_EQ(count, 0) << opener;
+  }
+}
+
+TEST(DeepNesting, LeavesTheParserFitForTheNextText) {
+  const std::string text = Repeated("(", Depth);
+  int count = 0;
+  TQVLitePasParser parser;
+  parser.SetOnRound([&](auto) { ++count; });
+  for (int i = 1; i <= 3; ++i) {
+    parser.ParseFull(text.c_str());
+    parser.ParseFull("(a)");
+    EXPECT_EQ(count, i);
   }
 }
 
