@@ -2,6 +2,7 @@
 #include "PascalTexts.h"
 
 #include <algorithm>
+#include <array>
 #include <random>
 
 #include "lexer/zkPasLexTables.h"
@@ -42,6 +43,19 @@ std::string BracketsAtRandom() {
   for (char& c : text)
     if (random() % 2 == 0)
       c = ')';
+  return text;
+}
+
+// The symbols that are one character whatever follows, in an order that nothing foretells.
+std::string PunctuationAtRandom() {
+  constexpr auto Symbols = std::to_array<char>({
+#define PT_SINGLE_CHAR(character, kind) character,
+#include "lexer/TokenKinds.def"
+  });
+  std::mt19937 random{1};
+  std::string text(Megabyte, ' ');
+  for (char& c : text)
+    c = Symbols[random() % Symbols.size()];
   return text;
 }
 
@@ -191,6 +205,7 @@ const std::vector<TCorpus>& WorstTexts() {
       {"bracket-pairs-apart", {Repeated("() ")}},
       {"nested-brackets", {std::string(Megabyte / 2, '(') + std::string(Megabyte / 2, ')')}},
       {"brackets-at-random", {BracketsAtRandom()}},
+      {"punctuation-at-random", {PunctuationAtRandom()}},
       {"nested-begins", {Repeated("begin ")}},
       {"nested-ifs", {Repeated("begin if ")}},
       {"begin-end-pairs", {Repeated("begin end ")}},
