@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <string>
+#include <string_view>
 
 #include "Require.h"
 
@@ -43,15 +44,60 @@ void RequireTrueLookAhead(TzkPasLex& lexer) {
   Require(lexer.RunPos() == status.RunPos && lexer.TokenID() == status.TokenID, "a saved state comes back");
 }
 
+// What the handlers of a lexer have heard during a walk, against what its tokens call for.
+class TEventCheck {
+public:
+  void Walk(const char* text) {
+    TzkBasePasLex lexer;
+    lexer.SetOnMessage([this](TzkBasePasLex&, std::string_view, int, int) { ++FMessages; });
+    for (const auto set :
+         {&TzkBasePasLex::SetOnCompDirect, &TzkBasePasLex::SetOnDefineDirect, &TzkBasePasLex::SetOnElseDirect,
+          &TzkBasePasLex::SetOnEndIfDirect, &TzkBasePasLex::SetOnIfDefDirect, &TzkBasePasLex::SetOnIfNDefDirect,
+          &TzkBasePasLex::SetOnIfOptDirect, &TzkBasePasLex::SetOnIncludeDirect, &TzkBasePasLex::SetOnResourceDirect,
+          &TzkBasePasLex::SetOnUnDefDirect})
+      (lexer.*set)([this](TzkBasePasLex&) { ++FDirectives; });
+    lexer.SetOrigin(text);
+    RequireEventsOf(lexer);
+    while (lexer.TokenID() != ptNull) {
+      lexer.Next();
+      RequireEventsOf(lexer);
+    }
+  }
+
+private:
+  // A token that is wrong, a string that is not closed, and the end of a text inside of a comment.
+  static bool IsBad(const TzkBasePasLex& lexer) {
+    switch (lexer.TokenID()) {
+    case ptError:
+    case ptUnknown:
+      return true;
+    case ptStringConst:
+      return lexer.GetStringContent().size() + 1 == static_cast<std::size_t>(lexer.GetTokenLen());
+    case ptNull:
+      return lexer.GetCommentState() != csNo;
+    default:
+      return false;
+    }
+  }
+
+  void RequireEventsOf(const TzkBasePasLex& lexer) {
+    Require(FDirectives == (lexer.GetIsCompilerDirective() ? 1 : 0),
+            "each directive is announced once, nothing else is");
+    Require(FMessages == (IsBad(lexer) ? 1 : 0), "each bad token has one message, no other has any");
+    FDirectives = 0;
+    FMessages = 0;
+  }
+
+  int FMessages = 0;
+  int FDirectives = 0;
+};
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text(reinterpret_cast<const char*>(data), size);
+  TEventCheck().Walk(text.c_str());
   TzkPasLex lexer;
-  int messages = 0;
-  int directives = 0;
-  lexer.SetOnMessage([&](TzkBasePasLex&, std::string_view, int, int) { ++messages; });
-  lexer.SetOnIfDefDirect([&](TzkBasePasLex& sender) { directives += sender.TokenID() == ptIfDefDirect ? 1 : 0; });
   std::int32_t end = 0;
   for (lexer.SetOrigin(text.c_str()); lexer.TokenID() != ptNull; lexer.Next()) {
     Require(lexer.TokenPos() == end, "a token starts where the one before it ends");
