@@ -7,21 +7,8 @@
 namespace quorvane {
 namespace {
 
-using TCharSet = std::array<bool, 256>;
-
-template <typename TPredicate> constexpr TCharSet MakeCharSet(TPredicate contains) {
-  TCharSet set{};
-  for (unsigned c = 0; c < set.size(); ++c)
-    set[c] = contains(c);
-  return set;
-}
-
-constexpr TCharSet Digits = MakeCharSet([](unsigned c) { return c >= '0' && c <= '9'; });
-
 constexpr TCharSet HexDigits =
     MakeCharSet([](unsigned c) { return Digits[c] || (c >= 'A' && c <= 'F') || (c >= 'a' && c <= 'f'); });
-
-constexpr TCharSet LineStops = MakeCharSet([](unsigned c) { return c == 0 || c == '\n' || c == '\r'; });
 
 constexpr TCharSet StringStops = MakeCharSet([](unsigned c) { return LineStops[c] || c == '\''; });
 
@@ -54,7 +41,7 @@ constinit const TzkBasePasLex::TProcTable TzkBasePasLex::CharProcs = [] {
       procs[c] = SpaceProc;
     else if (Digits[c])
       procs[c] = NumberProc;
-    else if ((c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'))
+    else if (Letters[c])
       procs[c] = IdentProc;
 #define PT_SINGLE_CHAR(character, kind) procs[character] = SingleCharProc<kind>;
 #include "lexer/TokenKinds.def"

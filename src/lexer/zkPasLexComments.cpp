@@ -7,15 +7,8 @@
 namespace quorvane {
 namespace {
 
-constexpr std::array<bool, 256> MakeStops(char closer) {
-  std::array<bool, 256> stops{};
-  for (const char c : {'\0', '\n', '\r', closer})
-    stops[static_cast<unsigned char>(c)] = true;
-  return stops;
-}
-
-constexpr std::array<bool, 256> BraceStops = MakeStops('}');
-constexpr std::array<bool, 256> RoundStops = MakeStops('*');
+constexpr TCharSet BraceStops = MakeCharSet([](unsigned c) { return LineStops[c] || c == '}'; });
+constexpr TCharSet RoundStops = MakeCharSet([](unsigned c) { return LineStops[c] || c == '*'; });
 
 constexpr bool IsSwitch(char c) {
   return c == '+' || c == '-';

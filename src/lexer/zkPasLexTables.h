@@ -12,28 +12,35 @@
 
 namespace quorvane {
 
+using TCharSet = std::array<bool, 256>;
+
+template <typename TPredicate> constexpr TCharSet MakeCharSet(TPredicate contains) {
+  TCharSet set{};
+  for (unsigned c = 0; c < set.size(); ++c)
+    set[c] = contains(c);
+  return set;
+}
+
+inline constexpr TCharSet Letters =
+    MakeCharSet([](unsigned c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); });
+
+inline constexpr TCharSet Digits = MakeCharSet([](unsigned c) { return c >= '0' && c <= '9'; });
+
+// What ends a line: its line end, or the NUL that ends the text.
+inline constexpr TCharSet LineStops = MakeCharSet([](unsigned c) { return c == 0 || c == '\n' || c == '\r'; });
+
 // Whether a character may stand in an identifier. Read by the hash and by the directive parameter.
-inline constexpr std::array<bool, 256> IdentChars = [] {
-  std::array<bool, 256> table{};
-  for (unsigned c = 0; c < table.size(); ++c)
-    table[c] = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || c == '_' || (c >= 'a' && c <= 'z');
-  return table;
-}();
+inline constexpr TCharSet IdentChars = MakeCharSet([](unsigned c) { return Letters[c] || Digits[c] || c == '_'; });
 
 // Whether a character is one of a run of blanks: everything up to the space but NUL and the line ends.
-inline constexpr std::array<bool, 256> Blanks = [] {
-  std::array<bool, 256> table{};
-  for (unsigned c = 1; c <= ' '; ++c)
-    table[c] = c != '\n' && c != '\r';
-  return table;
-}();
+inline constexpr TCharSet Blanks = MakeCharSet([](unsigned c) { return c <= ' ' && !LineStops[c]; });
 
 // What a character adds to the hash of a word: a letter its place in the alphabet, in either case, the underscore 31,
 // all else, digits included, 0. Words are compared by these values too, so digits are not told apart.
 inline constexpr std::array<std::uint8_t, 256> HashValues = [] {
   std::array<std::uint8_t, 256> table{};
   for (unsigned c = 0; c < table.size(); ++c)
-    if (c == '_' || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'))
+    if (Letters[c] || c == '_')
       table[c] = c & 31U;
   return table;
 }();
