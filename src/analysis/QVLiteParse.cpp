@@ -12,8 +12,10 @@ namespace {
 // The position of an "else" that has not been seen.
 constexpr std::int32_t NotSeen = -1;
 
-// How many marks a parser keeps memory for between two parses; programs nest far less.
-constexpr std::size_t MarksKept = std::size_t{64} * 1024;
+// How many marks a parser keeps memory for between two parses: 16 MB of them. To ask for the memory anew takes twice as
+// long as the parse itself, so a text that nests as deep as this is still parsed quickly at each repaint; one that
+// nests deeper is paid for each time, and does not hold its memory for as long as the parser lives.
+constexpr std::size_t MarksKept = std::size_t{1024} * 1024;
 
 // The kind that the element of a token carries.
 constexpr TptTokenKind ElementKind(TptTokenKind kind) {
