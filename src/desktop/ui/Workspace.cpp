@@ -16,6 +16,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QPointer>
 
 #include <algorithm>
@@ -129,7 +130,9 @@ Page* Workspace::openFileIn(TEditWindow* window, const QString& path) {
       showFrame(frameOf(open->window()));
     return open;
   }
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor); // a very large file takes its time
   LoadResult loaded = load(absolute);
+  QGuiApplication::restoreOverrideCursor();
   if (loaded.document == nullptr) {
     window->messageBar()->addMessage(MessageBar::Kind::Error, loaded.error);
     return nullptr;
@@ -193,6 +196,8 @@ bool Workspace::mayCloseFrame(MainWindow* frame) {
 
 // The frame is in the middle of closing, so it goes when control is back in the event loop.
 void Workspace::removeFrame(MainWindow* frame) {
+  // A late activation must not bring the dying window back to the top.
+  disconnect(frame->editWindow(), &TEditWindow::activated, this, nullptr);
   activationOrder_.removeOne(frame->editWindow());
   const auto found =
       std::find_if(frames_.begin(), frames_.end(), [frame](const auto& each) { return each.get() == frame; });
