@@ -39,6 +39,9 @@ Program::Program(const CommandLine& commandLine) : commandLine_(commandLine) {
 
 Program::~Program() {
   packages_.unloadAll();
+  // The event loop has ended, so what the packages' stops have thrown would otherwise be lost.
+  platform::Application().SetReporter({});
+  platform::Application().ReportPending();
   platform::SetBorlandIDEServices(nullptr);
 }
 

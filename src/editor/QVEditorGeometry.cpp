@@ -122,6 +122,12 @@ platform::TCanvas* TQVEditorProxy::EdGetCanvas() const {
   return control ? &control->Canvas() : nullptr;
 }
 
+platform::TCanvas& TQVEditorProxy::DrawingCanvas() const {
+  platform::TCanvas* canvas = EdGetCanvas();
+  platform::Require(canvas != nullptr, kUnit);
+  return *canvas;
+}
+
 int TQVEditorProxy::EdGetLineHeight() const {
   // The last line, partly visible, does not count. Intended.
   return platform::Divide(Control().ClientHeight(), EdGetLinesInWindow() - 1);

@@ -58,7 +58,7 @@ void TQVEditorProxy::PaintEditor(platform::TMessage& message) {
   PaintStructure(*buffer);
   PaintMarkers(buffer->GetFileName());
   if (OptShowLineNumbers && OptLinesInGutter)
-    PaintLineNumbers(*EdGetCanvas());
+    PaintLineNumbers(DrawingCanvas());
 }
 
 void TQVEditorProxy::PaintStructure(platform::IOTAEditBuffer& buffer) {
@@ -97,11 +97,10 @@ void TQVEditorProxy::ProcessRounds(std::span<const TQVLitePasElement> elements) 
 
 void TQVEditorProxy::DrawCursorBlockAt(const platform::TOTAEditPos& position, int cells, TQVCellColor color) {
   platform::TWinControl& control = Control();
-  platform::TCanvas* canvas = EdGetCanvas();
-  platform::Require(canvas != nullptr, kUnit);
+  platform::TCanvas& canvas = DrawingCanvas();
   const auto level = static_cast<unsigned>(BlockColorIndex) % OptBlockHiliteColors.size();
   const platform::TColor fill = color == TQVCellColor::Paren ? OptParenMatchColor : OptBlockHiliteColors[level];
-  DrawCells(*canvas, control.Canvas(), CursorToPixel(position, TQVCellEdge::Top), cells, fill, control.Color());
+  DrawCells(canvas, control.Canvas(), CursorToPixel(position, TQVCellEdge::Top), cells, fill, control.Color());
 }
 
 void TQVEditorProxy::DrawCursorBlockAt(const platform::TOTACharPos& position, int cells, TQVCellColor color) {
@@ -111,9 +110,7 @@ void TQVEditorProxy::DrawCursorBlockAt(const platform::TOTACharPos& position, in
 void TQVEditorProxy::PaintSubInteger(int line, int column, int value) {
   const platform::TOTACharPos marked{static_cast<std::int16_t>(column - 1), line};
   const QPoint corner = CursorToPixel(marked, TQVCellEdge::Bottom) - QPoint(EdGetColWidth() / 2, EdGetLineHeight() / 2);
-  platform::TCanvas* canvas = EdGetCanvas();
-  platform::Require(canvas != nullptr, kUnit);
-  DrawSubInteger(*canvas, corner, value);
+  DrawSubInteger(DrawingCanvas(), corner, value);
 }
 
 void TQVEditorProxy::PaintLineNumbers(platform::TCanvas& canvas) {

@@ -151,6 +151,8 @@ private:
   // The control, or null when it is gone or half destroyed; Control() requires it.
   platform::TWinControl* FindControl() const;
   platform::TWinControl& Control() const;
+  // EdGetCanvas, which must not be null.
+  platform::TCanvas& DrawingCanvas() const;
   QVariant Published(const char* name) const;
   template <class TOrdinal> TOrdinal PublishedOrdinal(const char* name) const;
   QString PublishedText(const char* name) const;

@@ -32,6 +32,7 @@ void GetSourceFromReader(const std::shared_ptr<platform::IOTAEditReader>& reader
   int position = 0;
   do {
     count = reader->GetText(position, scratch.get(), kChunkSize);
+    platform::Require(count >= 0 && count <= kChunkSize, "QVSourceUtils");
     text.append(scratch.get(), static_cast<std::size_t>(count));
     position += count;
   } while (count == kChunkSize);

@@ -26,9 +26,11 @@ void ReportToDebugger(const QString& message, int count) {
 
 } // namespace
 
-TApplication::TApplication() : reporter_(ReportToDebugger) {}
+TApplication::TApplication() = default;
 
 TApplication::~TApplication() {
+  reporter_ = {};
+  ReportPending();
   for (auto component = components_.rbegin(); component != components_.rend(); ++component)
     delete component->data();
 }
@@ -48,10 +50,20 @@ void TApplication::HandleException(const std::exception_ptr& error) noexcept {
       return;
     }
     pending_.emplace_back(message, 1);
-    if (pending_.size() == 1)
-      QMetaObject::invokeMethod(this, &TApplication::ReportPending, Qt::QueuedConnection);
+    if (!posted_)
+      posted_ = QMetaObject::invokeMethod(this, &TApplication::ReportPending, Qt::QueuedConnection);
   } catch (...) {
     OutputDebugString("An exception could not be reported");
+  }
+}
+
+void TApplication::Report(const QString& message, int count) {
+  if (!reporter_)
+    return ReportToDebugger(message, count);
+  try {
+    reporter_(message, count);
+  } catch (...) {
+    ReportToDebugger(message, count);
   }
 }
 
@@ -60,11 +72,10 @@ void TApplication::ReportPending() {
   {
     const std::lock_guard lock(mutex_);
     messages.swap(pending_);
+    posted_ = false;
   }
-  for (const auto& [message, count] : messages) {
-    if (reporter_)
-      reporter_(message, count);
-  }
+  for (const auto& [message, count] : messages)
+    Report(message, count);
 }
 
 std::vector<QWidget*> TScreen::Forms() const {

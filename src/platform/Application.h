@@ -45,18 +45,22 @@ public:
   // Queues the message of `error` for the reporter. Safe from any thread and at any time; never throws. While no event
   // loop runs the message waits; ReportPending delivers it.
   void HandleException(const std::exception_ptr& error) noexcept;
-  // Replaces the reporter; the one at first writes to the debugger output.
+  // Replaces the reporter. An empty one, as at first, stands for writing to the debugger output.
   void SetReporter(TReporter reporter) { reporter_ = std::move(reporter); }
-  // Delivers what waits, now. Main thread.
+  // Delivers what waits, now. A reporter that throws does not keep the other messages back: its own goes to the
+  // debugger output. Main thread.
   void ReportPending();
 
 private:
+  void Report(const QString& message, int count);
+
   QPointer<QWidget> mainForm_;
   QString programDirectory_;
   std::vector<QPointer<QObject>> components_;
   TReporter reporter_;
   std::mutex mutex_;
   std::vector<std::pair<QString, int>> pending_; // guarded by mutex_
+  bool posted_ = false;                          // ReportPending is on its way; guarded by mutex_
 };
 
 // The open forms of the process. Main thread.

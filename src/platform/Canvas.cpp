@@ -84,10 +84,12 @@ void TCanvas::LineTo(int x, int y) {
   {
     QPainter painter(&surface_.BeginDrawing());
     painter.setPen(QPen(color, Pen.Width, Qt::SolidLine, Qt::SquareCap));
-    // The painter draws both end points, so the line is ended one step early.
-    const QPoint last = position_ - QPoint((position_.x() > from.x()) - (position_.x() < from.x()),
-                                           (position_.y() > from.y()) - (position_.y() < from.y()));
-    painter.drawLine(from, last);
+    // The painter draws both end points; the second belongs to the line that goes on from there.
+    const QRect end(position_ - QPoint(Pen.Width / 2, Pen.Width / 2), QSize(Pen.Width, Pen.Width));
+    painter.setClipRegion(
+        QRegion(QRect(from, position_).normalized().adjusted(-Pen.Width, -Pen.Width, Pen.Width, Pen.Width))
+            .subtracted(end));
+    painter.drawLine(from, position_);
   }
   const int margin = Pen.Width;
   surface_.EndDrawing(QRect(from, position_).normalized().adjusted(-margin, -margin, margin, margin));

@@ -4,6 +4,9 @@
 namespace platform {
 
 QObject* FindComponent(const QObject& owner, const QString& name) {
+  // To Qt an empty name stands for any.
+  if (name.isEmpty())
+    return nullptr;
   return owner.findChild<QObject*>(name, Qt::FindDirectChildrenOnly);
 }
 

@@ -97,16 +97,6 @@ TEST_P(QVEditorDrawAtRatio, CharactersKeepEveryPixelThatIsNotGround) {
   EXPECT_GT(kept, 50) << "the cells hold no characters";
 }
 
-TEST_P(QVEditorDrawAtRatio, TabsAndTrailingBlanksShowAFullCell) {
-  DrawLetters();
-  const QSize cell = Surface.CellSize();
-  DrawCells(Canvas(), Canvas(), {10 * cell.width(), cell.height()}, 1, kFill, platform::clWhite);
-  const QImage pixels = Surface.Cell(11, 2);
-  QImage expected(pixels.size(), pixels.format());
-  expected.fill(platform::ToQColor(kFill, {}, {}).rgb());
-  EXPECT_EQ(pixels, expected);
-}
-
 TEST_F(QVEditorDraw, CellsAreTakenFromTheScreenAndDrawnOnTheCanvas) {
   platform::TBitmap other(Surface.Width, Surface.PublishedClientHeight, Canvas());
   Canvas().Brush.Color = platform::clRed;

@@ -169,9 +169,9 @@ TEST_F(QVEditorPaint, BufferOfExactlyOneChunkNeedsASecondEmptyRead) {
 }
 
 TEST_F(QVEditorPaint, BracketsBeyondTheFirstChunkAreFound) {
-  Buffer->Text = std::string(40'000, '\n') + "(a)";
-  PutCaret(1, 40'001);
-  Editor().Send(platform::WM_PAINT);
+  Buffer->Text = std::string(20'000, '\n') + std::string(20'000, ' ') + "(a)";
+  PutCaret(20'001, 20'001);
+  EXPECT_EQ(MarksLogged(), kDrawn);
   EXPECT_EQ(Buffer->Requests.size(), 2U);
 }
 
@@ -230,8 +230,8 @@ INSTANTIATE_TEST_SUITE_P(
                     CaretCase{"JustAfterTheClosing", "f(a);", {5, 1}, 1}, CaretCase{"OneFartherOn", "f(a);", {6, 1}, 0},
                     CaretCase{"OnAnotherLine", "f(a);\n\n", {2, 2}, 0},
                     CaretCase{"BetweenTheBracketsOfAnEmptyPair", "f();", {3, 1}, 0},
-                    CaretCase{"BeforeTwoOpeningOnesOnlyTheOuter", "f((a));", {2, 1}, 1},
-                    CaretCase{"AfterTwoClosingOnesOnlyTheInner", "f((a)) ;", {6, 1}, 1},
+                    CaretCase{"BeforeTwoOpeningOnes", "f((a));", {2, 1}, 1},
+                    CaretCase{"AfterTwoClosingOnes", "f((a)) ;", {7, 1}, 1},
                     CaretCase{"BetweenAdjacentPairsTheOnlyOneReported", "(a)(b)", {4, 1}, 1},
                     CaretCase{"ClosingAtTheEndOfALaterLine", "f(a,\r\n  b)", {5, 2}, 1},
                     CaretCase{"OpeningOnAnEarlierLine", "f(a,\r\n  b)", {2, 1}, 1},
@@ -324,8 +324,44 @@ TEST_F(QVEditorPaint, CanvasOverrideGetsTheMarksInsteadOfTheControl) {
   EXPECT_EQ(platform::ToTColor(Editor().Cell(4, 1).pixelColor(0, 0)), OptParenMatchColor);
 }
 
-TEST_F(QVEditorPaint, BlocksAreReportedButNotPainted) {
+// Of nested pairs only the one whose opening bracket is right of the caret, or whose closing bracket is left of it.
+TEST_F(QVEditorPaint, OfNestedPairsOnlyTheOneAtTheCaretIsMarked) {
+  Show("f((a)) ;", 20, 5, 0);
+  const Cell outer[] = {{2, 1}, {6, 1}};
+  const Cell inner[] = {{3, 1}, {5, 1}};
+  const QImage outerMarked = HostWithMarks({outer[0], outer[1]}, OptParenMatchColor);
+  const QImage innerMarked = HostWithMarks({inner[0], inner[1]}, OptParenMatchColor);
+  PutCaret(2, 1);
+  EXPECT_EQ(PictureAfterPaint(), outerMarked) << "before two opening ones";
+  PutCaret(3, 1);
+  EXPECT_EQ(PictureAfterPaint(), innerMarked) << "between the opening ones";
+  PutCaret(6, 1);
+  EXPECT_EQ(PictureAfterPaint(), innerMarked) << "between the closing ones";
+  PutCaret(7, 1);
+  EXPECT_EQ(PictureAfterPaint(), outerMarked) << "after two closing ones";
+}
+
+TEST_F(QVEditorPaint, TabsAndTrailingBlanksShowAFullCell) {
+  Show("a\tb  ", 30, 5, 0);
+  for (const int index : {1, 3, 4}) {
+    const TOTACharPos position{static_cast<std::int16_t>(index), 1};
+    TOTAEditPos cell;
+    TOTACharPos character = position;
+    View->ConvertPos(false, cell, character);
+    (void)PictureAfterPaint();
+    Proxy->DrawCursorBlockAt(position, 1, TQVCellColor::Paren);
+    QImage full = Editor().Cell(cell.Col, 1);
+    full.fill(platform::ToQColor(OptParenMatchColor, {}, {}).rgb());
+    EXPECT_EQ(Editor().Cell(cell.Col, 1), full) << "character " << index;
+  }
+}
+
+TEST_F(QVEditorPaint, BlocksAreNotPaintedWhateverTheirOptions) {
+  OptMarkBlocks = true;
   OptMarkAllBlocks = true;
+  OptBlockBrackets = true;
+  OptUnevenBrackets = true;
+  OptLineWidth = 9;
   Show("begin\r\n  if a then b else c;\r\nend.", 30, 5, 0);
   PutCaret(1, 1);
   EXPECT_EQ(PictureAfterPaint(), PictureOfTheHost());

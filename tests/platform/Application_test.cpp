@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Application.h"
+#include "platform/Debug.h"
 #include "platform/Errors.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 #include <QPointer>
 
 #include <stdexcept>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -58,6 +60,30 @@ TEST(Application, HandlesExceptionsOfAnyThreadAndKind) {
   }).join();
   QCoreApplication::processEvents();
   EXPECT_EQ(reports, (TReports{{QStringLiteral("from a thread"), 1}, {QStringLiteral("Unknown exception"), 1}}));
+}
+
+TEST(Application, WithoutAReporterMessagesGoToTheDebuggerOutput) {
+  std::vector<std::string> lines;
+  const TDebugSink before = SetDebugSink([&](std::string_view line) { lines.emplace_back(line); });
+  TApplication application;
+  application.SetReporter({});
+  application.HandleException(Error("broken"));
+  application.HandleException(Error("broken"));
+  application.ReportPending();
+  SetDebugSink(before);
+  EXPECT_EQ(lines, std::vector<std::string>{"broken (2 times)"});
+}
+
+TEST(Application, AReporterThatThrowsKeepsNoMessageBack) {
+  std::vector<std::string> lines;
+  const TDebugSink before = SetDebugSink([&](std::string_view line) { lines.emplace_back(line); });
+  TApplication application;
+  application.SetReporter([](const QString&, int) { throw Exception("reporter"); });
+  application.HandleException(Error("one"));
+  application.HandleException(Error("two"));
+  EXPECT_NO_THROW(application.ReportPending());
+  SetDebugSink(before);
+  EXPECT_EQ(lines, (std::vector<std::string>{"one", "two"}));
 }
 
 TEST(Application, FreesTheComponentsThatStillLive) {

@@ -113,6 +113,17 @@ TEST(Canvas, LineStopsBeforeItsEnd) {
   EXPECT_EQ(Bounds(surface.Image, QColor(255, 0, 0)), QRect(QPoint(2, 3), QPoint(7, 8)));
 }
 
+TEST(Canvas, ShallowLineKeepsItsSlope) {
+  TImageSurface surface(20, 20, 1);
+  TCanvas canvas(surface);
+  canvas.Pen.Color = clRed;
+  canvas.MoveTo(0, 0);
+  canvas.LineTo(10, 2);
+  for (const QPoint point : {QPoint(0, 0), QPoint(4, 0), QPoint(6, 1), QPoint(9, 1)})
+    EXPECT_EQ(surface.Image.pixelColor(point), QColor(255, 0, 0)) << point.x();
+  EXPECT_EQ(Bounds(surface.Image, QColor(255, 0, 0)), QRect(QPoint(0, 0), QPoint(9, 1)));
+}
+
 TEST(Canvas, ColourNoneDrawsNothing) {
   TImageSurface surface(20, 20, 1);
   const QImage before = surface.Image.copy();

@@ -23,6 +23,13 @@ TEST(Component, DeeperDescendantsAreNotComponents) {
   EXPECT_EQ(FindComponent(owner, QStringLiteral("Editor")), nullptr);
 }
 
+TEST(Component, EmptyNameNamesNoComponent) {
+  QObject owner;
+  const QObject* child = new QObject(&owner);
+  EXPECT_EQ(child->parent(), &owner);
+  EXPECT_EQ(FindComponent(owner, QString()), nullptr);
+}
+
 TEST(Component, ClassNameHasNoNamespace) {
   EXPECT_EQ(ClassName(QWidget()), QStringLiteral("QWidget"));
 }

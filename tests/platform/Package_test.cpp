@@ -102,6 +102,17 @@ TEST_F(Package, CanBeStartedAfterAFailedStart) {
   EXPECT_EQ(calls, (std::vector<std::string>{"start A", "start C"}));
 }
 
+TEST_F(Package, ARegisterThatFailsDoesNotKeepTheOthersFromRegistering) {
+  constexpr std::array contains = {TContainedUnit{"A", Fail}, TContainedUnit{"B", [] { Call("register B"); }}};
+  QString reported;
+  Application().SetReporter([&](const QString& message, int) { reported = message; });
+  EXPECT_NO_THROW(RegisterPackage({u"Test", {}, contains, {}}));
+  QCoreApplication::processEvents();
+  Application().SetReporter({});
+  EXPECT_EQ(calls, std::vector<std::string>{"register B"});
+  EXPECT_EQ(reported, QStringLiteral("no room"));
+}
+
 TEST_F(Package, AStopThatFailsDoesNotKeepTheOthersFromStopping) {
   auto units = Units();
   units[1].Stop = Fail;

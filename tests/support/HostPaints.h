@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Counts the paints of the host itself, whatever an add-in makes of the message.
+// Counts the paints of the host itself, whatever an add-in makes of the messages.
 #pragma once
 
 #include "platform/Control.h"
@@ -17,11 +17,11 @@ public:
   HostPaints(const HostPaints&) = delete;
   HostPaints& operator=(const HostPaints&) = delete;
 
-  // How many WM_PAINT have reached the host.
+  // How many WM_PAINT and WM_ERASEBKGND have reached the host: an add-in paints on either.
   int count = 0;
 
   void Proc(platform::TMessage& message) {
-    count += message.Msg == platform::WM_PAINT;
+    count += message.Msg == platform::WM_PAINT || message.Msg == platform::WM_ERASEBKGND;
     previous_(message);
   }
 

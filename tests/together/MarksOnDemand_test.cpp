@@ -101,6 +101,7 @@ TEST_F(MarksOnDemand, ASecondPressDrawsNothingAgain) {
   openAtBracket();
   pressHotKey();
   const QImage once = editor()->picture().copy();
+  quorvane::OptParenMatchColor = 0x00FF00; // what a second drawing would show
   pressHotKey();
   EXPECT_EQ(editor()->picture(), once);
 }

@@ -27,6 +27,7 @@ protected:
     loader.unloadAll();
     platform::SetDebugSink(debugBefore_);
     platform::SetBorlandIDEServices(nullptr);
+    platform::Application().ReportPending();
     platform::Application().SetReporter({});
   }
 

@@ -30,6 +30,7 @@ protected:
   ~TogetherFixture() override {
     quorvane::TQVEditorProxy::RemoveExistingProxies();
     platform::SetBorlandIDEServices(nullptr);
+    platform::Application().ReportPending();
     platform::Application().SetReporter({});
     quorvane::ResetOptions();
   }

@@ -23,6 +23,13 @@ bool isTyped(char32_t character) {
   return character >= 0x20 && (character < 0x7F || character >= 0xA0);
 }
 
+// Whether the key would put text in although a command modifier is held: Qt refuses only some of these, and a mistyped
+// shortcut must not change the source.
+bool isUnboundText(const QKeyEvent& event) {
+  return event.modifiers() & (Qt::AltModifier | Qt::MetaModifier) && !event.text().isEmpty() &&
+         isTyped(event.text().at(0).unicode());
+}
+
 // The characters that a key press types: none for commands, CR for Enter, a tab for Tab.
 QString typedText(const QKeyEvent& event) {
   const Qt::KeyboardModifiers commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -202,6 +209,8 @@ void TEditControl::applyKey(QKeyEvent& event) {
       unindentBlock();
     return event.accept();
   }
+  if (isUnboundText(event))
+    return event.ignore();
   QPlainTextEdit::keyPressEvent(&event);
 }
 

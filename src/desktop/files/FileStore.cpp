@@ -11,12 +11,12 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLocale>
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
+#include <new>
 #include <utility>
 
 namespace desktop {
@@ -70,8 +70,12 @@ FileContents read(const QString& path) {
   return contents;
 }
 
-bool mayWrite(const QString& path) {
-  return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+// Line feeds, and carriage returns that no line feed follows.
+std::int64_t countLineEnds(const QByteArray& bytes) {
+  std::int64_t count = 0;
+  for (qsizetype i = 0; i < bytes.size(); ++i)
+    count += bytes[i] == '\n' || (bytes[i] == '\r' && (i + 1 == bytes.size() || bytes[i + 1] != '\n'));
+  return count;
 }
 
 QString codePointName(char32_t character) {
@@ -92,6 +96,16 @@ MissingCharacter missingCharacter(std::u16string_view text, std::size_t unit) {
   return missing;
 }
 
+LoadResult fillDocument(const QString& fileName, const FileContents& contents, quorvane::TCodePage codePage) {
+  auto document = std::make_unique<SourceDocument>(fileName);
+  DocumentFiller filler(*document);
+  filler.fill({contents.bytes.constData(), static_cast<std::size_t>(contents.bytes.size())}, codePage);
+  if (!mayWrite(fileName))
+    filler.setReadOnly(message("The file may not be written."), true);
+  document->setFileStamp(contents.stamp);
+  return {std::move(document), {}};
+}
+
 } // namespace
 
 FileStamp stampOf(const QString& path) {
@@ -103,21 +117,17 @@ bool changedOnDisk(const SourceDocument& document) {
   return !document.isUntitled() && stampOf(document.fileName()) != document.fileStamp();
 }
 
-LoadResult load(const QString& path, quorvane::TCodePage codePage) {
+LoadResult load(const QString& path, quorvane::TCodePage codePage) try {
   const QString fileName = absolute(path);
   const FileContents contents = read(fileName);
   if (!contents.error.isEmpty())
     return {nullptr, cannotOpen(fileName, contents.error)};
-
-  auto document = std::make_unique<SourceDocument>(fileName);
-  DocumentFiller filler(*document);
-  filler.fill({contents.bytes.constData(), static_cast<std::size_t>(contents.bytes.size())}, codePage);
-  if (!mayWrite(fileName))
-    filler.setReadOnly(message("The file may not be written."), true);
-  document->setFileStamp(contents.stamp);
-  return {std::move(document), {}};
+  if (countLineEnds(contents.bytes) > mostLines)
+    return {nullptr, cannotOpen(fileName, message("it has more than %1 lines").arg(QLocale().toString(mostLines)))};
+  return fillDocument(fileName, contents, codePage);
+} catch (const std::bad_alloc&) {
+  return {nullptr, cannotOpen(absolute(path), message("there is not enough memory"))};
 }
-
 std::unique_ptr<SourceDocument> newDocument(const QString& folder,
                                             const std::function<bool(const QString& path)>& isTaken) {
   for (int number = 1;; ++number) {
@@ -148,10 +158,11 @@ SaveResult save(SourceDocument& document, const QString& path) {
   if (const QString reason = writeFile(fileName, encoded.Bytes); !reason.isEmpty())
     return failed(reason);
 
-  document.setFileName(fileName);
+  // Writable before it is renamed: who hears of the new name looks at the read-only state as well.
+  DocumentFiller(document).setWritable();
   document.setFileStamp(stampOf(fileName));
   document.setModified(false);
-  DocumentFiller(document).setWritable();
+  document.setFileName(fileName);
   return {};
 }
 

@@ -14,10 +14,12 @@
 namespace desktop {
 
 // Files over `plainFileBytes`, or with a line over `plainLineCharacters`, open as plain text; files over
-// `largestFileBytes` are refused.
+// `largestFileBytes` or with more than `mostLines` line ends are refused: a line costs the document about 500 bytes
+// whatever its length, and the editor must not take the machine's memory with other files' unsaved text in it.
 inline constexpr std::int64_t plainFileBytes = std::int64_t{64} << 20;
 inline constexpr std::int64_t largestFileBytes = std::int64_t{256} << 20;
 inline constexpr std::size_t plainLineCharacters = 100'000;
+inline constexpr std::int64_t mostLines = 3'000'000;
 
 struct LoadResult {
   std::unique_ptr<SourceDocument> document; // null when the file could not be opened

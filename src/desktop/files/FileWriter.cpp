@@ -16,14 +16,14 @@
 
 namespace desktop {
 
+bool mayWrite(const QString& path) {
+  return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
+}
+
 namespace {
 
 QString message(const char* text) {
   return QCoreApplication::translate("FileWriter", text);
-}
-
-bool mayWrite(const QString& path) {
-  return ::faccessat(AT_FDCWD, QFile::encodeName(path).constData(), W_OK, AT_EACCESS) == 0;
 }
 
 // Whether the file has to stay the same one, which replacing it would not allow: other names lead to it, it belongs to

@@ -70,6 +70,19 @@ private:
   void* handle_;
 };
 
+// Calls a function of the package; what it throws becomes an error that names the file.
+template <class TFunction> auto callPackage(const QString& fileName, TFunction function) {
+  try {
+    return function();
+  } catch (const EPackageError& error) {
+    throw EPackageError(fileName.toStdString(), error);
+  } catch (const std::exception& error) {
+    throw fault(fileName, error.what());
+  } catch (...) {
+    throw fault(fileName, "Unknown exception");
+  }
+}
+
 } // namespace
 
 PackageLoader::PackageLoader() = default;
@@ -92,7 +105,7 @@ std::unique_ptr<PackageLoader::Package> PackageLoader::map(const QString& path) 
   package->initialize = mapping.resolve<platform::TPackageProcedure>(platform::InitializeName);
   package->finalize = mapping.resolve<platform::TPackageProcedure>(platform::FinalizeName);
   const auto getInfo = mapping.resolve<platform::TPackageInfoFunction>(platform::GetPackageInfoTableName);
-  package->info = getInfo();
+  package->info = callPackage(package->fileName, getInfo);
   if (package->info == nullptr)
     throw fault(package->fileName, "it has no table of its units");
   mapping.keep();
@@ -100,15 +113,7 @@ std::unique_ptr<PackageLoader::Package> PackageLoader::map(const QString& path) 
 }
 
 void PackageLoader::start(const Package& package) {
-  try {
-    package.initialize();
-  } catch (const EPackageError& error) {
-    throw EPackageError(package.fileName.toStdString(), error);
-  } catch (const std::exception& error) {
-    throw fault(package.fileName, error.what());
-  } catch (...) {
-    throw fault(package.fileName, "Unknown exception");
-  }
+  callPackage(package.fileName, package.initialize);
 }
 
 void PackageLoader::stop(Package& package) {

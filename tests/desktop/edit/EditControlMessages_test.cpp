@@ -82,6 +82,15 @@ TEST_F(EditControlMessages, SendNoCharacterForCommands) {
   EXPECT_EQ(recorder.count(WM_KEYDOWN), 5);
 }
 
+TEST_F(EditControlMessages, KeysHeldWithACommandModifierPutNoTextIn) {
+  show(QStringLiteral("ab"));
+  press(Qt::Key_Q, QStringLiteral("q"), Qt::AltModifier);
+  press(Qt::Key_ParenRight, QStringLiteral(")"), Qt::AltModifier | Qt::ShiftModifier);
+  press(Qt::Key_Q, QStringLiteral("q"), Qt::AltModifier | Qt::ControlModifier);
+  press(Qt::Key_Q, QStringLiteral("q"), Qt::MetaModifier);
+  EXPECT_EQ(text(), "ab");
+}
+
 TEST_F(EditControlMessages, SendCommittedTextOfAnInputMethodAsCharacters) {
   show({});
   MessageRecorder recorder(control);

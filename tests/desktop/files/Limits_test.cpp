@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/files/FileFixture.h"
 
+#include <QLocale>
+
 namespace desktop {
 namespace {
 
@@ -60,6 +62,18 @@ TEST_F(LimitsTest, RefusesAFileThatIsTooLargeToOpen) {
   const LoadResult result = load(file);
   EXPECT_EQ(result.document, nullptr);
   EXPECT_EQ(result.error.toStdString(), "Cannot open " + file.toStdString() + ": it is over 256 MB.");
+}
+
+TEST_F(LimitsTest, RefusesAFileOfMoreLinesThanMemoryIsGoodFor) {
+  const QString file = write(std::string(mostLines, '\n'));
+  QFile longer(file);
+  ASSERT_TRUE(longer.open(QIODevice::Append));
+  longer.write("\r\n");
+  longer.close();
+  const LoadResult result = load(file);
+  EXPECT_EQ(result.document, nullptr);
+  EXPECT_EQ(result.error.toStdString(), "Cannot open " + file.toStdString() + ": it has more than " +
+                                            QLocale().toString(qlonglong{mostLines}).toStdString() + " lines.");
 }
 
 } // namespace

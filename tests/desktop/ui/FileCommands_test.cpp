@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "desktop/files/LowerRights.h"
 #include "desktop/ui/UiFixture.h"
 
 #include <QDir>
@@ -45,6 +46,19 @@ TEST_F(FileCommandsTest, GivesANameWithoutAnEndingThatOfPascal) {
   const FileDialogAnswer answer(choosing(path(QStringLiteral("p"))));
   EXPECT_TRUE(files().saveAs(page));
   EXPECT_EQ(page->title(), QStringLiteral("p.pas"));
+}
+
+TEST_F(FileCommandsTest, ACopyOfAReadOnlyFileCanBeTypedInAtOnce) {
+  write(QStringLiteral("locked.pas"), "begin\n");
+  ASSERT_TRUE(QFile::setPermissions(path(QStringLiteral("locked.pas")),
+                                    QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther));
+  const LowerRights rights(folder_.path());
+  Page* const page = workspace.openFile(path(QStringLiteral("locked.pas")));
+  ASSERT_NE(page, nullptr);
+  ASSERT_TRUE(editor()->isReadOnly());
+  const FileDialogAnswer answer(choosing(path(QStringLiteral("copy.pas"))));
+  EXPECT_TRUE(files().saveAs(page));
+  EXPECT_FALSE(editor()->isReadOnly());
 }
 
 TEST_F(FileCommandsTest, SavesNothingWhenNoNameIsChosen) {
