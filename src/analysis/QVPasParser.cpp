@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: MIT
+#include "analysis/QVPasParser.h"
+
+#include <string_view>
+#include <utility>
+
+#include "settings/model/QVOptions.h"
+
+namespace quorvane {
+namespace {
+
+// How long the user must have paused before an error is underlined, in milliseconds.
+constexpr std::int32_t StillBeforePaint = 1000;
+
+// The lengths of the words and one blank. A routine so starts right before its heading. Intended.
+constexpr std::int32_t ProcedureLength = 10;
+constexpr std::int32_t FunctionLength = 9;
+
+std::string Path(const std::vector<std::string>& names) {
+  std::string path;
+  for (const std::string& name : names) {
+    if (&name != &names.front())
+      path += '.';
+    path += name;
+  }
+  return path;
+}
+
+} // namespace
+
+TQVPasParser::TQVPasParser() {
+  SetOnMessage(
+      [this](TzkSimplePasPar&, const std::string&, std::int32_t x, std::int32_t y) { OnMessageHandler(x, y); });
+}
+
+// The text of the message is not used: the place is all that an editor shows.
+void TQVPasParser::OnMessageHandler(std::int32_t x, std::int32_t y) {
+  if (OptSyntaxCheck) {
+    FErrorCol = x - 1;
+    FErrorLine = y + 1;
+    if (FThread != nullptr && FThread->StillCount() > StillBeforePaint)
+      FThread->Synchronize([this] { PaintErr(); });
+  }
+  Lexer().NextID(ptSemiColon);
+}
+
+void TQVPasParser::PaintErr() {
+  if (FThread != nullptr)
+    FThread->UnderlineErr(FErrorCol, FErrorLine, Lexer().GetTokenLen() + 2);
+}
+
+void TQVPasParser::Msg() {
+  if (FThread != nullptr)
+    FThread->ShowMessage("Message!");
+}
+
+// The hint is swallowed with its semicolon, whatever it stands for.
+void TQVPasParser::NextToken() {
+  Lexer().Next();
+  if (IsIdentifier("deprecated")) {
+    Lexer().Next();
+    Expected(ptSemiColon);
+  }
+  SkipJunk();
+}
+
+void TQVPasParser::InterfaceSection() {
+  if (FPasInfo)
+    FPasInfo->SetInterfaceLine(Lexer().LineNumber());
+  TzkSimplePasPar::InterfaceSection();
+}
+
+void TQVPasParser::ImplementationSection() {
+  if (FPasInfo)
+    FPasInfo->SetImplementationLine(Lexer().LineNumber());
+  TzkSimplePasPar::ImplementationSection();
+}
+
+void TQVPasParser::InitializationSection() {
+  if (FPasInfo)
+    TzkSimplePasPar::InitializationSection();
+}
+
+void TQVPasParser::UsesClause() {
+  if (FPasInfo) {
+    if (FPasInfo->GetImplementationLine() >= 0)
+      FPasInfo->SetImplementationUsesLine(Lexer().LineNumber());
+    else
+      FPasInfo->SetInterfaceUsesLine(Lexer().LineNumber());
+  }
+  TzkSimplePasPar::UsesClause();
+}
+
+void TQVPasParser::UsedUnitName() {
+  if (FPasInfo) {
+    if (FPasInfo->GetImplementationUsesLine() >= 0)
+      FPasInfo->AddImplementationUses(Lexer().GetToken());
+    else
+      FPasInfo->AddInterfaceUses(Lexer().GetToken());
+  }
+  TzkSimplePasPar::UsedUnitName();
+}
+
+void TQVPasParser::TypeName() {
+  if (FPasInfo) {
+    FCurrentObjectName = Lexer().GetToken();
+    FPasInfo->AddClass(FCurrentObjectName, Lexer().LineNumber());
+  }
+  TzkSimplePasPar::TypeName();
+}
+
+void TQVPasParser::ObjectNameOfMethod() {
+  FCurrentObjectName = Lexer().GetToken();
+  FObjectStack.push_back(FCurrentObjectName);
+  TzkSimplePasPar::ObjectNameOfMethod();
+}
+
+void TQVPasParser::FunctionProcedureName() {
+  FCurrentRoutineName = Lexer().GetToken();
+  TzkSimplePasPar::FunctionProcedureName();
+}
+
+// The headings of constructors and destructors do not move the start. Intended.
+void TQVPasParser::ProcedureMethodDeclaration() {
+  if (TokenID() == ptProcedure)
+    FRoutineStart = Lexer().RunPos() - ProcedureLength;
+  TzkSimplePasPar::ProcedureMethodDeclaration();
+  LeaveMethod();
+}
+
+void TQVPasParser::FunctionMethodDeclaration() {
+  if (TokenID() == ptFunction)
+    FRoutineStart = Lexer().RunPos() - FunctionLength;
+  TzkSimplePasPar::FunctionMethodDeclaration();
+  LeaveMethod();
+}
+
+// A class is left with every routine, so with a nested one of its method too. Intended.
+void TQVPasParser::LeaveMethod() {
+  if (!FObjectStack.empty())
+    FObjectStack.pop_back();
+  FCurrentObjectName = FObjectStack.empty() ? std::string() : FObjectStack.back();
+}
+
+void TQVPasParser::Block() {
+  TzkSimplePasPar::Block();
+  FBlockEnd = Lexer().RunPos();
+}
+
+// Both ends are those of the last heading and the last block read, so a routine with nested ones holds the caret only
+// behind the heading of the last of them. Where both match, the outer routine stays, since it comes last. Intended.
+bool TQVPasParser::IsCaretInRoutine() const {
+  if (FThread == nullptr)
+    return false;
+  const std::int32_t caret = FThread->CaretPos();
+  return caret > FRoutineStart && caret < FBlockEnd;
+}
+
+void TQVPasParser::FunctionProcedureBlock() {
+  const std::int32_t line = Lexer().LineNumber();
+  FInRoutineBlock = true;
+  FRoutineStack.push_back(FCurrentRoutineName);
+  const std::string routinePath = Path(FRoutineStack);
+  const std::string classPath = Path(FObjectStack);
+  const std::string methodName = FObjectStack.empty() ? routinePath : FCurrentObjectName + "." + routinePath;
+
+  TzkSimplePasPar::FunctionProcedureBlock();
+
+  FInRoutineBlock = false;
+  FInProcAtCaret = IsCaretInRoutine();
+  if (FPasInfo) {
+    FPasInfo->AddMethod(methodName, line);
+    if (FInProcAtCaret) {
+      FPasInfo->SetCurrentClass(classPath);
+      FPasInfo->SetCurrentProc(routinePath);
+    }
+  }
+  FRoutineStack.pop_back();
+  FCurrentRoutineName.clear();
+}
+
+// The branch that the else opens is skipped, until an end-if, or an else inside of it, says that the skip is over. The
+// flag is shared by both scanners, so a skip must not outlast its scanner's text.
+void TQVPasParser::HandlePtElseDirect(TzkBasePasLex& lex) {
+  if (FTakeBranch) {
+    const TNesting nesting(*this);
+    FTakeBranch = false;
+    while (!FTakeBranch && lex.TokenID() != ptNull)
+      NextIn(lex);
+    FTakeBranch = true;
+  } else {
+    FTakeBranch = true;
+  }
+  lex.Next();
+}
+
+void TQVPasParser::HandlePtEndIfDirect(TzkBasePasLex& lex) {
+  if (FTakeBranch)
+    lex.Next();
+  else
+    FTakeBranch = true;
+}
+
+void TQVPasParser::HandlePtCompDirect(TzkBasePasLex& lex) {
+  lex.Next();
+}
+
+void TQVPasParser::HandlePtDefineDirect(TzkBasePasLex& lex) {
+  lex.Next();
+}
+
+void TQVPasParser::HandlePtIfDefDirect(TzkBasePasLex& lex) {
+  lex.Next();
+}
+
+void TQVPasParser::HandlePtIfNDefDirect(TzkBasePasLex& lex) {
+  lex.Next();
+}
+
+void TQVPasParser::HandlePtIfOptDirect(TzkBasePasLex& lex) {
+  lex.Next();
+}
+
+void TQVPasParser::HandlePtIncludeDirect(TzkBasePasLex& lex) {
+  lex.Next();
+}
+
+void TQVPasParser::HandlePtResourceDirect(TzkBasePasLex& lex) {
+  lex.Next();
+}
+
+void TQVPasParser::HandlePtUndefDirect(TzkBasePasLex& lex) {
+  lex.Next();
+}
+
+} // namespace quorvane
