@@ -4,7 +4,8 @@
 //
 // A new unit is one row in kContains, at its place among the contents, and one in Units, at its place among the starts;
 // the stops are those of Units backwards. Most stops write a line to the debugger output, so that a watcher sees how
-// far the package has come; that of QVEditorDraw lacks the word that the others end with, as intended.
+// far the package has come; that of QVEditorDraw lacks the word that the others end with, and that of
+// zkSimplePasParTypes turns its first two letters around, both as intended.
 #include "editor/QVEditorProxy.h"
 #include "host/QVLog.h"
 #include "host/QVStatManager.h"
@@ -33,16 +34,26 @@ void StopQVOptions() {
 constexpr const char* kRequires[] = {"VclSmp50", "vclx50", "dsnide50", "vcl50"};
 
 constexpr platform::TContainedUnit kContains[] = {
-    {"Quorvane5", nullptr},     {"QVStatManager", nullptr},
-    {"SysInit", nullptr},       {"QVLog", nullptr},
-    {"QVSourceUtils", nullptr}, {"QVOTAServices", nullptr},
-    {"QVOptions", nullptr},     {"QVEditorProxy", TQVEditorProxy::InjectExistingProxies},
-    {"QVEditorDraw", nullptr},  {"QVIDEHackUtils", nullptr},
-    {"QVLiteParse", nullptr},   {"zkPasLexTypes", nullptr},
+    {"Quorvane5", nullptr},
+    {"QVStatManager", nullptr},
+    {"SysInit", nullptr},
+    {"QVLog", nullptr},
+    {"QVSourceUtils", nullptr},
+    {"QVOTAServices", nullptr},
+    {"QVOptions", nullptr},
+    {"QVEditorProxy", TQVEditorProxy::InjectExistingProxies},
+    {"QVEditorDraw", nullptr},
+    {"QVIDEHackUtils", nullptr},
+    {"QVPasInfo", nullptr},
+    {"QVLiteParse", nullptr},
+    {"zkPasLexTypes", nullptr},
     {"zkPasLex", nullptr},
+    {"zkSimplePasParTypes", nullptr},
+    {"zkSimplePasPar", nullptr},
 };
 
 platform::TUnitEntry Units[] = {
+    {"QVPasInfo", nullptr, [] { OutputDebugString("QVPasInfo Finalized"); }},
     {"QVOTAServices", nullptr, nullptr},
     {"QVSourceUtils", nullptr, [] { OutputDebugString("QVSourceUtils Finalized"); }},
     {"QVIDEHackUtils", nullptr, [] { OutputDebugString("QVIDEHackUtils Finalized"); }},
@@ -54,6 +65,8 @@ platform::TUnitEntry Units[] = {
     {"QVEditorDraw", nullptr, [] { OutputDebugString("QVEditorDraw"); }},
     {"QVEditorProxy", nullptr, StopQVEditorProxy},
     {"QVOptions", nullptr, StopQVOptions},
+    {"zkSimplePasParTypes", nullptr, [] { OutputDebugString("kzSimplePasParTypes Finalized"); }},
+    {"zkSimplePasPar", nullptr, [] { OutputDebugString("zkSimplePasPar Finalized"); }},
 };
 
 const platform::TPackageInfoTable kTable = {

@@ -28,9 +28,17 @@ using fakes::TEditWindow;
 using Lines = std::vector<std::string>;
 
 const Lines kStopLines = {
-    "QVOptions Finalized",      "QVEditorProxy Finalized", "QVEditorDraw",
-    "QVLiteParse Finalized",    "zkPasLex Finalized",      "zkPasLexTypes Finalized",
-    "QVIDEHackUtils Finalized", "QVSourceUtils Finalized",
+    "zkSimplePasPar Finalized",
+    "kzSimplePasParTypes Finalized",
+    "QVOptions Finalized",
+    "QVEditorProxy Finalized",
+    "QVEditorDraw",
+    "QVLiteParse Finalized",
+    "zkPasLex Finalized",
+    "zkPasLexTypes Finalized",
+    "QVIDEHackUtils Finalized",
+    "QVSourceUtils Finalized",
+    "QVPasInfo Finalized",
 };
 
 QList<QWidget*> LogForms() {
@@ -132,6 +140,8 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
 
   Finalize();
   EXPECT_EQ(Debug.Take(), (Lines{
+                              "zkSimplePasPar Finalized",
+                              "kzSimplePasParTypes Finalized",
                               "QVOptions Finalized",
                               "Enter TQVEditorProxy.Destroy",
                               "Exit TQVEditorProxy.Destroy",
@@ -144,6 +154,7 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
                               "zkPasLexTypes Finalized",
                               "QVIDEHackUtils Finalized",
                               "QVSourceUtils Finalized",
+                              "QVPasInfo Finalized",
                           }));
   EXPECT_EQ(LogForms().size(), 0);
   EXPECT_EQ(ProxyOf(first), nullptr);

@@ -105,10 +105,11 @@ TEST_F(PackageInHost, WritesItsStopLinesInOrder) {
   loader.load(package);
   lines.clear();
   loader.unload(package);
-  EXPECT_EQ(lines, (std::vector<std::string>{"QVOptions Finalized", "Enter TQVEditorProxy.Destroy",
-                                             "Exit TQVEditorProxy.Destroy", "QVEditorProxy Finalized", "QVEditorDraw",
-                                             "QVLiteParse Finalized", "zkPasLex Finalized", "zkPasLexTypes Finalized",
-                                             "QVIDEHackUtils Finalized", "QVSourceUtils Finalized"}));
+  EXPECT_EQ(lines, (std::vector<std::string>{
+                       "zkSimplePasPar Finalized", "kzSimplePasParTypes Finalized", "QVOptions Finalized",
+                       "Enter TQVEditorProxy.Destroy", "Exit TQVEditorProxy.Destroy", "QVEditorProxy Finalized",
+                       "QVEditorDraw", "QVLiteParse Finalized", "zkPasLex Finalized", "zkPasLexTypes Finalized",
+                       "QVIDEHackUtils Finalized", "QVSourceUtils Finalized", "QVPasInfo Finalized"}));
 }
 
 TEST_F(PackageInHost, AClosedWindowTakesItsProxyAlong) {
