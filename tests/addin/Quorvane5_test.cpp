@@ -92,17 +92,18 @@ TEST_F(Quorvane5, ListsItsUnitsInContainsOrder) {
   Lines names;
   for (const platform::TContainedUnit& unit : Table->Contains)
     names.emplace_back(unit.Name);
-  EXPECT_EQ(names,
-            (Lines{"Quorvane5", "QVStatManager", "SysInit", "QVLog", "QVSourceUtils", "QVOTAServices", "QVOptions",
-                   "QVEditorProxy", "QVEditorDraw", "QVIDEHackUtils", "QVLiteParse", "zkPasLexTypes", "zkPasLex"}));
+  EXPECT_EQ(names, (Lines{"Quorvane5", "QVStatManager", "SysInit", "QVLog", "QVSourceUtils", "QVOTAServices",
+                          "QVOptions", "QVEditorProxy", "QVEditorDraw", "QVIDEHackUtils", "QVPasInfo", "QVLiteParse",
+                          "zkPasLexTypes", "zkPasLex", "zkSimplePasParTypes", "zkSimplePasPar"}));
 }
 
 TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
   Lines names;
   for (const platform::TUnitEntry& unit : Table->Units)
     names.emplace_back(unit.Name);
-  EXPECT_EQ(names, (Lines{"QVOTAServices", "QVSourceUtils", "QVIDEHackUtils", "QVLog", "zkPasLexTypes", "zkPasLex",
-                          "QVLiteParse", "QVStatManager", "QVEditorDraw", "QVEditorProxy", "QVOptions"}));
+  EXPECT_EQ(names, (Lines{"QVPasInfo", "QVOTAServices", "QVSourceUtils", "QVIDEHackUtils", "QVLog", "zkPasLexTypes",
+                          "zkPasLex", "QVLiteParse", "QVStatManager", "QVEditorDraw", "QVEditorProxy", "QVOptions",
+                          "zkSimplePasParTypes", "zkSimplePasPar"}));
 }
 
 TEST_F(Quorvane5, OnlyTheProxyRegisters) {
