@@ -9,16 +9,16 @@ namespace {
 using namespace quorvane;
 
 // Walks as the parser does, with a lexer of the same kind, and does nothing else.
-std::int64_t CountTokens(const char* text) {
+std::int64_t CountTokens(const std::string& text) {
   static TzkPasLex lexer;
   std::int64_t count = 0;
-  for (lexer.SetOrigin(text); lexer.TokenID() != ptNull; lexer.Next())
+  for (lexer.SetOrigin(text.c_str()); lexer.TokenID() != ptNull; lexer.Next())
     ++count;
   return count;
 }
 
 // Parses with both events set, as in an editor.
-std::int64_t SumUpElements(const char* text) {
+std::int64_t SumUpElements(const std::string& text) {
   static std::int64_t sum = 0;
   static TQVLitePasParser parser;
   static const bool ready = [] {
@@ -29,7 +29,7 @@ std::int64_t SumUpElements(const char* text) {
   }();
   benchmark::DoNotOptimize(ready);
   sum = 0;
-  parser.ParseFull(text);
+  parser.ParseFull(text.c_str());
   return sum;
 }
 

@@ -32,8 +32,8 @@ constexpr std::array<TClass, 256> Classes = [] {
 }();
 
 // The floor: looks each character up, and runs to the end of letters, digits and blanks.
-std::int64_t CountByMaxMunch(const char* text) {
-  const auto* run = reinterpret_cast<const unsigned char*>(text);
+std::int64_t CountByMaxMunch(const std::string& text) {
+  const auto* run = reinterpret_cast<const unsigned char*>(text.c_str());
   std::int64_t count = 0;
   for (TClass c = Classes[*run]; c != End; c = Classes[*run]) {
     ++run;
@@ -45,10 +45,10 @@ std::int64_t CountByMaxMunch(const char* text) {
   return count;
 }
 
-std::int64_t CountTokens(const char* text) {
+std::int64_t CountTokens(const std::string& text) {
   static TzkPasLex lexer;
   std::int64_t count = 0;
-  for (lexer.SetOrigin(text); lexer.TokenID() != ptNull; lexer.Next())
+  for (lexer.SetOrigin(text.c_str()); lexer.TokenID() != ptNull; lexer.Next())
     ++count;
   return count;
 }
