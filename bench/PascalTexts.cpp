@@ -15,6 +15,9 @@ using namespace quorvane;
 
 constexpr std::size_t Megabyte = 1U << 20U;
 
+// The generated unit declares a type for so many lines.
+constexpr int LinesPerType = 100;
+
 // One unit in so many is enough for a steady figure.
 constexpr std::size_t UnitStep = 16;
 
@@ -67,6 +70,9 @@ public:
     Line("unit Generated;");
     Line("{$IFDEF Debug}{$R+}{$ENDIF}");
     Line("interface");
+    Line("type");
+    for (int types = lines / LinesPerType; types > 0; --types)
+      WriteType();
     Line("implementation");
     WriteKeywords();
     while (FLines < lines)
@@ -79,7 +85,7 @@ private:
   std::size_t Below(std::size_t limit) { return FRandom() % limit; }
 
   std::string Name() {
-    static const std::vector<std::string> parts = {"Get",  "Item", "Count", "Value", "Line",   "Text", "Is",    "Node",
+    static const std::vector<std::string> parts = {"Get",  "Item", "Count", "Value", "Line",   "Text", "Has",   "Node",
                                                    "Next", "Size", "Index", "Check", "Buffer", "x",    "Width", "List"};
     std::string name = parts[Below(parts.size())];
     for (std::size_t more = Below(3); more > 0; --more)
@@ -118,10 +124,25 @@ private:
     ++FLines;
   }
 
-  // Every keyword once, in its own spelling and among names.
+  // Every keyword once, in its own spelling and among names; they make no sense, so they stand where a compiler would
+  // not look.
   void WriteKeywords() {
+    Line("{$IFDEF Debug}{$ELSE}");
     for (const TKeyword& keyword : Keywords)
       Line("// " + Name() + "\n" + std::string(keyword.Word) + " " + Name());
+    Line("{$ENDIF}");
+  }
+
+  // A class with the routines and properties of one.
+  void WriteType() {
+    Line("  T" + Name() + " = class(T" + Name() + ")");
+    Line("  private");
+    for (std::size_t fields = 1 + Below(4); fields > 0; --fields)
+      Line("    F" + Name() + ": " + Type() + ";");
+    Line("  public");
+    Line("    constructor Create(" + Name() + ": " + Type() + "); override;");
+    Line("    property " + Name() + ": " + Type() + " read F" + Name() + " write Set" + Name() + ";");
+    Line("  end;");
   }
 
   void WriteRoutine() {

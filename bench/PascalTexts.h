@@ -16,8 +16,9 @@ struct TCorpus {
   std::vector<std::string> Texts;
 };
 
-// A unit of about so many lines: routines with all the statements there are, strings, numbers, comments and directives,
-// and every keyword of the language. Always the same for the same number of lines.
+// A unit of about so many lines, without an error of syntax: classes, routines with all the statements there are,
+// strings, numbers, comments and directives, and every keyword of the language. Always the same for the same number of
+// lines.
 std::string GeneratedUnit(int lines);
 
 // Ordinary texts: "units", a sample of the units of fpc-source, empty where that is not installed; "generated", a unit
