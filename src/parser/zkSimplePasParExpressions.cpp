@@ -203,10 +203,13 @@ void TzkSimplePasPar::CharString() {
     Subscript();
 }
 
+// A subscript behind the first name ends it; intended.
 void TzkSimplePasPar::QualifiedIdentifier() {
   Expected(ptIdentifier);
-  if (TokenID() == ptSquareOpen)
+  if (TokenID() == ptSquareOpen) {
     ConstantExpression();
+    return;
+  }
   while (TokenID() == ptPoint) {
     NextToken();
     Expected(ptIdentifier);
@@ -281,6 +284,7 @@ void TzkSimplePasPar::VariableTwo() {
       break;
     case ptPointerSymbol:
       NextToken();
+      callee = TCallee::Other;
       break;
     case ptRoundOpen:
       Arguments(callee == TCallee::TakesWidths);
@@ -288,6 +292,7 @@ void TzkSimplePasPar::VariableTwo() {
       break;
     case ptSquareOpen:
       Subscript();
+      callee = TCallee::Other;
       break;
     default:
       return;
