@@ -127,7 +127,6 @@ void TzkSimplePasPar::ClassField() {
   IdentifierList();
   Expected(ptColon);
   TypeKind();
-  HintDirectives();
 }
 
 void TzkSimplePasPar::ClassMethodOrProperty() {

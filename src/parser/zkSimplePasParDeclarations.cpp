@@ -99,7 +99,6 @@ void TzkSimplePasPar::ConstantDeclaration() {
   default:
     SynError(InvalidConstantDeclaration);
   }
-  HintDirectives();
 }
 
 void TzkSimplePasPar::ConstantName() {
@@ -110,11 +109,13 @@ void TzkSimplePasPar::ConstantColon() {
   Expected(ptColon);
   TypeKind();
   TypedConstant();
+  HintDirectives();
 }
 
 void TzkSimplePasPar::ConstantEqual() {
   Expected(ptEqual);
   ConstantExpression();
+  HintDirectives();
 }
 
 void TzkSimplePasPar::ResourceDeclaration() {

@@ -54,7 +54,6 @@ void TzkSimplePasPar::TypeDeclaration() {
   default:
     TypeKind();
   }
-  HintDirectives();
 }
 
 void TzkSimplePasPar::TypeName() {
@@ -113,6 +112,7 @@ void TzkSimplePasPar::TypeKind() {
     else
       SynError(InvalidTypeKind);
   }
+  HintDirectives();
 }
 
 void TzkSimplePasPar::StructuredType() {
@@ -202,7 +202,6 @@ void TzkSimplePasPar::RecordField() {
   IdentifierList();
   Expected(ptColon);
   TypeKind();
-  HintDirectives();
 }
 
 void TzkSimplePasPar::VariantSection() {
