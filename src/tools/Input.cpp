@@ -19,8 +19,8 @@ namespace {
 
 constexpr std::string_view StandardInput = "-";
 
-// Positions in a text have 32 bits.
-constexpr std::size_t MaxTextSize = std::numeric_limits<std::int32_t>::max();
+// Positions in a text have 32 bits, and the parser ends it with a NUL.
+constexpr std::size_t MaxTextSize = std::numeric_limits<std::int32_t>::max() - 1;
 
 struct TFileCloser {
   void operator()(std::FILE* file) const {
@@ -110,7 +110,7 @@ void AddInputOptions(CLI::App& command, TInputOptions& options) {
       ->check([](const std::string& name) { return FindEncoding(name) ? "" : "unknown encoding " + name; });
 }
 
-void ForEachText(const TInputOptions& options, TSession& session, const std::function<void(const std::string&)>& work) {
+void ForEachText(const TInputOptions& options, TSession& session, const std::function<void(std::string&)>& work) {
   for (const std::string& file : options.Files) {
     std::string text;
     try {

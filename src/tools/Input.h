@@ -22,7 +22,7 @@ struct TInputOptions {
 void AddInputOptions(CLI::App& command, TInputOptions& options);
 
 // Calls `work` with the text of each file in the order given. A file that cannot be read is reported as trouble and
-// passed over.
-void ForEachText(const TInputOptions& options, TSession& session, const std::function<void(const std::string&)>& work);
+// passed over. The text is the work's to change.
+void ForEachText(const TInputOptions& options, TSession& session, const std::function<void(std::string&)>& work);
 
 } // namespace quorvane

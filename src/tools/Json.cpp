@@ -68,6 +68,11 @@ void TJsonObject::Add(std::string_view key, std::string_view value) {
   AppendJsonString(value, FOut);
 }
 
+void TJsonObject::AddTrue(std::string_view key) {
+  AddKey(key);
+  FOut += "true";
+}
+
 void TJsonObject::AddKey(std::string_view key) {
   FOut += FEmpty ? "\"" : ",\"";
   FEmpty = false;

@@ -23,6 +23,7 @@ public:
 
   void Add(std::string_view key, std::int32_t value);
   void Add(std::string_view key, std::string_view value);
+  void AddTrue(std::string_view key);
 
   // Appends the key alone; the caller appends the value.
   void AddKey(std::string_view key);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // quorvane: the lexer and the parsers of the add-in on the command line. Each subcommand has a file of its own.
 #include "tools/BlocksCommand.h"
+#include "tools/MessagesCommand.h"
 #include "tools/Session.h"
 #include "tools/TokensCommand.h"
 
@@ -53,6 +54,7 @@ int Run(int argc, char** argv) {
   DescribeProgram(program);
   AddTokensCommand(program, session);
   AddBlocksCommand(program, session);
+  AddMessagesCommand(program, session);
   try {
     return ExitCode(Do(program, argc, argv, session));
   } catch (const EOutputClosed&) {
