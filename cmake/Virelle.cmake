@@ -36,6 +36,17 @@ function(virelle_library name)
   endif()
 endfunction()
 
+# virelle_optimize_together(TARGET...)
+# Lets the compiler see several libraries as one where users get them, if it can. The parser calls its productions and
+# the lexer through thousands of short virtual calls; seen whole, most of them become direct ones.
+function(virelle_optimize_together)
+  include(CheckIPOSupported)
+  check_ipo_supported(RESULT supported OUTPUT ignored LANGUAGES CXX)
+  if(supported)
+    set_target_properties(${ARGN} PROPERTIES INTERPROCEDURAL_OPTIMIZATION_RELEASE ON)
+  endif()
+endfunction()
+
 # virelle_executable(NAME [QT] SOURCES file... [DEPS target...])
 function(virelle_executable name)
   cmake_parse_arguments(ARG "QT" "" "SOURCES;DEPS" ${ARGN})

@@ -11,15 +11,20 @@ constexpr unsigned char Fold(char c) {
 }
 
 void AddName(TQVNameList& list, std::string_view name, std::int32_t line) {
-  if (!list.contains(name))
-    list.emplace(name, line);
+  const auto place = list.lower_bound(name);
+  if (place == list.end() || list.key_comp()(name, place->first))
+    list.emplace_hint(place, name, line);
 }
 
 } // namespace
 
+// Names of one class start alike, so what is equal as it stands is passed over first.
 bool TQVNameLess::operator()(std::string_view left, std::string_view right) const {
-  return std::lexicographical_compare(left.begin(), left.end(), right.begin(), right.end(),
-                                      [](char a, char b) { return Fold(a) < Fold(b); });
+  const std::size_t length = std::min(left.size(), right.size());
+  for (std::size_t i = 0; i < length; ++i)
+    if (left[i] != right[i] && Fold(left[i]) != Fold(right[i]))
+      return Fold(left[i]) < Fold(right[i]);
+  return left.size() < right.size();
 }
 
 std::shared_ptr<IQVDrawElement> TQVPasInfo::GetElement(std::int32_t index) const {

@@ -2,6 +2,7 @@
 // The machinery around the productions: the entry, access to tokens, and what is expected of them.
 #include "parser/zkSimplePasPar.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <limits>
@@ -34,6 +35,14 @@ std::string Format(std::string_view format, std::initializer_list<std::string_vi
   }
   text += format;
   return text;
+}
+
+constexpr char LowerCase(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+constexpr bool IsBlank(char c) {
+  return c >= '\1' && c <= ' ';
 }
 
 struct TFileCloser {
@@ -165,6 +174,10 @@ std::string_view TzkSimplePasPar::TokenText() const {
   return {FLexer.Origin() + FLexer.TokenPos(), static_cast<std::size_t>(FLexer.GetTokenLen())};
 }
 
+bool TzkSimplePasPar::IsWord(std::string_view word) const {
+  return FLexer.TokenID() == ptIdentifier && std::ranges::equal(TokenText(), word, {}, LowerCase);
+}
+
 void TzkSimplePasPar::SEMICOLON() {
   if (!Closers.Contains(TokenID()))
     Expected(ptSemiColon);
@@ -180,7 +193,7 @@ void TzkSimplePasPar::SkipJunk() {
     return;
   FIsSkippingJunk = true;
   do {
-    switch (TokenID()) {
+    switch (FLexer.TokenID()) {
     case ptAnsiComment:
       SkipAnsiComment();
       break;
@@ -209,13 +222,13 @@ void TzkSimplePasPar::SkipJunk() {
 void TzkSimplePasPar::SkipAnsiComment() {
   do
     Expected(ptAnsiComment);
-  while (TokenID() == ptAnsiComment);
+  while (FLexer.TokenID() == ptAnsiComment);
 }
 
 void TzkSimplePasPar::SkipBorComment() {
   do
     Expected(ptBorComment);
-  while (TokenID() == ptBorComment);
+  while (FLexer.TokenID() == ptBorComment);
 }
 
 void TzkSimplePasPar::SkipSlashesComment() {
@@ -225,19 +238,19 @@ void TzkSimplePasPar::SkipSlashesComment() {
 void TzkSimplePasPar::SkipSpace() {
   do
     Expected(ptSpace);
-  while (TokenID() == ptSpace);
+  while (FLexer.TokenID() == ptSpace);
 }
 
 void TzkSimplePasPar::SkipCRLF() {
   do
     Expected(ptCRLF);
-  while (TokenID() == ptCRLF);
+  while (FLexer.TokenID() == ptCRLF);
 }
 
 void TzkSimplePasPar::SkipCRLFco() {
   do
     Expected(ptCRLFCo);
-  while (TokenID() == ptCRLFCo);
+  while (FLexer.TokenID() == ptCRLFCo);
 }
 
 TptTokenKind TzkSimplePasPar::AheadID() {
@@ -255,8 +268,24 @@ TptTokenKind TzkSimplePasPar::AheadGenID() {
   return FLexer.GetAheadGenID();
 }
 
+// Asked for at the start of every other statement, so the text is looked at before it is scanned: only a comment or a
+// directive may hide what comes next.
 bool TzkSimplePasPar::IsColonAhead() {
-  return AheadID() == ptColon;
+  const char* next = FLexer.Origin() + FLexer.RunPos();
+  while (IsBlank(*next))
+    ++next;
+  switch (*next) {
+  case ':':
+    return next[1] != '=';
+  case '{':
+    return AheadID() == ptColon;
+  case '(':
+    return next[1] == '*' && AheadID() == ptColon;
+  case '/':
+    return next[1] == '/' && AheadID() == ptColon;
+  default:
+    return false;
+  }
 }
 
 TptTokenKind TzkSimplePasPar::SecondAheadID() {

@@ -135,7 +135,9 @@ protected:
   virtual void SynError(TzkParseError error);
 
   // Whether the current token is this identifier, given in lower case, whatever its own case.
-  bool IsIdentifier(std::string_view word) const;
+  bool IsIdentifier(std::string_view word) const {
+    return static_cast<std::size_t>(FLexer.GetTokenLen()) == word.size() && IsWord(word);
+  }
 
   // For a directive handler that moves its scanner on by more than one token: scans one, and handles the directives
   // that are met.
@@ -196,6 +198,9 @@ private:
   TptTokenKind AheadExID();
   TptTokenKind AheadGenID();
   TptTokenKind SecondAheadID();
+
+  // Whether the current token is an identifier of the length of the word, and is the word.
+  bool IsWord(std::string_view word) const;
 
   // The text of the current token, in place.
   std::string_view TokenText() const;

@@ -7,24 +7,6 @@
 #include "parser/zkSimplePasParSets.h"
 
 namespace quorvane {
-namespace {
-
-constexpr char LowerCase(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-// Whether a text is a word, which is given in lower case.
-bool IsWord(std::string_view text, std::string_view word) {
-  if (text.size() != word.size())
-    return false;
-  for (std::size_t i = 0; i < text.size(); ++i)
-    if (LowerCase(text[i]) != word[i])
-      return false;
-  return true;
-}
-
-} // namespace
-
 // Sets whether width specifiers are taken, for as long as it lives. Each bracket decides anew.
 class TzkSimplePasPar::TWidths {
 public:
@@ -38,10 +20,6 @@ private:
   TzkSimplePasPar& FParser;
   std::uint8_t FOuter;
 };
-
-bool TzkSimplePasPar::IsIdentifier(std::string_view word) const {
-  return FLexer.TokenID() == ptIdentifier && IsWord(TokenText(), word);
-}
 
 // One relation at most: a second one is left to the caller, who reports it.
 void TzkSimplePasPar::Expression() {
@@ -334,10 +312,9 @@ void TzkSimplePasPar::RestOfExpression() {
 }
 
 TzkSimplePasPar::TCallee TzkSimplePasPar::Callee() const {
-  const std::string_view name = TokenText();
-  if (ExID() == ptWrite || IsWord(name, "writeln") || IsWord(name, "str"))
+  if (ExID() == ptWrite || IsIdentifier("writeln") || IsIdentifier("str"))
     return TCallee::TakesWidths;
-  return IsWord(name, "system") ? TCallee::SystemUnit : TCallee::Other;
+  return IsIdentifier("system") ? TCallee::SystemUnit : TCallee::Other;
 }
 
 } // namespace quorvane
