@@ -9,7 +9,7 @@
 namespace quorvane {
 namespace {
 
-// How long the user must have paused before an error is underlined, in milliseconds.
+// How long the caret must have stood still before an error is underlined: for more than a hundred parses.
 constexpr std::int32_t StillBeforePaint = 1000;
 
 // The lengths of the words and one blank. A routine so starts right before its heading. Intended.
@@ -54,12 +54,17 @@ void TQVPasParser::Msg() {
     FThread->ShowMessage("Message!");
 }
 
-// The hint is swallowed with its semicolon, whatever it stands for.
+// The hint is swallowed with its semicolon, whatever it stands for. A row of them is walked here, since Expected, which
+// comes back for the token behind each semicolon, would overflow the stack.
 void TQVPasParser::NextToken() {
   Lexer().Next();
-  if (IsIdentifier("deprecated")) {
+  while (IsIdentifier("deprecated")) {
     Lexer().Next();
-    Expected(ptSemiColon);
+    if (TokenID() != ptSemiColon) {
+      Expected(ptSemiColon);
+      break;
+    }
+    Lexer().Next();
   }
   SkipJunk();
 }

@@ -21,7 +21,7 @@ public:
   // The caret as an index (from 0) into the text that is being parsed; read in the thread.
   virtual std::int32_t CaretPos() const = 0;
 
-  // For how long the user has left the editor alone, in milliseconds; read in the thread.
+  // For how long the caret has stood still: 10 for every parse since it moved. Read in the thread.
   virtual std::int32_t StillCount() const = 0;
 
   // Runs a call in the main thread and waits for it; what it throws comes back to the caller.
