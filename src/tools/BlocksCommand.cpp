@@ -61,7 +61,8 @@ void AddBlocksCommand(CLI::App& program, TSession& session) {
   const auto options = std::make_shared<TInputOptions>();
   AddInputOptions(*command, *options);
   command->callback([options, &session] {
-    ForEachText(*options, session, [&session](const std::string& text) { WriteBlocks(text, session.Output()); });
+    ForEachText(*options, session,
+                [&session](const std::string&, std::string& text) { WriteBlocks(text, session.Output()); });
   });
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Input.h"
 
-#include "text/Encoding.h"
 #include "text/ServedText.h"
 
 #include <array>
@@ -11,13 +10,10 @@
 #include <cstdio>
 #include <limits>
 #include <memory>
-#include <string_view>
 #include <system_error>
 
 namespace quorvane {
 namespace {
-
-constexpr std::string_view StandardInput = "-";
 
 // Positions in a text have 32 bits, and the parser ends it with a NUL.
 constexpr std::size_t MaxTextSize = std::numeric_limits<std::int32_t>::max() - 1;
@@ -41,21 +37,6 @@ TFile OpenFile(const std::string& name) {
   return file;
 }
 
-// All bytes of a file; throws std::system_error.
-std::string ReadFile(const std::string& name) {
-  const TFile file = OpenFile(name);
-  std::string bytes;
-  std::array<char, std::size_t{64} * 1024> piece{};
-  while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), file.get())) {
-    if (bytes.size() + count > MaxTextSize)
-      ThrowSystemError(EFBIG);
-    bytes.append(piece.data(), count);
-  }
-  if (std::ferror(file.get()))
-    ThrowSystemError(errno);
-  return bytes;
-}
-
 TEncoding EncodingOf(std::string_view bytes, const std::string& encodingName) {
   if (const auto marked = MarkedEncoding(bytes))
     return *marked;
@@ -67,10 +48,7 @@ TEncoding EncodingOf(std::string_view bytes, const std::string& encodingName) {
 std::string TextOf(std::string bytes, const TInputOptions& options) {
   if (!options.Decode)
     return bytes;
-  std::string text = ServeText(DecodeAs(bytes, EncodingOf(bytes, options.EncodingName)).Text);
-  if (text.size() > MaxTextSize)
-    ThrowSystemError(EFBIG);
-  return text;
+  return ServeDecoded(DecodeFile(bytes, options.EncodingName));
 }
 
 std::string EncodingNames() {
@@ -85,8 +63,8 @@ std::string EncodingNames() {
 
 // Takes every positional as a name as it stands. An option that takes extra values would split "[a,b]" at its comma; so
 // this one expects more values than there can be, and is content with those that come.
-void AddFileNames(CLI::App& command, std::vector<std::string>& names) {
-  command.add_option("FILE", names, "Pascal files; - is standard input")
+void AddFileNames(CLI::App& command, std::vector<std::string>& names, const std::string& help) {
+  command.add_option("FILE", names, help)
       ->required()
       ->type_name("")
       ->expected(CLI::detail::expected_max_vector_size, CLI::detail::expected_max_vector_size)
@@ -94,23 +72,33 @@ void AddFileNames(CLI::App& command, std::vector<std::string>& names) {
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }
 
+CLI::Option* AddEncoding(CLI::App& command, std::string& name, const std::string& subject) {
+  return command
+      .add_option("--encoding", name,
+                  subject + " of files that have no byte-order mark (" + EncodingNames() +
+                      "). Without it, UTF-8 if the bytes are, else " + std::string(CodePageName(DefaultCodePage)))
+      ->type_name("NAME")
+      ->check([](const std::string& given) { return FindEncoding(given) ? "" : "unknown encoding " + given; });
+}
+
 } // namespace
 
 void AddInputOptions(CLI::App& command, TInputOptions& options) {
-  AddFileNames(command, options.Files);
+  AddFileNames(command, options.Files, "Pascal files; - is standard input");
   CLI::Option* decode = command.add_flag("--decode", options.Decode,
                                          "Take each file as the editor would serve it: decoded, one byte a character, "
                                          "lines ending in CR LF. Without it the bytes are taken as they are");
-  command
-      .add_option("--encoding", options.EncodingName,
-                  "With --decode: the encoding of files that have no byte-order mark (" + EncodingNames() +
-                      "). Without it, UTF-8 if the bytes are, else " + std::string(CodePageName(DefaultCodePage)))
-      ->needs(decode)
-      ->type_name("NAME")
-      ->check([](const std::string& name) { return FindEncoding(name) ? "" : "unknown encoding " + name; });
+  AddEncoding(command, options.EncodingName, "With --decode: the encoding")->needs(decode);
 }
 
-void ForEachText(const TInputOptions& options, TSession& session, const std::function<void(std::string&)>& work) {
+void AddDecodedInputOptions(CLI::App& command, TInputOptions& options, const std::string& files) {
+  options.Decode = true;
+  AddFileNames(command, options.Files, files);
+  AddEncoding(command, options.EncodingName, "The encoding");
+}
+
+void ForEachText(const TInputOptions& options, TSession& session,
+                 const std::function<void(const std::string& file, std::string& text)>& work) {
   for (const std::string& file : options.Files) {
     std::string text;
     try {
@@ -119,8 +107,33 @@ void ForEachText(const TInputOptions& options, TSession& session, const std::fun
       session.ReportTrouble(file, error.code().message());
       continue;
     }
-    work(text);
+    work(file, text);
   }
+}
+
+std::string ReadFile(const std::string& name) {
+  const TFile file = OpenFile(name);
+  std::string bytes;
+  std::array<char, std::size_t{64} * 1024> piece{};
+  while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), file.get())) {
+    if (bytes.size() + count > MaxTextSize)
+      ThrowSystemError(EFBIG);
+    bytes.append(piece.data(), count);
+  }
+  if (std::ferror(file.get()))
+    ThrowSystemError(errno);
+  return bytes;
+}
+
+TDecodedText DecodeFile(std::string_view bytes, const std::string& encodingName) {
+  return DecodeAs(bytes, EncodingOf(bytes, encodingName));
+}
+
+std::string ServeDecoded(const TDecodedText& text) {
+  std::string served = ServeText(text.Text);
+  if (served.size() > MaxTextSize)
+    ThrowSystemError(EFBIG);
+  return served;
 }
 
 } // namespace quorvane

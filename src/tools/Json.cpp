@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Json.h"
 
+#include "tools/ShownText.h"
+
 #include <array>
 #include <charconv>
 
@@ -38,13 +40,17 @@ void AppendEscaped(unsigned char byte, std::string& out) {
   }
 }
 
+bool NeedsEscape(unsigned char byte) {
+  return byte < 0x20 || byte == '"' || byte == '\\';
+}
+
 } // namespace
 
 void AppendJsonString(std::string_view text, std::string& out) {
   out += '"';
   for (const char character : text) {
     const auto byte = static_cast<unsigned char>(character);
-    if (byte < 0x20 || byte == '"' || byte == '\\') {
+    if (NeedsEscape(byte)) {
       AppendEscaped(byte, out);
     } else if (byte < 0x80) {
       out += character;
@@ -52,6 +58,17 @@ void AppendJsonString(std::string_view text, std::string& out) {
       out += static_cast<char>(0xC0 | byte >> 6);
       out += static_cast<char>(0x80 | (byte & 0x3F));
     }
+  }
+  out += '"';
+}
+
+void AppendJsonUtf8(std::string_view text, std::string& out) {
+  out += '"';
+  for (const char character : ValidUtf8(text)) {
+    if (const auto byte = static_cast<unsigned char>(character); NeedsEscape(byte))
+      AppendEscaped(byte, out);
+    else
+      out += character;
   }
   out += '"';
 }
@@ -68,9 +85,19 @@ void TJsonObject::Add(std::string_view key, std::string_view value) {
   AppendJsonString(value, FOut);
 }
 
+void TJsonObject::AddUtf8(std::string_view key, std::string_view value) {
+  AddKey(key);
+  AppendJsonUtf8(value, FOut);
+}
+
 void TJsonObject::AddTrue(std::string_view key) {
   AddKey(key);
   FOut += "true";
+}
+
+void TJsonObject::AddNull(std::string_view key) {
+  AddKey(key);
+  FOut += "null";
 }
 
 void TJsonObject::AddKey(std::string_view key) {

@@ -12,6 +12,9 @@ namespace quorvane {
 // characters in UTF-8.
 void AppendJsonString(std::string_view text, std::string& out);
 
+// The same for bytes that are UTF-8 as they stand, the name of a file for one; U+FFFD stands for what is not.
+void AppendJsonUtf8(std::string_view text, std::string& out);
+
 // One object, written while it lives: the constructor opens it, the destructor closes it. Keys stand in the order in
 // which they are added and are plain words that need no escaping.
 class TJsonObject {
@@ -23,7 +26,9 @@ public:
 
   void Add(std::string_view key, std::int32_t value);
   void Add(std::string_view key, std::string_view value);
+  void AddUtf8(std::string_view key, std::string_view value);
   void AddTrue(std::string_view key);
+  void AddNull(std::string_view key);
 
   // Appends the key alone; the caller appends the value.
   void AddKey(std::string_view key);

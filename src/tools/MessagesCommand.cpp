@@ -41,7 +41,8 @@ void AddMessagesCommand(CLI::App& program, TSession& session) {
   const auto options = std::make_shared<TInputOptions>();
   AddInputOptions(*command, *options);
   command->callback([options, &session] {
-    ForEachText(*options, session, [&session](std::string& text) { WriteReports(text, session.Output()); });
+    ForEachText(*options, session,
+                [&session](const std::string&, std::string& text) { WriteReports(text, session.Output()); });
   });
 }
 

@@ -62,7 +62,8 @@ void AddTokensCommand(CLI::App& program, TSession& session) {
   const auto options = std::make_shared<TInputOptions>();
   AddInputOptions(*command, *options);
   command->callback([options, &session] {
-    ForEachText(*options, session, [&session](const std::string& text) { WriteTokens(text, session.Output()); });
+    ForEachText(*options, session,
+                [&session](const std::string&, std::string& text) { WriteTokens(text, session.Output()); });
   });
 }
 

@@ -2,6 +2,7 @@
 // quorvane: the lexer and the parsers of the add-in on the command line. Each subcommand has a file of its own.
 #include "tools/BlocksCommand.h"
 #include "tools/MessagesCommand.h"
+#include "tools/OutlineCommand.h"
 #include "tools/Session.h"
 #include "tools/TokensCommand.h"
 
@@ -55,6 +56,7 @@ int Run(int argc, char** argv) {
   AddTokensCommand(program, session);
   AddBlocksCommand(program, session);
   AddMessagesCommand(program, session);
+  AddOutlineCommand(program, session);
   try {
     return ExitCode(Do(program, argc, argv, session));
   } catch (const EOutputClosed&) {
