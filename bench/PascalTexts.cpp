@@ -23,9 +23,8 @@ constexpr std::size_t UnitStep = 16;
 
 std::vector<std::string> SampleOfUnits() {
   std::vector<std::string> texts;
-  const std::vector<std::filesystem::path> paths = support::PascalUnits();
-  for (std::size_t index = 0; index < paths.size(); index += UnitStep) {
-    std::string text = support::ReadFile(paths[index]);
+  for (const std::filesystem::path& path : SampleOfUnitPaths()) {
+    std::string text = support::ReadFile(path);
     text.resize(std::min(text.find('\0'), text.size()));
     texts.push_back(std::move(text));
   }
@@ -206,6 +205,14 @@ private:
 
 std::string GeneratedUnit(int lines) {
   return TUnitWriter().Write(lines);
+}
+
+std::vector<std::filesystem::path> SampleOfUnitPaths() {
+  const std::vector<std::filesystem::path> all = support::PascalUnits();
+  std::vector<std::filesystem::path> sample;
+  for (std::size_t index = 0; index < all.size(); index += UnitStep)
+    sample.push_back(all[index]);
+  return sample;
 }
 
 const std::vector<TCorpus>& OrdinaryTexts() {

@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,9 @@ struct TCorpus {
 // strings, numbers, comments and directives, and every keyword of the language. Always the same for the same number of
 // lines.
 std::string GeneratedUnit(int lines);
+
+// The files that "units" below is read from.
+std::vector<std::filesystem::path> SampleOfUnitPaths();
 
 // Ordinary texts: "units", a sample of the units of fpc-source, empty where that is not installed; "generated", a unit
 // of 100,000 lines.

@@ -63,9 +63,8 @@ protected:
 #include "parser/Productions.def"
 
 private:
-  // What one character can cost. A nested bracket costs most: every level of the expression grammar is entered for it
-  // and left again.
-  static constexpr std::int64_t StepsPerCharacter = 400;
+  // What one character may cost: more than twice of what any text is known to take.
+  static constexpr std::int64_t StepsPerCharacter = 50;
 
   void Step() const {
     ++FSteps;
