@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <limits>
 #include <memory>
 #include <system_error>
@@ -88,6 +89,10 @@ void TzkSimplePasPar::LoadFile(const std::string& name, std::string& text) {
   const std::unique_ptr<std::FILE, TFileCloser> file(std::fopen(name.c_str(), "rb"));
   if (!file)
     throw std::system_error(errno, std::generic_category(), name);
+  // Room for all of it at once, since a string that grows by itself takes up to three times the memory.
+  std::error_code unknown;
+  if (const std::uintmax_t size = std::filesystem::file_size(name, unknown); !unknown)
+    text.reserve(static_cast<std::size_t>(size) + 1);
   std::array<char, std::size_t{64} * 1024> piece{};
   while (const std::size_t count = std::fread(piece.data(), 1, piece.size(), file.get()))
     text.append(piece.data(), count);
