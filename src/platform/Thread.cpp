@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Thread.h"
+
+#include "platform/Application.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <condition_variable>
+#include <exception>
+#include <mutex>
+#include <utility>
+
+namespace platform {
+
+namespace {
+
+// A parser descends deep into source that nests deep. Only what is used is ever backed by memory.
+constexpr unsigned kStackSize = 16U * 1024 * 1024;
+
+bool IsMainThread() {
+  return QCoreApplication::instance() == nullptr || QThread::currentThread() == QCoreApplication::instance()->thread();
+}
+
+} // namespace
+
+EThread::~EThread() = default;
+
+// The system's thread, and the one call that may be on its way to the main thread. The object lives in the main thread,
+// where the queued half of a call arrives; with the object it is dropped.
+class TThread::TImpl : public QThread {
+public:
+  explicit TImpl(TThread& owner) : owner_(owner) { setStackSize(kStackSize); }
+
+  void Synchronize(const std::function<void()>& call) {
+    std::unique_lock lock(mutex_);
+    call_ = &call;
+    QMetaObject::invokeMethod(
+        this, [this] { Serve(); }, Qt::QueuedConnection);
+    changed_.notify_all();
+    changed_.wait(lock, [this] { return call_ == nullptr; });
+    if (const std::exception_ptr error = std::exchange(error_, nullptr)) {
+      lock.unlock();
+      std::rethrow_exception(error);
+    }
+  }
+
+  // Main thread: runs the call that waits, if there is one that nobody has begun to run.
+  void Serve() {
+    std::unique_lock lock(mutex_);
+    if (call_ == nullptr || serving_)
+      return;
+    serving_ = true;
+    lock.unlock();
+    std::exception_ptr error;
+    try {
+      (*call_)();
+    } catch (...) {
+      error = std::current_exception();
+    }
+    lock.lock();
+    error_ = error;
+    serving_ = false;
+    call_ = nullptr;
+    changed_.notify_all();
+  }
+
+  bool IsServing() {
+    const std::lock_guard lock(mutex_);
+    return serving_;
+  }
+
+  // Main thread: serves calls until the body has returned.
+  void ServeToTheEnd() {
+    for (;;) {
+      {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return done_ || (call_ != nullptr && !serving_); });
+        if (done_)
+          break;
+      }
+      Serve();
+    }
+    wait();
+  }
+
+protected:
+  void run() override {
+    owner_.Run();
+    const std::lock_guard lock(mutex_);
+    done_ = true;
+    changed_.notify_all();
+  }
+
+private:
+  TThread& owner_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  const std::function<void()>* call_ = nullptr; // of the thread that waits; guarded by mutex_, as all below
+  std::exception_ptr error_;                    // what that call threw
+  bool serving_ = false;                        // the main thread is in that call
+  bool done_ = false;                           // the body has returned
+};
+
+TThread::TThread() : impl_(std::make_unique<TImpl>(*this)) {}
+
+TThread::~TThread() {
+  Terminate();
+  Guarded([this] { WaitFor(); });
+}
+
+void TThread::Resume() {
+  if (impl_->isRunning() || impl_->isFinished())
+    return;
+  if (freeOnTerminate_)
+    QObject::connect(impl_.get(), &QThread::finished, QCoreApplication::instance(), [this] { delete this; });
+  impl_->start(priority_ == TThreadPriority::Idle ? QThread::IdlePriority : QThread::InheritPriority);
+  if (!impl_->isRunning() && !impl_->isFinished())
+    throw EThread("The system gives no further thread");
+}
+
+void TThread::WaitFor() {
+  if (!impl_->isRunning())
+    return;
+  if (impl_->IsServing())
+    throw EThread("A thread cannot be waited for in a call that it waits for");
+  impl_->setPriority(QThread::NormalPriority);
+  impl_->ServeToTheEnd();
+}
+
+void TThread::Synchronize(const std::function<void()>& call) {
+  if (IsMainThread())
+    call();
+  else
+    impl_->Synchronize(call);
+}
+
+void TThread::Run() noexcept {
+  Guarded([this] { Execute(); });
+}
+
+} // namespace platform
