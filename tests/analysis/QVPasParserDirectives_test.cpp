@@ -181,7 +181,7 @@ TEST(OutlineLookAhead, LeavesTheBranchTakenAfterASkip) {
   EXPECT_EQ(Listed(outlined.Info->GetClasses()), "A@1 B@1");
 }
 
-// If the flag still said that the look-ahead is skipping, the end-if behind the string would be taken for its end.
+// The handler of an end-if moves on only while the branch is taken.
 TEST(OutlineLookAhead, LeavesTheBranchTakenAfterASkipToTheEndOfTheText) {
   class TCuttingParser : public TQVPasParser {
   public:

@@ -55,17 +55,12 @@ std::string Described(const TOutlined& outlined) {
 
 // The first line of each file, which tells how to write it anew.
 std::string Heading(const std::string& caseName) {
-  return "VIRELLE_REWRITE_GOLDEN=1 build/dev/bin/qv_outline_test --gtest_filter='*/" + caseName + "'\n";
-}
-
-std::string CurrentCase() {
-  const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-  return name;
+  return "VIRELLE_REWRITE_GOLDEN=1 build/dev/bin/qv_outline_test --gtest_filter='*." + caseName + "'\n";
 }
 
 // Compares a description with the one in a file, or writes that file if the environment asks for it.
 void CheckGolden(const std::string& description, const fs::path& path) {
-  const std::string text = Heading(CurrentCase()) + description;
+  const std::string text = Heading(testing::UnitTest::GetInstance()->current_test_info()->name()) + description;
   if (std::getenv("VIRELLE_REWRITE_GOLDEN") != nullptr) {
     std::ofstream(path, std::ios::binary) << text;
     GTEST_SKIP() << "written: " << path;
