@@ -90,9 +90,9 @@ void TJsonObject::AddUtf8(std::string_view key, std::string_view value) {
   AppendJsonUtf8(value, FOut);
 }
 
-void TJsonObject::AddTrue(std::string_view key) {
+void TJsonObject::AddBool(std::string_view key, bool value) {
   AddKey(key);
-  FOut += "true";
+  FOut += value ? "true" : "false";
 }
 
 void TJsonObject::AddNull(std::string_view key) {

@@ -27,7 +27,7 @@ public:
   void Add(std::string_view key, std::int32_t value);
   void Add(std::string_view key, std::string_view value);
   void AddUtf8(std::string_view key, std::string_view value);
-  void AddTrue(std::string_view key);
+  void AddBool(std::string_view key, bool value);
   void AddNull(std::string_view key);
 
   // Appends the key alone; the caller appends the value.

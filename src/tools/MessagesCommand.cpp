@@ -19,7 +19,7 @@ void WriteReport(const TSyntaxReport& report, TOutput& output) {
     object.Add("x", report.X);
     object.Add("y", report.Y);
     if (report.IsFatal)
-      object.AddTrue("fatal");
+      object.AddBool("fatal", true);
   }
   output.EndLine();
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // quorvane: the lexer and the parsers of the add-in on the command line. Each subcommand has a file of its own.
 #include "tools/BlocksCommand.h"
+#include "tools/CheckCommand.h"
 #include "tools/MessagesCommand.h"
 #include "tools/OutlineCommand.h"
 #include "tools/Session.h"
@@ -26,8 +27,8 @@ constexpr int ExitCode(TExitCode code) {
 
 void DescribeProgram(CLI::App& program) {
   program.set_version_flag("--version", "quorvane " VIRELLE_VERSION);
-  program.footer("Exit code: 0 done, 2 something could not be read, written or understood; the other files are still "
-                 "done.");
+  program.footer("Exit code: 0 done, 1 a check found errors, 2 something could not be read, written or understood; the "
+                 "other files are still done.");
   program.require_subcommand(1);
   program.failure_message([](const CLI::App*, const CLI::Error& error) {
     return std::string("quorvane: ") + error.what() + "\nTry quorvane --help.\n";
@@ -53,10 +54,11 @@ int Run(int argc, char** argv) {
   TSession session;
   CLI::App program("Reads Pascal source the way the editor's add-in does.", "quorvane");
   DescribeProgram(program);
+  AddCheckCommand(program, session);
+  AddOutlineCommand(program, session);
+  AddMessagesCommand(program, session);
   AddTokensCommand(program, session);
   AddBlocksCommand(program, session);
-  AddMessagesCommand(program, session);
-  AddOutlineCommand(program, session);
   try {
     return ExitCode(Do(program, argc, argv, session));
   } catch (const EOutputClosed&) {

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "tools/CheckReport.h"
+
+#include "tools/Json.h"
+#include "tools/SarifReport.h"
+#include "tools/ShownText.h"
+
+namespace quorvane {
+namespace {
+
+class TTextReport : public ICheckReport {
+public:
+  explicit TTextReport(TOutput& output) : FOutput(output) {}
+
+  void Add(const std::string& file, const TFinding& finding) override {
+    constexpr std::size_t MaxMessage = 200;
+    FOutput.Line() += file;
+    FOutput.Line() += ':' + std::to_string(finding.Line) + ':' + std::to_string(finding.Column) + ": error: ";
+    Write(ShownServed(finding.Message, MaxMessage));
+    Write(finding.Excerpt.Source);
+    Write(finding.Excerpt.Marks);
+  }
+
+private:
+  void Write(const std::string& line) {
+    FOutput.Line() += line;
+    FOutput.EndLine();
+  }
+
+  TOutput& FOutput;
+};
+
+class TJsonReport : public ICheckReport {
+public:
+  explicit TJsonReport(TOutput& output) : FOutput(output) {}
+
+  void Add(const std::string& file, const TFinding& finding) override {
+    {
+      TJsonObject object(FOutput.Line());
+      object.AddUtf8("file", file);
+      object.Add("line", finding.Line);
+      object.Add("column", finding.Column);
+      object.Add("length", finding.Length);
+      object.Add("message", finding.Message);
+      if (finding.IsFatal)
+        object.AddBool("fatal", true);
+    }
+    FOutput.EndLine();
+  }
+
+private:
+  TOutput& FOutput;
+};
+
+} // namespace
+
+std::unique_ptr<ICheckReport> MakeCheckReport(TCheckFormat format, TOutput& output) {
+  switch (format) {
+  case TCheckFormat::Json:
+    return std::make_unique<TJsonReport>(output);
+  case TCheckFormat::Sarif:
+    return std::make_unique<TSarifReport>(output);
+  case TCheckFormat::Text:
+    break;
+  }
+  return std::make_unique<TTextReport>(output);
+}
+
+} // namespace quorvane

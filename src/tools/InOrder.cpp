@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#include "tools/InOrder.h"
+
+#include <pthread.h>
+
+namespace quorvane {
+
+void SetThreadStacks() {
+  // Four times what the deepest parse takes. Only what is used becomes memory.
+  constexpr std::size_t StackSize = std::size_t{32} * 1024 * 1024;
+  pthread_attr_t attributes{};
+  pthread_attr_init(&attributes);
+  pthread_attr_setstacksize(&attributes, StackSize);
+  pthread_setattr_default_np(&attributes);
+  pthread_attr_destroy(&attributes);
+}
+
+} // namespace quorvane

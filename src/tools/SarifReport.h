@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// Findings as a SARIF 2.1.0 log, which code hosts and editors read.
+#pragma once
+
+#include "tools/CheckReport.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quorvane {
+
+// The URI reference of a file's name: absolute names as file:///..., others relative to where the check runs.
+std::string UriOfFile(std::string_view file);
+
+// One log with one run. Results are written as they come; what is told of the run itself stands behind them.
+class TSarifReport : public ICheckReport {
+public:
+  explicit TSarifReport(TOutput& output) : FOutput(output) {}
+
+  void Start() override;
+  void Add(const std::string& file, const TFinding& finding) override;
+  void Note(const std::string& file, const std::string& text, bool isTrouble) override;
+  void Finish() override;
+
+private:
+  struct TNote {
+    std::string File;
+    std::string Text;
+    bool IsTrouble;
+  };
+
+  void AppendNotes(std::string& out) const;
+
+  TOutput& FOutput;
+  bool FHasResults = false;
+  bool FHasTrouble = false;
+  std::vector<TNote> FNotes;
+};
+
+} // namespace quorvane
