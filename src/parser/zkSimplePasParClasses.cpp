@@ -209,20 +209,19 @@ void TzkSimplePasPar::MethodHeading() {
     FormalParameterList();
 }
 
+// In front of a directive the semicolon may be missing.
 void TzkSimplePasPar::MethodDirectives() {
-  if (ExID() != ptDispid)
+  const auto isAtDirective = [this] { return ExID() == ptDispid || ProceduralDirectives.Contains(ExID()); };
+  if (!isAtDirective())
     SEMICOLON();
   TRounds rounds(FLexer);
-  for (;;) {
+  while (isAtDirective() && rounds.Next()) {
     if (ExID() == ptDispid)
       DispidSpecifier();
-    else if (ProceduralDirectives.Contains(ExID()))
-      ProceduralDirective();
     else
-      return;
-    SEMICOLON();
-    if (!rounds.Next())
-      return;
+      ProceduralDirective();
+    if (!isAtDirective())
+      SEMICOLON();
   }
 }
 
