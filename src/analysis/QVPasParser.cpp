@@ -168,6 +168,9 @@ void TQVPasParser::FunctionProcedureBlock() {
   const std::string routinePath = Path(FRoutineStack);
   const std::string classPath = Path(FObjectStack);
   const std::string methodName = FObjectStack.empty() ? routinePath : FCurrentObjectName + "." + routinePath;
+  if (classPath.size() + methodName.size() > MaxPathLength)
+    throw ESyntaxError("Names of nested routines longer than " + std::to_string(MaxPathLength) + " characters",
+                       Lexer().GetPosXY());
 
   TzkSimplePasPar::FunctionProcedureBlock();
 

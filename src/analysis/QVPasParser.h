@@ -2,6 +2,7 @@
 // The parser that fills an outline, and finds the errors that an editor underlines.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -45,6 +46,11 @@ public:
 // wants to hear of the errors sets another OnMessage that calls this one.
 class TQVPasParser : public TzkSimplePasPar {
 public:
+  // How long the names of a routine and of all that is around it may be together, in characters; a routine with longer
+  // ones ends the parse as a fatal error does. Every nested routine has a copy of the names around it, so without a
+  // limit one long name would take memory in proportion to the square of the text.
+  static constexpr std::size_t MaxPathLength = 2048;
+
   TQVPasParser();
 
   // The outline to fill. Without one nothing is collected, and the initialization section is not parsed at all.
