@@ -1,0 +1,10 @@
+unit Junk;
+{ one }(* two *)// three
+{ over
+lines }{ four }(* more
+lines *)
+	interface
+
+
+implementation // last
+end.
