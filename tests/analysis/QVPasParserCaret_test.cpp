@@ -99,20 +99,22 @@ INSTANTIATE_TEST_SUITE_P(
 
 INSTANTIATE_TEST_SUITE_P(
     OfNestedRoutines, OutlineCaret,
-    testing::Values(TRow{"InTheBodyOfTheOuter", "procedure A; procedure B; begin end; begin a| end;", "/A"},
-                    TRow{"InTheInnerIsHeldByTheOuter", "procedure A; procedure B; begin b| end; begin end;", "/A"},
-                    TRow{"NotBetweenTheTwoHeadings", "procedure A; var |X: Byte; procedure B; begin end; begin end;",
-                         "/"},
-                    TRow{"InAnInnerThatAnotherFollows",
-                         "procedure A; procedure B; begin b| end; procedure C; begin end; begin end;", "/A.B"},
-                    TRow{"InAnInnerOfAMethod",
-                         "procedure TFoo.A; procedure B; begin b| end; procedure C; begin end; begin end;", "TFoo/A.B"},
-                    TRow{"InALaterInnerOfAMethod",
-                         "procedure TFoo.A; procedure B; begin end; procedure C; begin c| end; procedure D; begin end; "
-                         "begin end;",
-                         "/A.C"},
-                    TRow{"InTheBodyOfAMethodWithThem",
-                         "procedure TFoo.A; procedure B; begin end; procedure C; begin end; begin a| end;", "TFoo/A"}),
+    testing::Values(
+        TRow{"InTheBodyOfTheOuter", "procedure A; procedure B; begin end; begin a| end;", "/A"},
+        TRow{"InTheInnerIsHeldByTheOuter", "procedure A; procedure B; begin b| end; begin end;", "/A"},
+        TRow{"NotBetweenTheTwoHeadings", "procedure A; var |X: Byte; procedure B; begin end; begin end;", "/"},
+        TRow{"InAnInnerThatAnotherFollows",
+             "procedure A; procedure B; begin b| end; procedure C; begin end; begin end;", "/A.B"},
+        TRow{"InAnInnerOfAMethod", "procedure TFoo.A; procedure B; begin b| end; procedure C; begin end; begin end;",
+             "TFoo/A.B"},
+        TRow{"InALaterInnerOfAMethod",
+             "procedure TFoo.A; procedure B; begin end; procedure C; begin c| end; procedure D; begin end; "
+             "begin end;",
+             "/A.C"},
+        TRow{"InAMethodWithinAMethod",
+             "procedure TFoo.A; procedure TBar.B; begin b| end; procedure C; begin end; begin end;", "TFoo.TBar/A.B"},
+        TRow{"InTheBodyOfAMethodWithThem",
+             "procedure TFoo.A; procedure B; begin end; procedure C; begin end; begin a| end;", "TFoo/A"}),
     Claim);
 
 TEST(OutlineCaret, IsHeldByTheInnerWhereTheParseEndsBeforeTheOuterDoes) {

@@ -90,6 +90,9 @@ INSTANTIATE_TEST_SUITE_P(
                     TRow{"BehindALocalTypeAreOfThatType",
                          "procedure TFoo.Bar;\n type TLocal = Byte;\n procedure Inner; begin end;\nbegin end;",
                          "TFoo.Bar@1 TLocal.Bar.Inner@3"},
+                    TRow{"ThatAreMethodsThemselvesGiveTheClassBack",
+                         "procedure TFoo.A;\n procedure TBar.B; begin end;\n procedure C; begin end;\nbegin end;",
+                         "TBar.A.B@2 TFoo.A@1 TFoo.A.C@3"},
                     TRow{"LeaveTheRoutinesBehindThemAlone",
                          "procedure TFoo.Bar;\n procedure Inner; begin end;\nbegin end;\nprocedure A; begin end;\n"
                          "procedure TFoo.Baz; begin end;",
