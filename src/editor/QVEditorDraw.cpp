@@ -35,6 +35,20 @@ void DrawSubInteger(platform::TCanvas& canvas, const QPoint& topLeft, int value)
   canvas.TextOut(topLeft.x(), topLeft.y(), QString::number(value));
 }
 
+void DrawZigzag(platform::TCanvas& canvas, const QPoint& start, int endX) {
+  constexpr int step = 3;
+  constexpr int height = 4;
+  const TQVCanvasKeeper keeper(canvas);
+  canvas.Pen.Color = platform::clRed;
+  QPolygon points{start};
+  int y = start.y() - height / 2;
+  for (int x = start.x() + step; x < endX; x += step) {
+    points.append({x, y});
+    y += y < start.y() ? height : -height;
+  }
+  canvas.Polyline(points);
+}
+
 void DrawLineNumbers(platform::TCanvas& canvas, const TQVLineNumberColumn& column) {
   const TQVCanvasKeeper keeper(canvas);
   canvas.Brush.Style = platform::bsClear;

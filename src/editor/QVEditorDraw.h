@@ -41,6 +41,10 @@ void DrawCells(platform::TCanvas& canvas, platform::TCanvas& screen, const QPoin
 // reach over the characters to its right.
 void DrawSubInteger(platform::TCanvas& canvas, const QPoint& topLeft, int value);
 
+// Draws a red zigzag under a token: from `start` on, in steps of 3 pixels, between 2 above and 2 below it, first up. It
+// ends with the last step before `endX`.
+void DrawZigzag(platform::TCanvas& canvas, const QPoint& start, int endX);
+
 // A column of line numbers at the left edge of a canvas.
 struct TQVLineNumberColumn {
   int Width = 0;         // of the column, in pixels

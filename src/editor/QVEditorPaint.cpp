@@ -11,6 +11,8 @@
 
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 namespace quorvane {
 
 namespace {
@@ -111,6 +113,16 @@ void TQVEditorProxy::PaintSubInteger(int line, int column, int value) {
   const platform::TOTACharPos marked{static_cast<std::int16_t>(column - 1), line};
   const QPoint corner = CursorToPixel(marked, TQVCellEdge::Bottom) - QPoint(EdGetColWidth() / 2, EdGetLineHeight() / 2);
   DrawSubInteger(DrawingCanvas(), corner, value);
+}
+
+void TQVEditorProxy::UnderlineErr(std::int32_t column, std::int32_t line, std::int32_t length) {
+  const platform::TWinControl& control = Control();
+  platform::TCanvas& canvas = DrawingCanvas();
+  const QPoint start =
+      CursorToPixel(platform::TOTACharPos{static_cast<std::int16_t>(column), line}, TQVCellEdge::Bottom);
+  // What is right of the control cannot be seen; a token may be as long as its file.
+  const std::int64_t endX = start.x() + std::int64_t{EdGetColWidth()} * length;
+  DrawZigzag(canvas, start, static_cast<int>(std::min<std::int64_t>(endX, control.ClientWidth())));
 }
 
 void TQVEditorProxy::PaintLineNumbers(platform::TCanvas& canvas) {

@@ -45,8 +45,8 @@ enum class TQVCellEdge { Top, Bottom };
 // that names the unit QVEditorProxy. Main thread only, but for GetPasInfo.
 //
 // The class is cut over several files by concern: QVEditorProxy.cpp (attaching, registry, outline, markers),
-// QVEditorMessages.cpp (the window procedure), QVEditorPaint.cpp (the paint pass) and QVEditorGeometry.cpp (the
-// control's state, and pixels).
+// QVEditorMessages.cpp (the window procedure), QVEditorPaint.cpp (the paint pass, and the underline) and
+// QVEditorGeometry.cpp (the control's state, and pixels).
 class TQVEditorProxy final : public QObject {
   Q_OBJECT
 public:
@@ -138,6 +138,10 @@ public:
   void PaintSubInteger(int line, int column, int value);
   // Writes the numbers of the visible lines into the host's gutter, the caret's in bold.
   void PaintLineNumbers(platform::TCanvas& canvas);
+
+  // Underlines `length` cells from a character position on (index from 0, line from 1) with a red zigzag, on the control
+  // as it is shown now. Needs control, canvas and view. The next paint of the host removes it.
+  void UnderlineErr(std::int32_t column, std::int32_t line, std::int32_t length);
 
   // When set, every drawing goes here instead of to the control's canvas. Not owned.
   platform::TCanvas* CanvasOverride = nullptr;

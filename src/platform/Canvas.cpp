@@ -76,23 +76,28 @@ void TCanvas::MoveTo(int x, int y) {
 }
 
 void TCanvas::LineTo(int x, int y) {
-  const QPoint from = position_;
-  position_ = {x, y};
-  const QColor color = Resolve(Pen.Color);
-  if (!color.isValid() || from == position_)
+  Polyline({position_, {x, y}});
+}
+
+void TCanvas::Polyline(const QPolygon& points) {
+  if (points.isEmpty())
     return;
+  position_ = points.constLast();
+  const QColor color = Resolve(Pen.Color);
+  const QRect bounds(points.boundingRect());
+  if (!color.isValid() || bounds.size() == QSize(1, 1))
+    return;
+  const int margin = Pen.Width;
+  const QRect area = bounds.adjusted(-margin, -margin, margin, margin);
   {
     QPainter painter(&surface_.BeginDrawing());
     painter.setPen(QPen(color, Pen.Width, Qt::SolidLine, Qt::SquareCap));
-    // The painter draws both end points; the second belongs to the line that goes on from there.
+    // The painter draws the end point too; it belongs to the line that goes on from there.
     const QRect end(position_ - QPoint(Pen.Width / 2, Pen.Width / 2), QSize(Pen.Width, Pen.Width));
-    painter.setClipRegion(
-        QRegion(QRect(from, position_).normalized().adjusted(-Pen.Width, -Pen.Width, Pen.Width, Pen.Width))
-            .subtracted(end));
-    painter.drawLine(from, position_);
+    painter.setClipRegion(QRegion(area).subtracted(end));
+    painter.drawPolyline(points);
   }
-  const int margin = Pen.Width;
-  surface_.EndDrawing(QRect(from, position_).normalized().adjusted(-margin, -margin, margin, margin));
+  surface_.EndDrawing(area);
 }
 
 void TCanvas::FillRect(const QRect& area) {

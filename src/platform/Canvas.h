@@ -13,6 +13,7 @@
 
 #include <QFont>
 #include <QImage>
+#include <QPolygon>
 #include <QRect>
 #include <QString>
 
@@ -80,6 +81,9 @@ public:
   void MoveTo(int x, int y);
   // Draws with the pen from the current point up to, not including, (x, y), which becomes the current point.
   void LineTo(int x, int y);
+  // Draws with the pen through `points`, up to, not including, the last, which becomes the current point: what MoveTo
+  // and a LineTo for each point draw, in one operation.
+  void Polyline(const QPolygon& points);
   // Fills `area` with the brush.
   void FillRect(const QRect& area);
   // Writes `text` in the font with its top left corner at (x, y); a solid brush fills the text's ground first.
