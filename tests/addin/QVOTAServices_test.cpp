@@ -26,7 +26,7 @@ const Accessor kAccessors[] = {
     {"EditorServices", AsInterface<OTAEditorServices>, true},
     {"KeyBindingServices", AsInterface<OTAKeyBindingServices>, false},
     {"KeyboardServices", AsInterface<OTAKeyboardServices>, false},
-    {"MessageServices", AsInterface<OTAMessageServices>, false},
+    {"MessageServices", AsInterface<OTAMessageServices>, true},
     {"ModuleServices", AsInterface<OTAModuleServices>, true},
     {"PackageServices", AsInterface<OTAPackageServices>, false},
     {"ToDoServices", AsInterface<OTAToDoServices>, false},

@@ -4,6 +4,7 @@
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/Workspace.h"
 
@@ -61,6 +62,15 @@ std::shared_ptr<platform::IOTAEditOptions> IdeServices::GetEditOptions() {
 
 std::shared_ptr<platform::IOTAModule> IdeServices::CurrentModule() {
   return topObjects().module;
+}
+
+void IdeServices::AddTitleMessage(const QString& text) {
+  if (workspace_ && workspace_->topWindow() != nullptr)
+    workspace_->topWindow()->messageBar()->addMessage(MessageBar::Kind::Information, text);
+}
+
+std::vector<platform::TOTASearchFolder> IdeServices::GetSearchPath() {
+  return {};
 }
 
 PageObjects IdeServices::topObjects() {

@@ -14,6 +14,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 namespace desktop {
 
@@ -26,7 +27,9 @@ class IdeServices : public QObject,
                     public platform::INTAServices,
                     public platform::IOTAActionServices,
                     public platform::IOTAEditorServices,
-                    public platform::IOTAModuleServices {
+                    public platform::IOTAMessageServices,
+                    public platform::IOTAModuleServices,
+                    public platform::IOTASearchPathServices {
   Q_OBJECT
 
 public:
@@ -40,6 +43,9 @@ public:
   std::shared_ptr<platform::IOTAEditBuffer> GetTopBuffer() override;
   std::shared_ptr<platform::IOTAEditOptions> GetEditOptions() override;
   std::shared_ptr<platform::IOTAModule> CurrentModule() override;
+  // In the message bar of the top window.
+  void AddTitleMessage(const QString& text) override;
+  std::vector<platform::TOTASearchFolder> GetSearchPath() override;
 
 private:
   // The objects of the page in front of the top window; all null when there is none or when it is plain text.

@@ -98,6 +98,30 @@ void PageView::Move(int row, int column) {
   MoveViewToCursor();
 }
 
+void PageView::GotoLine(int row) {
+  Move(row, 1);
+}
+
+void PageView::MoveEOF() {
+  EditState state = page().state();
+  state.caret = page().document()->characterCount() - 1;
+  state.anchor = state.caret;
+  page().setState(state);
+  MoveViewToCursor();
+}
+
+void PageView::SetTopLeft(int row, int column) {
+  if (page().isCurrent()) {
+    control().setTopLine(row);
+    control().setLeftColumn(column);
+    return;
+  }
+  EditState state = page().state();
+  state.topLine = std::clamp(row, 1, page().document()->blockCount()) - 1;
+  state.leftCell = std::max(column, 1) - 1;
+  page().setState(state);
+}
+
 void PageView::MoveViewToCursor() {
   if (page().isCurrent())
     control().showCaret();

@@ -37,11 +37,14 @@ public:
   std::int32_t CharPosToPos(const platform::TOTACharPos& position) override;
   platform::TOTACharPos PosToCharPos(std::int32_t position) override;
   void MoveViewToCursor() override;
+  void SetTopLeft(int row, int column) override;
   void Paint() override;
 
   int GetRow() const override;
   int GetColumn() const override;
   void Move(int row, int column) override;
+  void GotoLine(int row) override;
+  void MoveEOF() override;
 
 private:
   Page& page() const;

@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace desktop {
 
@@ -89,12 +90,17 @@ void WindowCommands::findPrevious() {
 }
 
 void WindowCommands::goToLine() {
-  GoToLineDialog dialog(editor_->caretRow(), editor_->lineCount(), frame_);
-  if (dialog.exec() != QDialog::Accepted)
+  // Add-ins execute the command of the main form for whichever window is on top.
+  if (workspace_.topPage() == nullptr)
     return;
-  editor_->setCaret(dialog.line(), 1);
-  editor_->showCaret();
-  editor_->setFocus(Qt::OtherFocusReason);
+  const QPointer<TEditWindow> window = workspace_.topWindow();
+  TEditControl* const editor = window->editor();
+  GoToLineDialog dialog(editor->caretRow(), editor->lineCount(), workspace_.frameOf(window));
+  if (dialog.exec() != QDialog::Accepted || !window)
+    return;
+  editor->setCaret(dialog.line(), 1);
+  editor->showCaret();
+  editor->setFocus(Qt::OtherFocusReason);
 }
 
 void WindowCommands::largerText() {
@@ -148,6 +154,7 @@ void WindowCommands::follow() {
   connect(editor_, &QPlainTextEdit::undoAvailable, this, &WindowCommands::update);
   connect(editor_, &QPlainTextEdit::redoAvailable, this, &WindowCommands::update);
   connect(editor_, &QPlainTextEdit::copyAvailable, this, &WindowCommands::update);
+  connect(&workspace_, &Workspace::topWindowChanged, this, &WindowCommands::update);
   connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &WindowCommands::update);
   connect(qApp, &QApplication::focusChanged, this, &WindowCommands::update);
   update();
@@ -171,9 +178,9 @@ void WindowCommands::update() {
   enable("EditCopyCommand", selected);
   enable("EditPasteCommand", line != nullptr || (writable && editor_->canPaste()));
   enable("EditSelectAllCommand", line != nullptr || open);
-  for (const char* const name :
-       {"SearchFindCommand", "SearchNextCommand", "SearchPreviousCommand", "SearchGoToCommand"})
+  for (const char* const name : {"SearchFindCommand", "SearchNextCommand", "SearchPreviousCommand"})
     enable(name, open);
+  enable("SearchGoToCommand", open || workspace_.topPage() != nullptr);
   for (const char* const name : {"ViewNextTabCommand", "ViewPreviousTabCommand"})
     enable(name, window_->pages().size() > 1);
 }

@@ -7,12 +7,14 @@
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/Workspace.h"
+#include "platform/Actions.h"
 #include "platform/Application.h"
 #include "platform/Component.h"
 
 #include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 
 #include <array>
 
@@ -162,11 +164,16 @@ void WindowCommands::addRows(QMenu* menu, std::span<const Row> rows) {
 }
 
 QAction* WindowCommands::addAction(const Row& row) {
-  auto* const action = new QAction(QIcon::fromTheme(QLatin1StringView(row.icon)), tr(row.text), frame_);
+  auto* const action = new platform::TAction(frame_);
+  action->setIcon(QIcon::fromTheme(QLatin1StringView(row.icon)));
+  action->setText(tr(row.text));
   action->setObjectName(QLatin1StringView(row.name));
   if (*row.shortcuts != '\0')
     action->setShortcuts(QKeySequence::listFromString(QLatin1StringView(row.shortcuts)));
-  connect(action, &QAction::triggered, this, row.run);
+  action->OnExecute = [self = QPointer(this), run = row.run] {
+    if (self)
+      (self->*run)();
+  };
   return action;
 }
 

@@ -73,6 +73,10 @@ public:
   virtual int GetColumn() const = 0;
   // Moves the caret, clipped to the text, and scrolls so that it can be seen.
   virtual void Move(int row, int column) = 0;
+  // Moves as Move does, to the start of row `row`.
+  virtual void GotoLine(int row) = 0;
+  // Moves as Move does, behind the last character of the text.
+  virtual void MoveEOF() = 0;
 };
 
 class IOTAEditView;
@@ -132,6 +136,9 @@ public:
 
   // Scrolls as little as needed for the caret to be seen.
   virtual void MoveViewToCursor() = 0;
+  // Scrolls so that the cell `column` of row `row`, both from 1, is the first visible one, or as near to that as the
+  // text allows. The caret stays.
+  virtual void SetTopLeft(int row, int column) = 0;
   // Repaints the view at once.
   virtual void Paint() = 0;
 };

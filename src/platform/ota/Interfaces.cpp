@@ -33,6 +33,7 @@ IOTAKeyBindingServices::~IOTAKeyBindingServices() = default;
 IOTAKeyboardServices::~IOTAKeyboardServices() = default;
 IOTAMessageServices::~IOTAMessageServices() = default;
 IOTAPackageServices::~IOTAPackageServices() = default;
+IOTASearchPathServices::~IOTASearchPathServices() = default;
 IOTAToDoServices::~IOTAToDoServices() = default;
 IOTAWizardServices::~IOTAWizardServices() = default;
 

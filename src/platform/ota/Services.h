@@ -13,6 +13,7 @@
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 namespace platform {
 
@@ -53,6 +54,28 @@ public:
   virtual std::shared_ptr<IOTAModule> CurrentModule() = 0;
 };
 
+class VIRELLE_PLATFORM IOTAMessageServices : public virtual IInterface {
+public:
+  ~IOTAMessageServices() override;
+  // Shows `text` to the user without interrupting the work.
+  virtual void AddTitleMessage(const QString& text) = 0;
+};
+
+// A folder in which the host's user keeps sources.
+struct TOTASearchFolder {
+  QString Path; // absolute; the folder need not exist
+  bool WithSubfolders = false;
+
+  friend bool operator==(const TOTASearchFolder&, const TOTASearchFolder&) = default;
+};
+
+class VIRELLE_PLATFORM IOTASearchPathServices : public virtual IInterface {
+public:
+  ~IOTASearchPathServices() override;
+  // Where units are looked for, the first folder first.
+  virtual std::vector<TOTASearchFolder> GetSearchPath() = 0;
+};
+
 // Services that an add-in may ask for and that a small host need not have.
 class VIRELLE_PLATFORM IOTADebuggerServices : public virtual IInterface {
 public:
@@ -65,10 +88,6 @@ public:
 class VIRELLE_PLATFORM IOTAKeyboardServices : public virtual IInterface {
 public:
   ~IOTAKeyboardServices() override;
-};
-class VIRELLE_PLATFORM IOTAMessageServices : public virtual IInterface {
-public:
-  ~IOTAMessageServices() override;
 };
 class VIRELLE_PLATFORM IOTAPackageServices : public virtual IInterface {
 public:

@@ -21,7 +21,9 @@ TEST_F(IdeServicesTest, OffersTheServicesThatThisHostHas) {
   EXPECT_NE(offered<INTAServices>(), nullptr);
   EXPECT_NE(offered<IOTAActionServices>(), nullptr);
   EXPECT_NE(offered<IOTAEditorServices>(), nullptr);
+  EXPECT_NE(offered<IOTAMessageServices>(), nullptr);
   EXPECT_NE(offered<IOTAModuleServices>(), nullptr);
+  EXPECT_NE(offered<IOTASearchPathServices>(), nullptr);
   SetBorlandIDEServices(nullptr);
 }
 
@@ -30,7 +32,6 @@ TEST_F(IdeServicesTest, OffersNoOtherServices) {
   EXPECT_EQ(offered<IOTADebuggerServices>(), nullptr);
   EXPECT_EQ(offered<IOTAKeyBindingServices>(), nullptr);
   EXPECT_EQ(offered<IOTAKeyboardServices>(), nullptr);
-  EXPECT_EQ(offered<IOTAMessageServices>(), nullptr);
   EXPECT_EQ(offered<IOTAPackageServices>(), nullptr);
   EXPECT_EQ(offered<IOTAToDoServices>(), nullptr);
   EXPECT_EQ(offered<IOTAWizardServices>(), nullptr);

@@ -42,28 +42,35 @@ public:
   std::shared_ptr<platform::IFormDesigner> GetFormDesigner() override { return Designer; }
 };
 
-// What a small host offers: the editor, module and action services, with a top view, a current module and a record of
-// the files asked for. It does not offer the rest.
+// What a small host offers: the editor, module, action, message and search path services, with a top view, a current
+// module and records of the files asked for and the messages shown. It does not offer the rest.
 class FakeServices : public platform::IOTAServices,
                      public platform::INTAServices,
                      public platform::IOTAActionServices,
                      public platform::IOTAEditorServices,
-                     public platform::IOTAModuleServices {
+                     public platform::IOTAMessageServices,
+                     public platform::IOTAModuleServices,
+                     public platform::IOTASearchPathServices {
 public:
   std::shared_ptr<platform::IOTAEditView> TopView;
   std::shared_ptr<FakeEditOptions> Options = std::make_shared<FakeEditOptions>();
   std::shared_ptr<platform::IOTAModule> Module;
   QStringList OpenedFiles;
+  bool CanOpen = true; // what OpenFile answers
+  QStringList Messages;
+  std::vector<platform::TOTASearchFolder> SearchPath;
 
   QString GetBaseRegistryKey() const override { return QStringLiteral("Software\\Host"); }
   bool OpenFile(const QString& fileName) override {
     OpenedFiles.append(fileName);
-    return true;
+    return CanOpen;
   }
   std::shared_ptr<platform::IOTAEditView> GetTopView() override { return TopView; }
   std::shared_ptr<platform::IOTAEditBuffer> GetTopBuffer() override { return TopView ? TopView->GetBuffer() : nullptr; }
   std::shared_ptr<platform::IOTAEditOptions> GetEditOptions() override { return Options; }
   std::shared_ptr<platform::IOTAModule> CurrentModule() override { return Module; }
+  void AddTitleMessage(const QString& text) override { Messages.append(text); }
+  std::vector<platform::TOTASearchFolder> GetSearchPath() override { return SearchPath; }
 };
 
 // A host that offers every interface there is.
@@ -71,7 +78,6 @@ class FullServices : public FakeServices,
                      public platform::IOTADebuggerServices,
                      public platform::IOTAKeyBindingServices,
                      public platform::IOTAKeyboardServices,
-                     public platform::IOTAMessageServices,
                      public platform::IOTAPackageServices,
                      public platform::IOTAToDoServices,
                      public platform::IOTAWizardServices {};

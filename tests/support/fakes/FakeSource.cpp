@@ -45,6 +45,14 @@ public:
     view_->Cursor = {static_cast<std::int16_t>(column), row};
     view_->MoveViewToCursor();
   }
+  void GotoLine(int row) override { Move(row, 1); }
+  void MoveEOF() override {
+    const platform::TOTACharPos end = view_->PosToCharPos(static_cast<std::int32_t>(view_->Buffer->Text.size()));
+    platform::TOTACharPos character = end;
+    platform::TOTAEditPos cell;
+    view_->ConvertPos(false, cell, character);
+    Move(cell.Line, cell.Col);
+  }
 
 private:
   std::shared_ptr<FakeView> view_;

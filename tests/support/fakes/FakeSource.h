@@ -82,6 +82,8 @@ public:
   std::int32_t CharPosToPos(const platform::TOTACharPos& position) override;
   platform::TOTACharPos PosToCharPos(std::int32_t position) override;
   void MoveViewToCursor() override { ++Moves; }
+  // Sets TopPos as it is asked to.
+  void SetTopLeft(int row, int column) override { TopPos = {static_cast<std::int16_t>(column), row}; }
   void Paint() override { ++Paints; }
 
 private:
