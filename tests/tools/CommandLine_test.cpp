@@ -18,16 +18,30 @@ TEST(CommandLine, HelpNamesTheCommands) {
   const TRunResult run = RunQuorvane({"--help"});
   EXPECT_EQ(run.ExitCode, 0);
   EXPECT_EQ(run.Errors, "");
-  EXPECT_NE(run.Output.find("tokens"), std::string::npos);
-  EXPECT_NE(run.Output.find("blocks"), std::string::npos);
+  for (const char* command : {"check", "outline", "messages", "tokens", "blocks"})
+    EXPECT_NE(run.Output.find(std::string("\n  ") + command + " "), std::string::npos) << command;
+}
+
+TEST(CommandLine, HelpTellsTheExitCodes) {
+  const TRunResult run = RunQuorvane({"--help"});
+  EXPECT_NE(run.Output.find("Exit code: 0 done, 1 a check found errors, 2 something"), std::string::npos) << run.Output;
 }
 
 TEST(CommandLine, EachCommandHasHelpOfItsOwn) {
-  for (const char* command : {"tokens", "blocks"}) {
+  for (const char* command : {"messages", "tokens", "blocks"}) {
     const TRunResult run = RunQuorvane({command, "--help"});
     EXPECT_EQ(run.ExitCode, 0);
     EXPECT_NE(run.Output.find("--decode"), std::string::npos);
     EXPECT_NE(run.Output.find("several files follow each other"), std::string::npos) << run.Output;
+  }
+}
+
+TEST(CommandLine, CommandsForPeopleAlwaysDecode) {
+  for (const char* command : {"check", "outline"}) {
+    const TRunResult run = RunQuorvane({command, "--help"});
+    EXPECT_EQ(run.ExitCode, 0);
+    EXPECT_EQ(run.Output.find("--decode"), std::string::npos);
+    EXPECT_NE(run.Output.find("--encoding"), std::string::npos);
   }
 }
 

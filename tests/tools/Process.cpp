@@ -134,6 +134,26 @@ TRunResult RunQuorvaneInto(const std::string& device, const std::vector<std::str
   return {exitCode, {}, ReadAll(dir.Path("err"))};
 }
 
+TRunResult RunQuorvaneOnTerminal(const std::vector<std::string>& arguments) {
+  const TTempDir dir;
+  const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+  if (terminal < 0 || grantpt(terminal) != 0 || unlockpt(terminal) != 0)
+    Check(errno);
+  TRedirections redirections;
+  redirections.Open(STDIN_FILENO, "/dev/null", O_RDONLY);
+  redirections.Open(STDOUT_FILENO, dir.Path("out"), WriteFlags);
+  redirections.Open(STDERR_FILENO, ptsname(terminal), O_RDWR | O_NOCTTY);
+  const pid_t child = Start(Directly, arguments, redirections);
+  std::string errors;
+  // Reading fails once the child has gone.
+  std::array<char, 4096> piece{};
+  for (ssize_t count = 0; (count = read(terminal, piece.data(), piece.size())) > 0;)
+    errors.append(piece.data(), static_cast<std::size_t>(count));
+  close(terminal);
+  const int exitCode = ExitCodeOf(child);
+  return {exitCode, ReadAll(dir.Path("out")), errors};
+}
+
 TRunResult RunQuorvaneIntoShortReader(const std::vector<std::string>& arguments) {
   const TTempDir dir;
   std::array<int, 2> ends{};

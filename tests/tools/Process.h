@@ -48,4 +48,7 @@ TRunResult RunQuorvaneInto(const std::string& device, const std::vector<std::str
 // The same with a standard output whose reader takes some bytes and goes away; Output holds those bytes.
 TRunResult RunQuorvaneIntoShortReader(const std::vector<std::string>& arguments);
 
+// The same with a terminal as standard error; Errors holds what was written to it, control characters included.
+TRunResult RunQuorvaneOnTerminal(const std::vector<std::string>& arguments);
+
 } // namespace quorvane

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "tools/JsonLines.h"
 #include "tools/Process.h"
 
 #include <gtest/gtest.h>
-#include <nlohmann/json.hpp>
 
-#include <sstream>
 #include <string>
-#include <vector>
 
 namespace quorvane {
 namespace {
@@ -15,14 +13,6 @@ using namespace std::string_literals;
 
 constexpr const char* EmptyText = R"({"kind":"ptNull","ex":"ptUnknown","pos":0,"len":0,"line":0,"col":0})"
                                   "\n";
-
-std::vector<nlohmann::json> Lines(const std::string& output) {
-  std::vector<nlohmann::json> lines;
-  std::istringstream stream(output);
-  for (std::string line; std::getline(stream, line);)
-    lines.push_back(nlohmann::json::parse(line));
-  return lines;
-}
 
 std::string Tokens(const std::string& text) {
   const TRunResult run = RunQuorvane({"tokens", "-"}, text);
@@ -85,7 +75,7 @@ TEST(Tokens, EndAtANul) {
 }
 
 TEST(Tokens, TakesTheBytesAsTheyAre) {
-  const auto lines = Lines(Tokens("'\xC3\xA9'"));
+  const auto lines = JsonLines(Tokens("'\xC3\xA9'"));
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0]["len"], 4);
   EXPECT_EQ(lines[0]["kind"], "ptStringConst");
@@ -111,13 +101,13 @@ TEST(Tokens, DecodeReadsUtf16ByItsMark) {
 TEST(Tokens, DecodeTakesTheNamedEncodingForAFileWithoutMark) {
   const TRunResult run = RunQuorvane({"tokens", "--decode", "--encoding", "utf-16le", "-"}, "e\0n\0d\0"s);
   EXPECT_EQ(run.ExitCode, 0);
-  EXPECT_EQ(Lines(run.Output).at(0)["kind"], "ptEnd");
+  EXPECT_EQ(JsonLines(run.Output).at(0)["kind"], "ptEnd");
 }
 
 TEST(Tokens, AMarkGoesBeforeTheNamedEncoding) {
   const TRunResult run = RunQuorvane({"tokens", "--decode", "--encoding", "windows-1252", "-"}, "\xEF\xBB\xBF"
                                                                                                 "end");
-  EXPECT_EQ(Lines(run.Output).at(0)["kind"], "ptEnd");
+  EXPECT_EQ(JsonLines(run.Output).at(0)["kind"], "ptEnd");
 }
 
 } // namespace
