@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Outlines.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 
 #include "analysis/QVPasParser.h"
@@ -59,22 +61,71 @@ TWalk WalkOver(std::string text) {
   return walk;
 }
 
-std::vector<TCorpus> MakeOutlineTexts() {
-  TCorpus sound{"sound-units", {}};
-  TCorpus walked{"units", {}};
-  TCorpus generated{"generated", {}};
-  for (const TCorpus& corpus : OrdinaryTexts())
-    for (const std::string& text : corpus.Texts) {
-      const TWalk walk = WalkOver(text);
-      if (corpus.Name == generated.Name) {
-        generated.Texts.push_back(text);
-        continue;
-      }
-      walked.Texts.push_back(text.substr(0, walk.End));
-      if (walk.Errors == 0)
-        sound.Texts.push_back(text);
-    }
-  return {sound, walked, generated};
+// The texts, each cut where its parse ends.
+TCorpus Walked(const TCorpus& corpus) {
+  TCorpus walked{corpus.Name, {}};
+  for (const std::string& text : corpus.Texts)
+    walked.Texts.push_back(text.substr(0, WalkOver(text).End));
+  return walked;
+}
+
+// Those that parse without an error.
+TCorpus Sound(const TCorpus& corpus) {
+  TCorpus sound{"sound-" + corpus.Name, {}};
+  for (const std::string& text : corpus.Texts)
+    if (WalkOver(text).Errors == 0)
+      sound.Texts.push_back(text);
+  return sound;
+}
+
+constexpr std::size_t Megabyte = 1U << 20U;
+
+std::string Unit(const std::string& piece) {
+  std::string text = "unit U; interface implementation ";
+  while (text.size() < Megabyte)
+    text += piece;
+  return text;
+}
+
+// Routines at the deepest level there may be, so that each has a long path.
+std::string NestedRoutines() {
+  std::string outer;
+  for (int level = 2; level < TzkSimplePasPar::MaxNesting / TzkSimplePasPar::LevelsOfBlock; ++level)
+    outer += "procedure P" + std::to_string(level) + "; ";
+  std::string text = "unit U; interface implementation " + outer;
+  for (int count = 0; text.size() < Megabyte; ++count)
+    text += "procedure Q" + std::to_string(count) + "; begin end;\n";
+  return text;
+}
+
+// Constructs inside of each other, but not so deep that it ends the parse, again and again.
+std::string DeepConstructs(const std::string& opener, const std::string& closer) {
+  constexpr int Depth = 1000;
+  std::string openers;
+  std::string closers;
+  for (int level = 0; level < Depth; ++level) {
+    openers += opener;
+    closers += closer;
+  }
+  return "procedure P; begin " + openers + " x " + closers + " end;\n";
+}
+
+// A text that is nested too deep ends where it has hardly begun, and tells nothing.
+bool IsWalkedOver(const TCorpus& corpus) {
+  return std::ranges::all_of(corpus.Texts,
+                             [](const std::string& text) { return WalkOver(text).End > text.size() / 2; });
+}
+
+std::vector<TCorpus> MakeWorstTexts() {
+  std::vector<TCorpus> corpora;
+  std::ranges::copy_if(WorstTexts(), std::back_inserter(corpora), IsWalkedOver);
+  corpora.push_back({"deep-brackets", {Unit(DeepConstructs("(", ")"))}});
+  corpora.push_back({"deep-begins", {Unit(DeepConstructs("begin ", " end"))}});
+  corpora.push_back({"nested-routines", {NestedRoutines()}});
+  corpora.push_back({"conditionals", {Unit("{$IFDEF A}var x: T;{$ELSE}{$IFDEF B}var{$ENDIF}")}});
+  corpora.push_back({"hints", {Unit("deprecated;")}});
+  corpora.push_back({"errors", {Unit("var x y;\n")}});
+  return corpora;
 }
 
 } // namespace
@@ -90,7 +141,15 @@ std::int64_t FillOutlineOfFile(const std::string& name) {
 }
 
 const std::vector<TCorpus>& OutlineTexts() {
-  static const std::vector<TCorpus> corpora = MakeOutlineTexts();
+  static const std::vector<TCorpus> corpora = [] {
+    const std::vector<TCorpus>& ordinary = OrdinaryTexts();
+    return std::vector<TCorpus>{Sound(ordinary[0]), Walked(ordinary[0]), ordinary[1]};
+  }();
+  return corpora;
+}
+
+const std::vector<TCorpus>& WorstOutlineTexts() {
+  static const std::vector<TCorpus> corpora = MakeWorstTexts();
   return corpora;
 }
 

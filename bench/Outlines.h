@@ -23,6 +23,10 @@ std::int64_t FillOutlineOfFile(const std::string& name);
 // lines.
 const std::vector<TCorpus>& OutlineTexts();
 
+// Texts of a megabyte or so that are as unlike a program as can be, without those that are nested too deep to be
+// parsed.
+const std::vector<TCorpus>& WorstOutlineTexts();
+
 // The files of "sound-units".
 std::vector<std::filesystem::path> SoundUnitPaths();
 

@@ -19,7 +19,7 @@ const bool Registered = [] {
   bench::Register("Lexer", bench::OutlineTexts(), CountTokens);
   bench::Register("OutlineParser", bench::OutlineTexts(), bench::FillOutline);
   bench::Register("OutlineParser", bench::LengthTexts(), bench::FillOutline);
-  bench::Register("OutlineParser", bench::WorstTexts(), bench::FillOutline);
+  bench::Register("OutlineParser", bench::WorstOutlineTexts(), bench::FillOutline);
   return true;
 }();
 
