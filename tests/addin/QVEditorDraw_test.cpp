@@ -156,6 +156,54 @@ TEST_F(QVEditorDraw, SubIntegerOfSeveralDigitsReachesToTheRight) {
 }
 
 // Line numbers: 10 points of text, so 8 of numbers.
+// The lowest and the highest red pixel of a column of the picture; none where there is no red.
+struct RedSpan {
+  int Top = -1;
+  int Bottom = -1;
+  friend bool operator==(const RedSpan&, const RedSpan&) = default;
+};
+
+RedSpan RedOf(const QImage& picture, int x) {
+  RedSpan span;
+  for (int y = 0; y < picture.height(); ++y)
+    if (picture.pixelColor(x, y) == QColor(255, 0, 0)) {
+      if (span.Top < 0)
+        span.Top = y;
+      span.Bottom = y;
+    }
+  return span;
+}
+
+TEST_F(QVEditorDraw, ZigzagRisesFirstAndTurnsEveryThreePixelsTwoAboveAndTwoBelow) {
+  DrawZigzag(Canvas(), {10, 20}, 24);
+  const QImage& picture = Surface.Picture();
+  EXPECT_EQ(RedOf(picture, 9), RedSpan{});
+  EXPECT_EQ(RedOf(picture, 10), (RedSpan{20, 20}));
+  EXPECT_EQ(RedOf(picture, 13).Top, 18);
+  EXPECT_EQ(RedOf(picture, 16).Bottom, 22);
+  EXPECT_EQ(RedOf(picture, 19).Top, 18);
+}
+
+TEST_F(QVEditorDraw, ZigzagEndsWithTheLastStepBeforeItsEnd) {
+  // The steps before 25 are at 13, 16, 19 and 22; a line does not draw its end point.
+  DrawZigzag(Canvas(), {10, 20}, 25);
+  EXPECT_NE(RedOf(Surface.Picture(), 21), RedSpan{});
+  EXPECT_EQ(RedOf(Surface.Picture(), 22), RedSpan{});
+  EXPECT_EQ(RedOf(Surface.Picture(), 23), RedSpan{});
+}
+
+TEST_F(QVEditorDraw, ZigzagWhoseFirstStepReachesItsEndDrawsNothing) {
+  DrawZigzag(Canvas(), {10, 20}, 13);
+  for (int x = 0; x < Surface.Picture().width(); ++x)
+    EXPECT_EQ(RedOf(Surface.Picture(), x), RedSpan{}) << x;
+}
+
+TEST_F(QVEditorDraw, ZigzagLeavesTheToolsAsTheyWere) {
+  const TCanvas before = MarkTools();
+  DrawZigzag(Canvas(), {10, 20}, 40);
+  ExpectToolsUnchanged(before);
+}
+
 class QVEditorDrawNumbers : public QVEditorDraw {
 protected:
   QVEditorDrawNumbers() {

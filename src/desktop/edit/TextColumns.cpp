@@ -72,6 +72,8 @@ qsizetype unitOfCharIndex(QStringView line, int charIndex) {
 }
 
 int columnOfCharIndex(QStringView line, int charIndex, int tabWidth) {
+  if (charIndex < 0)
+    return charIndex + 1;
   const Walker walker = walkToChar(line, charIndex, tabWidth);
   return walker.column() + std::max(charIndex - walker.charIndex(), 0);
 }

@@ -17,7 +17,7 @@ int charIndexOfUnit(QStringView line, qsizetype unit);
 // The first unit of a character. At most line.size().
 qsizetype unitOfCharIndex(QStringView line, int charIndex);
 
-// The column at which a character starts.
+// The column at which a character starts. Before and beyond the line each character is one cell, so -1 gives 0.
 int columnOfCharIndex(QStringView line, int charIndex, int tabWidth);
 // The character that covers a column. A column inside an expanded tab belongs to the tab.
 int charIndexOfColumn(QStringView line, int column, int tabWidth);

@@ -11,6 +11,7 @@ constexpr int tabs = 4;
 TEST(TextColumns, CountAPlainLineFromOneAndZero) {
   EXPECT_EQ(columnOfCharIndex(u"abc", 0, tabs), 1);
   EXPECT_EQ(columnOfCharIndex(u"abc", 2, tabs), 3);
+  EXPECT_EQ(columnOfCharIndex(u"\tbc", -1, tabs), 0);
   EXPECT_EQ(charIndexOfColumn(u"abc", 3, tabs), 2);
 }
 

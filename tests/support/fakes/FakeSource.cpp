@@ -112,7 +112,7 @@ void FakeView::ConvertPos(bool editPosToCharPos, platform::TOTAEditPos& editPos,
   } else {
     while (character < charPos.CharIndex)
       cell = NextCell(line, character++, cell);
-    editPos = {static_cast<std::int16_t>(cell + 1), charPos.Line};
+    editPos = {static_cast<std::int16_t>(cell + 1 + std::min<int>(charPos.CharIndex, 0)), charPos.Line};
   }
 }
 
