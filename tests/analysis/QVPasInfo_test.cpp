@@ -236,13 +236,15 @@ TEST(PasInfo, IsSharedBetweenThreads) {
   std::array<bool, 4> wereRight{};
   {
     std::vector<std::jthread> readers;
+    readers.reserve(wereRight.size());
     for (bool& wasRight : wereRight) {
       readers.emplace_back([shared, &wasRight] {
         wasRight = true;
         for (int round = 0; round < 1000; ++round) {
-          const std::shared_ptr<const IQVPasInfo> mine = shared;
+          std::shared_ptr<const IQVPasInfo> mine = shared;
           const std::shared_ptr<IQVDrawElement> element = mine->GetElement(0);
           wasRight = wasRight && element->GetLength() == 4 && mine->GetMethods().contains("foo");
+          mine.reset();
         }
       });
     }

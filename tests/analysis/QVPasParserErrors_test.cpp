@@ -42,7 +42,7 @@ TEST_F(OutlineErrors, AtTheStartOfALineAreUnderlinedFromTheColumnBefore) {
   EXPECT_EQ(FThread.Underlines, (TUnderlines{{-1, 4, 3, true}}));
 }
 
-TEST_F(OutlineErrors, AreUnderlinedOnlyAfterMoreThanASecondOfStillness) {
+TEST_F(OutlineErrors, AreUnderlinedOnlyAboveAStillnessOfAThousand) {
   FThread.Still = 1000;
   Outlined(Faulty, &FThread);
   EXPECT_EQ(FThread.Underlines, TUnderlines{});
