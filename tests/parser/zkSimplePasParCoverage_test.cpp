@@ -104,12 +104,12 @@ const TWrong Wrongs[] = {
 };
 
 // Kinds that no production reports.
-constexpr std::array NeverReported = {InvalidParseFile, // what starts no file is a fragment
-                                      // types go by their structure, not by what the names in them stand for
-                                      InvalidRealIdentifier, InvalidStringIdentifier, InvalidVariantIdentifier,
-                                      // declared for completeness
-                                      vchInvalidClass, vchInvalidMethod, vchInvalidProcedure, vchInvalidCircuit,
-                                      vchInvalidIncludeFile};
+constexpr std::array NeverReported = {
+    InvalidParseFile, // what starts no file is a fragment
+                      // types go by their structure, not by what the names in them stand for
+    InvalidRealIdentifier, InvalidStringIdentifier, InvalidVariantIdentifier,
+    // declared for completeness
+    vchInvalidClass, vchInvalidMethod, vchInvalidProcedure, vchInvalidCircuit, vchInvalidIncludeFile};
 
 TEST(EveryKindOfError, IsReportedForAWrongText) {
   std::set<std::string> reported;
