@@ -15,9 +15,6 @@ using namespace quorvane;
 
 constexpr std::size_t Megabyte = 1U << 20U;
 
-// The generated unit declares a type for so many lines.
-constexpr int LinesPerType = 100;
-
 // One unit in so many is enough for a steady figure.
 constexpr std::size_t UnitStep = 16;
 
@@ -69,9 +66,6 @@ public:
     Line("unit Generated;");
     Line("{$IFDEF Debug}{$R+}{$ENDIF}");
     Line("interface");
-    Line("type");
-    for (int types = lines / LinesPerType; types > 0; --types)
-      WriteType();
     Line("implementation");
     WriteKeywords();
     while (FLines < lines)
@@ -130,18 +124,6 @@ private:
     for (const TKeyword& keyword : Keywords)
       Line("// " + Name() + "\n" + std::string(keyword.Word) + " " + Name());
     Line("{$ENDIF}");
-  }
-
-  // A class with the routines and properties of one.
-  void WriteType() {
-    Line("  T" + Name() + " = class(T" + Name() + ")");
-    Line("  private");
-    for (std::size_t fields = 1 + Below(4); fields > 0; --fields)
-      Line("    F" + Name() + ": " + Type() + ";");
-    Line("  public");
-    Line("    constructor Create(" + Name() + ": " + Type() + "); override;");
-    Line("    property " + Name() + ": " + Type() + " read F" + Name() + " write Set" + Name() + ";");
-    Line("  end;");
   }
 
   void WriteRoutine() {

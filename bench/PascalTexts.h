@@ -17,9 +17,8 @@ struct TCorpus {
   std::vector<std::string> Texts;
 };
 
-// A unit of about so many lines, without an error of syntax: classes, routines with all the statements there are,
-// strings, numbers, comments and directives, and every keyword of the language. Always the same for the same number of
-// lines.
+// A unit of about so many lines, without an error of syntax: routines with all the statements there are, strings,
+// numbers, comments and directives, and every keyword of the language. Always the same for the same number of lines.
 std::string GeneratedUnit(int lines);
 
 // The files that "units" below is read from.
