@@ -10,6 +10,7 @@
 
 #include <QWidget>
 
+#include <cstddef>
 #include <cstdint>
 
 namespace platform {

@@ -152,7 +152,9 @@ void TEditWindow::closePage(Page* page) {
 
 bool TEditWindow::event(QEvent* event) {
   const bool handled = QWidget::event(event);
-  if (event->type() == QEvent::WindowActivate)
+  if (event->type() == QEvent::Show && !event->spontaneous())
+    Q_EMIT shown();
+  else if (event->type() == QEvent::WindowActivate)
     Q_EMIT activated();
   return handled;
 }

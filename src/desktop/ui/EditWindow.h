@@ -67,6 +67,8 @@ Q_SIGNALS:
   void closeRequested(Page* page);
   // The same for all pages but `page`.
   void closeOthersRequested(Page* page);
+  // The window can be seen now, for the first time or again.
+  void shown();
   // The frame around this window has become the active window.
   void activated();
 

@@ -34,7 +34,7 @@ WindowCommands::WindowCommands(MainWindow* frame, Workspace& workspace)
 void WindowCommands::buildFileMenu() {
   static constexpr std::array rows = {
       Row{"FileNewCommand", QT_TR_NOOP("&New"), "Ctrl+N", "document-new", &WindowCommands::newFile},
-      Row{"FileNewWindowCommand", QT_TR_NOOP("New &Window"), "Ctrl+Shift+N", "window-new", &WindowCommands::newWindow},
+      Row{"FileNewWindowCommand", QT_TR_NOOP("New Edit &Window"), "Ctrl+Shift+N", "window-new", &WindowCommands::newWindow},
       Row{"FileOpenCommand", QT_TR_NOOP("&Open..."), "Ctrl+O", "document-open", &WindowCommands::open},
       Row{},
       Row{"FileSaveCommand", QT_TR_NOOP("&Save"), "Ctrl+S", "document-save", &WindowCommands::save},

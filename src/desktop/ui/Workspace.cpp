@@ -12,6 +12,7 @@
 #include "desktop/ui/Page.h"
 #include "platform/Application.h"
 #include "platform/Debug.h"
+#include "platform/Hooks.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -28,6 +29,12 @@ namespace {
 // A page that was made for the user to begin on and that nobody has touched.
 bool isUntouched(const Page& page) {
   return page.document()->isUntitled() && !page.document()->isModified() && page.document()->isEmpty();
+}
+
+// Add-ins equip a window when they hear that it has become active. A window that comes up without becoming active, as
+// the desktop may decide, is announced too.
+void announceActivation(TEditWindow* window) {
+  platform::CallHooks(platform::WH_CBT, platform::HCBT_ACTIVATE, platform::WindowHandle(*window), 0);
 }
 
 } // namespace
@@ -74,7 +81,11 @@ MainWindow* Workspace::addFrame() {
   activationOrder_.append(window);
   appearance_->applyTo(*window->editor());
   connect(appearance_, &Appearance::changed, window, [this, window] { appearance_->applyTo(*window->editor()); });
-  connect(window, &TEditWindow::activated, this, [this, window] { bringToTop(window); });
+  connect(window, &TEditWindow::shown, this, [window] { announceActivation(window); });
+  connect(window, &TEditWindow::activated, this, [this, window] {
+    bringToTop(window);
+    announceActivation(window);
+  });
   connect(window, &TEditWindow::closeRequested, files_, &FileCommands::close);
   connect(window, &TEditWindow::closeOthersRequested, files_, &FileCommands::closeOthers);
   connect(window, &TEditWindow::pageAdded, this, &Workspace::pageOpened);
@@ -196,8 +207,8 @@ bool Workspace::mayCloseFrame(MainWindow* frame) {
 
 // The frame is in the middle of closing, so it goes when control is back in the event loop.
 void Workspace::removeFrame(MainWindow* frame) {
-  // A late activation must not bring the dying window back to the top.
-  disconnect(frame->editWindow(), &TEditWindow::activated, this, nullptr);
+  // A late activation must not bring the dying window back to the top, nor have it equipped by add-ins.
+  disconnect(frame->editWindow(), nullptr, this, nullptr);
   activationOrder_.removeOne(frame->editWindow());
   const auto found =
       std::find_if(frames_.begin(), frames_.end(), [frame](const auto& each) { return each.get() == frame; });

@@ -36,6 +36,12 @@ protected:
     frame()->resize(frame()->size() + wanted - editor()->viewport()->size() - QSize(editor()->gutterWidth(), 0));
     ASSERT_TRUE(support::waitUntil([this] { return editor()->viewSize() == QSize(60, 20); }));
   }
+  // Whether, in a small window, `line` is the last one that can be seen, or the last but one: the text widget takes a
+  // line that touches the edge for one that is cut off.
+  static bool isAtTheBottom(int line, platform::IOTAEditView& view) {
+    const int row = line - view.GetTopPos().Line + 1;
+    return view.GetLeftColumn() == 1 && (row == 20 || row == 19);
+  }
 };
 
 TEST_F(PageViewTest, ConvertsColumnsToCharactersOneByOne) {
@@ -134,6 +140,66 @@ TEST_F(PageViewTest, GivesTheFirstVisibleCellAndTheSizeOfTheView) {
   editor()->setLeftColumn(5);
   EXPECT_EQ(view->GetTopPos(), (TOTAEditPos{5, 12}));
   EXPECT_EQ(view->GetLeftColumn(), 5);
+}
+
+TEST_F(PageViewTest, ScrollsAPlaceToTheTopLeftWithoutMovingTheCursor) {
+  const auto view = open(field());
+  makeSmall();
+  view->SetTopLeft(40, 11);
+  EXPECT_EQ(view->GetTopPos(), (TOTAEditPos{11, 40}));
+  EXPECT_EQ(view->GetCursorPos(), (TOTAEditPos{1, 1}));
+}
+
+TEST_F(PageViewTest, ScrollsNoFurtherThanTheTextReaches) {
+  const auto view = open(field());
+  makeSmall();
+  view->SetTopLeft(1000, 1);
+  EXPECT_TRUE(isAtTheBottom(101, *view));
+  view->SetTopLeft(-5, -5);
+  EXPECT_EQ(view->GetTopPos(), (TOTAEditPos{1, 1}));
+}
+
+TEST_F(PageViewTest, ScrollsAPageBehindOthersToThePlaceWithWhichItComesBack) {
+  const auto view = open(field());
+  makeSmall();
+  Page* const page = window()->currentPage();
+  open("other", "other.pas");
+  view->SetTopLeft(40, 11);
+  EXPECT_EQ(view->GetTopPos(), (TOTAEditPos{11, 40}));
+  window()->showPage(page);
+  EXPECT_EQ(view->GetTopPos(), (TOTAEditPos{11, 40}));
+}
+
+TEST_F(PageViewTest, GoesToTheStartOfALineAndShowsIt) {
+  const auto view = open(field());
+  makeSmall();
+  view->GetPosition()->Move(3, 9);
+  view->GetPosition()->GotoLine(50);
+  EXPECT_EQ(view->GetCursorPos(), (TOTAEditPos{1, 50}));
+  EXPECT_TRUE(isAtTheBottom(50, *view));
+}
+
+TEST_F(PageViewTest, GoesToTheLastLineForOneBeyondTheText) {
+  const auto view = open("a\nb");
+  view->GetPosition()->GotoLine(10);
+  EXPECT_EQ(view->GetCursorPos(), (TOTAEditPos{1, 2}));
+  view->GetPosition()->GotoLine(0);
+  EXPECT_EQ(view->GetCursorPos(), (TOTAEditPos{1, 1}));
+}
+
+TEST_F(PageViewTest, GoesBehindTheLastCharacterAndScrollsNoMoreThanNeeded) {
+  const auto view = open(field() + "\tend");
+  makeSmall();
+  view->GetPosition()->MoveEOF();
+  EXPECT_EQ(view->GetCursorPos(), (TOTAEditPos{12, 101}));
+  EXPECT_TRUE(isAtTheBottom(101, *view));
+}
+
+TEST_F(PageViewTest, GoesToTheEndOfAPageBehindOthers) {
+  const auto view = open("one\ntwo");
+  open("other", "other.pas");
+  view->GetPosition()->MoveEOF();
+  EXPECT_EQ(view->GetCursorPos(), (TOTAEditPos{4, 2}));
 }
 
 TEST_F(PageViewTest, KeepsTheCursorOfAPageBehindOthers) {

@@ -39,7 +39,7 @@ TEST_F(WindowCommandsTest, MenusStandInTheirUsualOrder) {
 
 TEST_F(WindowCommandsTest, FileMenuHoldsItsCommands) {
   EXPECT_EQ(texts(menu(QStringLiteral("FileMenu"))->actions()),
-            (QStringList{QStringLiteral("&New"), QStringLiteral("New &Window"), QStringLiteral("&Open..."),
+            (QStringList{QStringLiteral("&New"), QStringLiteral("New Edit &Window"), QStringLiteral("&Open..."),
                          QStringLiteral("-"), QStringLiteral("&Save"), QStringLiteral("Save &As..."),
                          QStringLiteral("-"), QStringLiteral("&Close"), QStringLiteral("E&xit")}));
 }
