@@ -278,11 +278,14 @@ void TzkSimplePasPar::VariableTwo() {
   }
 }
 
-// A name and := before an argument pass it by name, which automation objects know.
+// A name and := before an argument pass it by name, which automation objects know. The reserved word of a type that no
+// expression knows stands alone, as in SizeOf(file).
 void TzkSimplePasPar::Arguments(bool areWidthsTaken) {
   const TWidths widths(*this, areWidthsTaken);
   Expected(ptRoundOpen);
-  if (TokenID() != ptRoundClose) {
+  if (TokenID() == ptFile) {
+    NextToken();
+  } else if (TokenID() != ptRoundClose) {
     ExpressionList();
     while (TokenID() == ptAssign) {
       NextToken();
