@@ -171,7 +171,7 @@ const TRow Rows[] = {
     {"OfBlankLinesAtTheStart", "", "\n", "begin end."},
     {"OfBlanks", "begin ", " ", " end."},
     {"OfLinesOfBlanks", "begin ", " \n", " end."},
-    {"OfPluses", "begin a := ", "-", "b end."},
+    {"OfMinuses", "begin a := ", "-", "b end."},
     {"OfAddressSigns", "begin a := ", "@", "b end."},
     {"OfDoubleAddressSigns", "begin a := ", "@@", "b end."},
     {"OfPointerSigns", "begin a", "^", " := b end."},
