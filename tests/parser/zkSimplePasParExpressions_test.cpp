@@ -148,6 +148,7 @@ const TWalk Expressions[] = {
      {"Variable VariableTwo", ";", {}}},
     {"VariableReportsWhatIsNoName", &P::Variable, "5;", {"", "5", {"Expected 'Identifier' found '5' (0, 0)"}}},
     {"VariableTwoTakesEverySuffix", &P::VariableTwo, ".a^[b, c](d)();", {"ExpressionList ExpressionList", ";", {}}},
+    {"VariableTwoTakesTheWordFileAlone", &P::VariableTwo, "(file)(b);", {"ExpressionList", ";", {}}},
     {"VariableTwoReportsAMissingName", &P::VariableTwo, ".5;", {"", "5", {"Expected 'Identifier' found '5' (1, 0)"}}},
     {"ArgumentsMayBePassedByName", &P::Designator, "a.Open(b, Name := c, Mode := d);", {"VariableReference", ";", {}}},
     {"CharStringJoinsLiteralsAndControlCharacters", &P::CharString, "'a'#13#10^M'b'^A;", {"", ";", {}}},
