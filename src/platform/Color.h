@@ -29,6 +29,7 @@ inline constexpr TColor clHighlight = static_cast<TColor>(0x8000000D);
 inline constexpr TColor clHighlightText = static_cast<TColor>(0x8000000E);
 inline constexpr TColor clBtnFace = static_cast<TColor>(0x8000000F);
 inline constexpr TColor clBtnShadow = static_cast<TColor>(0x80000010);
+inline constexpr TColor clBtnHighlight = static_cast<TColor>(0x80000014);
 
 // The Qt colour of `color`. System colours come from `palette`; an index that has no counterpart there gives the button
 // colour. clDefault gives `own`; clNone gives an invalid colour, with which nothing is to be drawn.

@@ -15,6 +15,9 @@ EAssertionFailed::~EAssertionFailed() = default;
 EDivByZero::EDivByZero() : Exception("Division by zero") {}
 EDivByZero::~EDivByZero() = default;
 
+EInvalidCast::EInvalidCast() : Exception("Invalid class typecast") {}
+EInvalidCast::~EInvalidCast() = default;
+
 EViewClosed::EViewClosed() : Exception("The page of this view has been closed") {}
 EViewClosed::~EViewClosed() = default;
 

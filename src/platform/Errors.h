@@ -52,6 +52,13 @@ public:
   ~EDivByZero() override;
 };
 
+// An object is not of the class that it must be.
+class VIRELLE_PLATFORM EInvalidCast : public Exception {
+public:
+  EInvalidCast();
+  ~EInvalidCast() override;
+};
+
 // A view or buffer was asked for something after its page had been closed.
 class VIRELLE_PLATFORM EViewClosed : public Exception {
 public:
