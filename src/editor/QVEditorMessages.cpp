@@ -4,10 +4,36 @@
 
 #include "host/QVLog.h"
 #include "settings/model/QVOptions.h"
+#include "toolbar/QVLineNumbers.h"
 
 namespace quorvane {
 
+namespace {
+
+// Whether the lines shown or the caret's line may be others after a message.
+bool MayMoveLines(unsigned code) {
+  switch (code) {
+  case platform::WM_SETFOCUS:
+  case platform::WM_PAINT:
+  case platform::WM_VSCROLL:
+  case platform::CN_KEYDOWN:
+    return true;
+  default:
+    return false;
+  }
+}
+
+} // namespace
+
 void TQVEditorProxy::EditorWndProc(platform::TMessage& message) {
+  const unsigned code = message.Msg;
+  Dispatch(message);
+  // The proxy may be gone by now.
+  if (OptShowLineNumbers && !OptLinesInGutter && MayMoveLines(code))
+    PollLineNumbers();
+}
+
+void TQVEditorProxy::Dispatch(platform::TMessage& message) {
   switch (message.Msg) {
   case platform::WM_DESTROY:
     return EditorWMDestroy(message);

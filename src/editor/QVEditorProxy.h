@@ -161,8 +161,10 @@ private:
   template <class TOrdinal> TOrdinal PublishedOrdinal(const char* name) const;
   QString PublishedText(const char* name) const;
 
-  // The window procedure and its handlers, one a row of the message table.
+  // The window procedure, and the handlers, one a row of the message table. After some messages the line numbers are
+  // polled.
   void EditorWndProc(platform::TMessage& message);
+  void Dispatch(platform::TMessage& message);
   void EditorWMDestroy(platform::TMessage& message);
   void EditorRefresh(platform::TMessage& message);
   void EditorWMPaint(platform::TMessage& message);
