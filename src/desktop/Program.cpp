@@ -30,15 +30,16 @@ int complain(const QString& reason) {
 
 } // namespace
 
-Program::Program(const CommandLine& commandLine) : commandLine_(commandLine) {
+Program::Program(const CommandLine& commandLine) : commandLine_(commandLine), packages_(loader_) {
   platform::Application().SetProgramDirectory(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                                               QStringLiteral("/virelle/"));
   platform::SetBorlandIDEServices(std::make_shared<IdeServices>(workspace_));
-  workspace_.setPackageLister([this] { return packageRows(); });
+  workspace_.setPackages(&packages_);
+  openSearchPath();
 }
 
 Program::~Program() {
-  packages_.unloadAll();
+  loader_.unloadAll();
   // The event loop has ended, so what the packages' stops have thrown would otherwise be lost.
   platform::Application().SetReporter({});
   platform::Application().ReportPending();
@@ -88,32 +89,30 @@ void Program::placeCaret() {
 }
 
 QStringList Program::loadPackages() {
-  if (!commandLine_.loadPackages)
-    return {};
   QStringList paths = commandLine_.packages;
   if (paths.isEmpty()) {
     const QString folder = QCoreApplication::applicationDirPath();
     const QString addIn = PackageLoader::findAddIn(folder);
-    if (addIn.isEmpty())
+    if (!addIn.isEmpty())
+      paths = {addIn};
+    else if (commandLine_.loadPackages)
       return {QCoreApplication::translate("Program", "The add-in Quorvane5.so was not found near %1.").arg(folder)};
-    paths = {addIn};
   }
   QStringList reasons;
   for (const QString& path : paths) {
-    try {
-      packages_.load(path);
-    } catch (const platform::EPackageError& error) {
-      reasons.append(QString::fromUtf8(error.what()));
-    }
+    packages_.add(path);
+    const QString reason = commandLine_.loadPackages ? packages_.load(path) : QString();
+    if (!reason.isEmpty())
+      reasons.append(reason);
   }
   return reasons;
 }
 
-QList<PackageRow> Program::packageRows() const {
-  QList<PackageRow> rows;
-  for (const PackageLoader::Loaded& package : packages_.loadedPackages())
-    rows.append({package.description, package.fileName});
-  return rows;
+void Program::openSearchPath() {
+  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+  const QString problem = workspace_.searchPath().open(folder + QStringLiteral("/virelle/search-path.json"));
+  if (!problem.isEmpty())
+    workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, problem);
 }
 
 } // namespace desktop

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/CommandLine.h"
+#include "desktop/ide/InstalledPackages.h"
 #include "desktop/ide/PackageLoader.h"
 #include "desktop/ui/Workspace.h"
 
@@ -30,11 +31,12 @@ private:
   void placeCaret();
   // Loads what the command line asks for. Returns why packages could not be loaded, one sentence each.
   QStringList loadPackages();
-  QList<PackageRow> packageRows() const;
+  void openSearchPath();
 
   const CommandLine& commandLine_;
   Workspace workspace_;
-  PackageLoader packages_;
+  PackageLoader loader_;
+  InstalledPackages packages_;
 };
 
 } // namespace desktop

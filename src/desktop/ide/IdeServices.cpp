@@ -70,7 +70,12 @@ void IdeServices::AddTitleMessage(const QString& text) {
 }
 
 std::vector<platform::TOTASearchFolder> IdeServices::GetSearchPath() {
-  return {};
+  std::vector<platform::TOTASearchFolder> folders;
+  if (workspace_) {
+    for (const SearchFolder& folder : workspace_->searchPath().folders())
+      folders.push_back({folder.path, folder.withSubfolders});
+  }
+  return folders;
 }
 
 PageObjects IdeServices::topObjects() {

@@ -2,23 +2,34 @@
 #pragma once
 
 #include <QDialog>
-#include <QList>
 #include <QString>
+
+class QLabel;
+class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace desktop {
 
-// A package as the user sees it.
-struct PackageRow {
-  QString description;
-  QString fileName;
-};
+class PackageList;
 
-// Lists the packages that are loaded.
+// Lists packages with a check each, which loads and unloads the package at once. Further ones can be added by their
+// files. Why a package could not be loaded is said below the list.
 class PackagesDialog : public QDialog {
   Q_OBJECT
 
 public:
-  explicit PackagesDialog(const QList<PackageRow>& packages, QWidget* parent = nullptr);
+  // `packages` must outlive the dialog.
+  explicit PackagesDialog(PackageList& packages, QWidget* parent = nullptr);
+
+private:
+  void showRows();
+  void onItemChanged(QTreeWidgetItem* item, int column);
+  void add();
+  void load(const QString& fileName);
+
+  PackageList& packages_;
+  QTreeWidget* list_;
+  QLabel* problem_;
 };
 
 } // namespace desktop

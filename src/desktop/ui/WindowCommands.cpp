@@ -9,8 +9,10 @@
 #include "desktop/ui/FindBar.h"
 #include "desktop/ui/GoToLineDialog.h"
 #include "desktop/ui/MainWindow.h"
+#include "desktop/ui/MessageBar.h"
 #include "desktop/ui/PackagesDialog.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/SearchPathDialog.h"
 #include "desktop/ui/Workspace.h"
 #include "platform/Application.h"
 #include "platform/Component.h"
@@ -124,7 +126,17 @@ void WindowCommands::previousTab() {
 }
 
 void WindowCommands::showPackages() {
-  PackagesDialog(workspace_.packages(), QApplication::activeWindow()).exec();
+  if (workspace_.packages() != nullptr)
+    PackagesDialog(*workspace_.packages(), QApplication::activeWindow()).exec();
+}
+
+void WindowCommands::editSearchPath() {
+  SearchPathDialog dialog(workspace_.searchPath().folders(), QApplication::activeWindow());
+  if (dialog.exec() != QDialog::Accepted)
+    return;
+  const QString problem = workspace_.searchPath().setFolders(dialog.folders());
+  if (!problem.isEmpty() && workspace_.topWindow() != nullptr)
+    workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Error, problem);
 }
 
 void WindowCommands::about() {

@@ -50,6 +50,7 @@ private:
   void buildSearchMenu();
   void buildViewMenu();
   void addColours(QMenu* menu);
+  void buildComponentMenu();
   void buildToolsMenu();
   void mirrorTools(QMenu* menu);
   void buildHelpMenu();
@@ -80,6 +81,7 @@ private:
   void nextTab();
   void previousTab();
   void showPackages();
+  void editSearchPath();
   void about();
 
   Page* page() const;

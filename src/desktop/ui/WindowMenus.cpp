@@ -26,6 +26,7 @@ WindowCommands::WindowCommands(MainWindow* frame, Workspace& workspace)
   buildEditMenu();
   buildSearchMenu();
   buildViewMenu();
+  buildComponentMenu();
   buildToolsMenu();
   buildHelpMenu();
   follow();
@@ -34,7 +35,8 @@ WindowCommands::WindowCommands(MainWindow* frame, Workspace& workspace)
 void WindowCommands::buildFileMenu() {
   static constexpr std::array rows = {
       Row{"FileNewCommand", QT_TR_NOOP("&New"), "Ctrl+N", "document-new", &WindowCommands::newFile},
-      Row{"FileNewWindowCommand", QT_TR_NOOP("New Edit &Window"), "Ctrl+Shift+N", "window-new", &WindowCommands::newWindow},
+      Row{"FileNewWindowCommand", QT_TR_NOOP("New Edit &Window"), "Ctrl+Shift+N", "window-new",
+          &WindowCommands::newWindow},
       Row{"FileOpenCommand", QT_TR_NOOP("&Open..."), "Ctrl+O", "document-open", &WindowCommands::open},
       Row{},
       Row{"FileSaveCommand", QT_TR_NOOP("&Save"), "Ctrl+S", "document-save", &WindowCommands::save},
@@ -117,10 +119,18 @@ void WindowCommands::addColours(QMenu* menu) {
   }
 }
 
-void WindowCommands::buildToolsMenu() {
+void WindowCommands::buildComponentMenu() {
   static constexpr std::array rows = {
-      Row{"ToolsGalleryItem", QT_TR_NOOP("&Packages..."), "", "applications-development",
+      Row{"ComponentPackagesCommand", QT_TR_NOOP("&Packages..."), "", "applications-development",
           &WindowCommands::showPackages},
+  };
+  addRows(addMenu("ComponentMenu", tr("&Component")), rows);
+}
+
+void WindowCommands::buildToolsMenu() {
+  // Add-ins put their items above the one with this name.
+  static constexpr std::array rows = {
+      Row{"ToolsGalleryItem", QT_TR_NOOP("Search &Path..."), "", "folder", &WindowCommands::editSearchPath},
   };
   QMenu* const menu = addMenu("ToolsMenu", tr("&Tools"));
   if (platform::Application().MainForm() == frame_) {

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "desktop/ui/PackagesDialog.h"
+#include "desktop/files/SearchPath.h"
 
 #include <QList>
 #include <QObject>
 #include <QString>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
@@ -16,6 +15,7 @@ namespace desktop {
 class Appearance;
 class FileCommands;
 class MainWindow;
+class PackageList;
 class Page;
 class TEditWindow;
 
@@ -67,9 +67,11 @@ public:
   FileCommands& files() const { return *files_; }
   Appearance& appearance() const { return *appearance_; }
 
-  // The packages to be listed for the user, by a function that is asked anew each time.
-  void setPackageLister(std::function<QList<PackageRow>()> lister) { packageLister_ = std::move(lister); }
-  QList<PackageRow> packages() const { return packageLister_ ? packageLister_() : QList<PackageRow>(); }
+  // The packages that the user may load and unload, or null, as at first. Not owned.
+  PackageList* packages() const { return packages_; }
+  void setPackages(PackageList* packages) { packages_ = packages; }
+  // Where units are looked for; in memory only until it is given its file.
+  SearchPath& searchPath() { return searchPath_; }
 
 Q_SIGNALS:
   void windowOpened(TEditWindow* window);
@@ -90,7 +92,8 @@ private:
 
   FileCommands* files_;
   Appearance* appearance_;
-  std::function<QList<PackageRow>()> packageLister_;
+  PackageList* packages_ = nullptr;
+  SearchPath searchPath_;
   std::vector<std::unique_ptr<MainWindow>> frames_; // in the order of their creation; the main form first
   QList<TEditWindow*> activationOrder_;             // the top window first
   int nextWindowNumber_ = 0;

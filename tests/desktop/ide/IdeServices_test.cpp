@@ -38,6 +38,18 @@ TEST_F(IdeServicesTest, OffersNoOtherServices) {
   SetBorlandIDEServices(nullptr);
 }
 
+TEST_F(IdeServicesTest, ShowsMessagesInTheTopWindow) {
+  services->AddTitleMessage(QStringLiteral("Unit <Nowhere> was not found."));
+  EXPECT_EQ(messages(), QStringList{QStringLiteral("Unit <Nowhere> was not found.")});
+}
+
+TEST_F(IdeServicesTest, GivesTheSearchPathOfTheMoment) {
+  EXPECT_TRUE(services->GetSearchPath().empty());
+  workspace.searchPath().setFolders({{QStringLiteral("/a"), true}, {QStringLiteral("/b"), false}});
+  EXPECT_EQ(services->GetSearchPath(),
+            (std::vector<TOTASearchFolder>{{QStringLiteral("/a"), true}, {QStringLiteral("/b"), false}}));
+}
+
 TEST_F(IdeServicesTest, HasNoTopViewWithoutAPage) {
   EXPECT_EQ(services->GetTopView(), nullptr);
   EXPECT_EQ(services->GetTopBuffer(), nullptr);

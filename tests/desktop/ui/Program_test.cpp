@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
+#include <QMap>
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
@@ -22,12 +23,14 @@ struct Outcome {
 
 class ProgramTest : public testing::Test {
 protected:
-  // Runs the editor in an environment that has no display.
-  Outcome run(const QStringList& arguments) const {
+  // Runs the editor in an environment that has no display, with these variables on top.
+  Outcome run(const QStringList& arguments, const QMap<QString, QString>& variables = {}) const {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_SCALE_FACTOR"})
       environment.remove(QString::fromLatin1(name));
+    for (auto variable = variables.begin(); variable != variables.end(); ++variable)
+      environment.insert(variable.key(), variable.value());
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(folder_.path());
     process.start(QStringLiteral(VIRELLE_BINARY), arguments);
@@ -118,6 +121,18 @@ TEST_F(ProgramTest, APackageThatCannotBeLoadedIsNamedOnStandardErrorWithCode2) {
                                path(QStringLiteral("out.png")), writeSource()});
   EXPECT_EQ(outcome.code, 2);
   EXPECT_TRUE(outcome.error.contains(package)) << outcome.error.toStdString();
+}
+
+TEST_F(ProgramTest, KeepsTheSearchPathBesideTheUsersOtherSettings) {
+  const QString folder = path(QStringLiteral("config/virelle"));
+  ASSERT_TRUE(QDir().mkpath(folder));
+  QFile file(folder + QStringLiteral("/search-path.json"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write("damaged");
+  file.close();
+  EXPECT_EQ(
+      run(screenshot({writeSource()}), {{QStringLiteral("XDG_CONFIG_HOME"), path(QStringLiteral("config"))}}).code, 0);
+  EXPECT_TRUE(QFile::exists(folder + QStringLiteral("/search-path.json.damaged")));
 }
 
 TEST_F(ProgramTest, WrongArgumentsAreToldWithCode2) {

@@ -3,7 +3,10 @@
 
 #include "desktop/ui/Appearance.h"
 #include "desktop/ui/GoToLineDialog.h"
+#include "desktop/ui/PackageList.h"
 #include "desktop/ui/PackagesDialog.h"
+#include "desktop/ui/SearchPathDialog.h"
+#include "platform/Actions.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -32,9 +35,10 @@ QStringList texts(const QList<QAction*>& actions) {
 }
 
 TEST_F(WindowCommandsTest, MenusStandInTheirUsualOrder) {
-  EXPECT_EQ(texts(frame()->menuBar()->actions()),
-            (QStringList{QStringLiteral("&File"), QStringLiteral("&Edit"), QStringLiteral("&Search"),
-                         QStringLiteral("&View"), QStringLiteral("&Tools"), QStringLiteral("&Help")}));
+  EXPECT_EQ(
+      texts(frame()->menuBar()->actions()),
+      (QStringList{QStringLiteral("&File"), QStringLiteral("&Edit"), QStringLiteral("&Search"), QStringLiteral("&View"),
+                   QStringLiteral("&Component"), QStringLiteral("&Tools"), QStringLiteral("&Help")}));
 }
 
 TEST_F(WindowCommandsTest, FileMenuHoldsItsCommands) {
@@ -104,18 +108,82 @@ TEST_F(WindowCommandsTest, FurtherWindowsShowTheToolsOfTheMainForm) {
   EXPECT_EQ(mirror->actions(), tools->actions());
 }
 
-TEST_F(WindowCommandsTest, TheGalleryItemListsThePackages) {
-  workspace.setPackageLister([] {
-    return QList<PackageRow>{{QStringLiteral("An add-in"), QStringLiteral("/x/y.so")}};
-  });
+// One package that is always loaded.
+class OnePackage : public PackageList {
+public:
+  QList<PackageRow> rows() const override { return {{QStringLiteral("An add-in"), QStringLiteral("/x/y.so"), true}}; }
+  QString load(const QString&) override { return {}; }
+  void unload(const QString&) override {}
+};
+
+TEST_F(WindowCommandsTest, ThePackagesCommandListsThePackages) {
+  OnePackage packages;
+  workspace.setPackages(&packages);
   const support::ModalAnswer<PackagesDialog> answer([](PackagesDialog& dialog) {
     const auto* const list = dialog.findChild<QTreeWidget*>();
     ASSERT_EQ(list->topLevelItemCount(), 1);
     EXPECT_EQ(list->topLevelItem(0)->text(0), QStringLiteral("An add-in"));
     EXPECT_EQ(list->topLevelItem(0)->text(1), QStringLiteral("/x/y.so"));
+    EXPECT_EQ(list->topLevelItem(0)->checkState(0), Qt::Checked);
     support::clickButton(dialog, QStringLiteral("Close"));
   });
+  trigger("ComponentPackagesCommand");
+}
+
+TEST_F(WindowCommandsTest, TheGalleryItemEditsTheSearchPath) {
+  const QList<SearchFolder> before = {{path(QStringLiteral("a")), false}};
+  workspace.searchPath().setFolders(before);
+  {
+    const support::ModalAnswer<SearchPathDialog> answer([](SearchPathDialog& dialog) {
+      dialog.findChild<QTreeWidget*>()->topLevelItem(0)->setCheckState(1, Qt::Checked);
+      support::clickButton(dialog, QStringLiteral("Cancel"));
+    });
+    trigger("ToolsGalleryItem");
+  }
+  EXPECT_EQ(workspace.searchPath().folders(), before);
+  const support::ModalAnswer<SearchPathDialog> answer([](SearchPathDialog& dialog) {
+    dialog.findChild<QTreeWidget*>()->topLevelItem(0)->setCheckState(1, Qt::Checked);
+    support::clickButton(dialog, QStringLiteral("OK"));
+  });
   trigger("ToolsGalleryItem");
+  EXPECT_EQ(workspace.searchPath().folders(), (QList<SearchFolder>{{path(QStringLiteral("a")), true}}));
+}
+
+TEST_F(WindowCommandsTest, ASearchPathThatCannotBeKeptIsToldInTheWindow) {
+  write(QStringLiteral("folder"), "a file in the way");
+  workspace.searchPath().open(path(QStringLiteral("folder/search-path.json")));
+  const support::ModalAnswer<SearchPathDialog> answer(
+      [](SearchPathDialog& dialog) { support::clickButton(dialog, QStringLiteral("OK")); });
+  trigger("ToolsGalleryItem");
+  ASSERT_EQ(messages().size(), 1);
+  EXPECT_TRUE(messages().constFirst().startsWith(QStringLiteral("The search path could not be kept: ")));
+}
+
+TEST_F(WindowCommandsTest, AddInsFindAndExecuteTheGoToCommandOfTheMainFormForTheTopWindow) {
+  openText(QStringLiteral("a.pas"), "1\n2\n3\n");
+  activate(window());
+  TEditWindow* const other = workspace.newWindow();
+  activate(other);
+  other->editor()->textCursor().insertText(QStringLiteral("1\n2\n3\n4"));
+  auto* const command = dynamic_cast<platform::TAction*>(
+      platform::FindComponent(*platform::Application().MainForm(), QStringLiteral("SearchGoToCommand")));
+  ASSERT_NE(command, nullptr);
+  const support::ModalAnswer<GoToLineDialog> answer([](GoToLineDialog& dialog) {
+    dialog.findChild<QSpinBox*>()->setValue(2);
+    dialog.accept();
+  });
+  command->trigger();
+  EXPECT_EQ(other->editor()->caretRow(), 2);
+  EXPECT_EQ(editor()->caretRow(), 1);
+}
+
+TEST_F(WindowCommandsTest, TheGoToCommandOfAnEmptyMainFormServesTheWindowOnTop) {
+  workspace.newFile();
+  activate(window());
+  TEditWindow* const other = workspace.newWindow();
+  activate(other);
+  EXPECT_TRUE(frame()->close());
+  EXPECT_TRUE(action(QStringLiteral("SearchGoToCommand"))->isEnabled());
 }
 
 TEST_F(WindowCommandsTest, GoesToALineNumber) {
