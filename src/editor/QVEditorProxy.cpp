@@ -8,6 +8,7 @@
 #include "platform/Debug.h"
 #include "platform/Errors.h"
 #include "settings/model/QVOptions.h"
+#include "toolbar/QVLocalVars.h"
 
 #include <mutex>
 #include <utility>
@@ -92,10 +93,15 @@ std::shared_ptr<platform::IOTAEditView> TQVEditorProxy::GetOTAEditView() const {
 }
 
 void TQVEditorProxy::SetPasInfo(std::shared_ptr<IQVPasInfo> info) {
-  platform::Require(GetOTAEditView() != nullptr, kUnit);
-  // The earlier outline is let go after the lock, on the way out.
-  const std::unique_lock lock(PasInfoLock);
-  PasInfo.swap(info);
+  const auto view = GetOTAEditView();
+  platform::Require(view != nullptr, kUnit);
+  {
+    // The earlier outline is let go after the lock, on the way out.
+    auto earlier = info;
+    const std::unique_lock lock(PasInfoLock);
+    PasInfo.swap(earlier);
+  }
+  UpdateViewToolBar(view, info);
 }
 
 std::shared_ptr<IQVPasInfo> TQVEditorProxy::GetPasInfo() const {

@@ -70,7 +70,7 @@ public:
   // The host's top view if it is in this proxy's form, else null. All drawing and geometry goes through it.
   std::shared_ptr<platform::IOTAEditView> GetOTAEditView() const;
 
-  // Keeps `info` as the latest outline; the form must hold the top view.
+  // Keeps `info` as the latest outline and shows it in the form's toolbar; the form must hold the top view.
   void SetPasInfo(std::shared_ptr<IQVPasInfo> info);
   // The latest outline, or null before the first. Safe from any thread.
   std::shared_ptr<IQVPasInfo> GetPasInfo() const;

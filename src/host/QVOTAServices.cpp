@@ -41,6 +41,9 @@ std::shared_ptr<platform::IOTAModuleServices> OTAModuleServices() {
 std::shared_ptr<platform::IOTAPackageServices> OTAPackageServices() {
   return Service<platform::IOTAPackageServices>();
 }
+std::shared_ptr<platform::IOTASearchPathServices> OTASearchPathServices() {
+  return Service<platform::IOTASearchPathServices>();
+}
 std::shared_ptr<platform::IOTAToDoServices> OTAToDoServices() {
   return Service<platform::IOTAToDoServices>();
 }

@@ -22,6 +22,7 @@ std::shared_ptr<platform::IOTAKeyboardServices> OTAKeyboardServices();
 std::shared_ptr<platform::IOTAMessageServices> OTAMessageServices();
 std::shared_ptr<platform::IOTAModuleServices> OTAModuleServices();
 std::shared_ptr<platform::IOTAPackageServices> OTAPackageServices();
+std::shared_ptr<platform::IOTASearchPathServices> OTASearchPathServices();
 std::shared_ptr<platform::IOTAToDoServices> OTAToDoServices();
 std::shared_ptr<platform::IOTAWizardServices> OTAWizardServices();
 

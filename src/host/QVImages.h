@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+// The images of the add-in: one list for all its controls, addressed by index.
+#pragma once
+
+#include <QIcon>
+
+namespace quorvane {
+
+// The indexes, from 0. Other units keep them, so a new image goes to the end.
+enum TQVImageIndex : int {
+  qvSectionsImage, // a page with its sections
+  qvUnitsImage,    // units beside each other
+  qvImageCount,
+};
+
+// The image with that index; a null icon for any other index. It is drawn anew for each size and in the colours that
+// the application has then, so it is sharp on every screen and follows a change from light to dark. Main thread only.
+QIcon Images(int index);
+
+} // namespace quorvane

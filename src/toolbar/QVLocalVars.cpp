@@ -1,0 +1,343 @@
+// SPDX-License-Identifier: MIT
+#include "toolbar/QVLocalVars.h"
+
+#include "host/QVIDEHackUtils.h"
+#include "host/QVImages.h"
+#include "host/QVLog.h"
+#include "host/QVOTAServices.h"
+#include "platform/Align.h"
+#include "platform/Application.h"
+#include "platform/Component.h"
+#include "platform/Errors.h"
+#include "settings/model/QVOptions.h"
+#include "toolbar/QVColumnMenu.h"
+#include "toolbar/QVNameCombo.h"
+
+#include <QAction>
+#include <QPainter>
+#include <QToolButton>
+
+namespace quorvane {
+
+namespace {
+
+constexpr const char* kUnit = "QVLocalVars";
+constexpr const char* kFailure = "Assertion failure";
+
+// The numbers by which the failed checks of this unit are known. They are fixed, whatever the lines of this file.
+enum TCheck : unsigned {
+  chView = 78,
+  chControl = 87,
+  chComboSender = 157,
+  chSectionSender = 295,
+};
+
+// The component's name is the name of its class, which is how a form's toolbar is found.
+const QString kToolbarName = QStringLiteral("TQVEditorToolbar");
+
+constexpr int kImageSize = 16;
+
+TQVEditorToolbar* ToolbarOn(const QObject& form) {
+  return qobject_cast<TQVEditorToolbar*>(platform::FindComponent(form, kToolbarName));
+}
+
+QWidget* FormOf(platform::IOTAEditView& view) {
+  const auto window = view.GetEditWindow();
+  return window ? window->GetForm() : nullptr;
+}
+
+void FocusEditor(platform::IOTAEditView& view) {
+  const QWidget* form = FormOf(view);
+  if (auto* editor = form ? qobject_cast<QWidget*>(platform::FindComponent(*form, EditControlName)) : nullptr)
+    editor->setFocus(Qt::OtherFocusReason);
+}
+
+// Puts the caret on a line (from 0) of the top view and the line at the view's top.
+void GotoLine(int line) {
+  const auto view = GetTopView();
+  platform::Require(view != nullptr, kUnit);
+  view->GetPosition()->Move(line + 1, 1);
+  view->SetTopLeft(line + 1, 1);
+  view->Paint();
+  FocusEditor(*view);
+}
+
+// Moves the caret of the top view, if there is one, by `move`, and brings it into view.
+template <class TMove> void GotoPlace(TMove&& move) {
+  const auto view = GetTopView();
+  if (!view)
+    return;
+  move(*view->GetPosition());
+  view->MoveViewToCursor();
+  view->Paint();
+  FocusEditor(*view);
+}
+
+QString NotFoundMessage(const QString& unitName, const QStringList& folders) {
+  return folders.isEmpty()
+             ? QStringLiteral("Unit %1 was not found: there is no folder to search.").arg(unitName)
+             : QStringLiteral("Unit %1 was not found. Folders searched: %2").arg(unitName, folders.join(u", "));
+}
+
+template <class TVisit> void ForEachToolbar(TVisit&& visit) {
+  for (const QWidget* form : platform::Screen().Forms()) {
+    TQVEditorToolbar* toolbar = IsEditorForm(*form) ? ToolbarOn(*form) : nullptr;
+    if (toolbar)
+      visit(*toolbar);
+  }
+}
+
+} // namespace
+
+TQVEditorToolbar::TQVEditorToolbar(QWidget* owner)
+    : QToolBar(owner),
+      FMethodsCombo(NewCombo(QStringLiteral("Methods"), 300, QStringLiteral("Procedures and Functions"))),
+      FClassesCombo(NewCombo(QStringLiteral("Classes"), 150, QStringLiteral("Classes, Interfaces, and Types"))),
+      FSectionsMenu(new TQVColumnMenu(this)), FUnitsMenu(new TQVColumnMenu(this)),
+      FSectionsButton(NewMenuButton(QStringLiteral("Sections"), FSectionsMenu, QStringLiteral("Sections"))),
+      FUnitsButton(NewMenuButton(QStringLiteral("UsedUnits"), FUnitsMenu, QStringLiteral("Used Units"))) {
+  setObjectName(kToolbarName);
+  platform::SetAlign(*this, platform::TAlign::alTop);
+  setMovable(false);
+  setFloatable(false);
+  setContextMenuPolicy(Qt::PreventContextMenu);
+  setIconSize({kImageSize, kImageSize});
+}
+
+TQVEditorToolbar::~TQVEditorToolbar() = default;
+
+TQVNameCombo* TQVEditorToolbar::NewCombo(const QString& name, int width, const QString& hint) {
+  auto* const combo = new TQVNameCombo(width, this);
+  combo->setObjectName(name);
+  combo->setToolTip(hint);
+  combo->setAccessibleName(hint);
+  combo->OnChange = [this, combo] { ComboGotoLine(combo); };
+  return combo;
+}
+
+QToolButton* TQVEditorToolbar::NewMenuButton(const QString& name, TQVColumnMenu* menu, const QString& hint) {
+  menu->setToolTipsVisible(true);
+  auto* const button = new QToolButton(this);
+  button->setObjectName(name);
+  button->setMenu(menu);
+  button->setPopupMode(QToolButton::InstantPopup);
+  button->setAutoRaise(true);
+  button->setToolTip(hint);
+  button->setAccessibleName(hint);
+  return button;
+}
+
+void TQVEditorToolbar::SetParent(QWidget* parent) {
+  setParent(parent);
+  if (!parent || !actions().isEmpty())
+    return;
+  FSectionsButton->setIcon(Images(qvSectionsImage));
+  FUnitsButton->setIcon(Images(qvUnitsImage));
+  addWidget(FMethodsCombo);
+  addWidget(FClassesCombo);
+  addWidget(FSectionsButton);
+  addWidget(FUnitsButton);
+}
+
+void TQVEditorToolbar::AddClass(const QString& name, int line) {
+  FClassesCombo->AddName(name, line);
+}
+
+void TQVEditorToolbar::AddMethod(const QString& name, int line) {
+  FMethodsCombo->AddName(name, line);
+}
+
+void TQVEditorToolbar::ClearClasses() {
+  FClassesCombo->ClearNames();
+}
+
+void TQVEditorToolbar::ClearMethods() {
+  FMethodsCombo->ClearNames();
+}
+
+void TQVEditorToolbar::SetCurrentClass(const QString& name) {
+  FClassesCombo->SetText(name);
+}
+
+void TQVEditorToolbar::SetCurrentProc(const QString& name) {
+  FMethodsCombo->SetText(name);
+}
+
+void TQVEditorToolbar::UpdateToolBar(const IQVPasInfo& info) {
+  const bool classesFree = !FClassesCombo->HasFocus();
+  const bool methodsFree = !FMethodsCombo->HasFocus();
+  if (classesFree)
+    SetCurrentClass(QString::fromLatin1(info.GetCurrentClass()));
+  if (methodsFree)
+    SetCurrentProc(QString::fromLatin1(info.GetCurrentProc()));
+  if (methodsFree)
+    FMethodsCombo->SetNames(info.GetMethods());
+  if (classesFree)
+    FClassesCombo->SetNames(info.GetClasses());
+  if (info.GetInterfaceLine() == FInterfaceLine && info.GetImplementationLine() == FImplementationLine)
+    return;
+  BuildMenus(info.GetInterfaceLine(), info.GetImplementationLine(), info.GetImplementationUsesLine(),
+             info.GetInterfaceUsesLine());
+  BuildUnitsMenu(info.GetInterfaceUses(), info.GetImplementationUses());
+}
+
+void TQVEditorToolbar::BuildMenus(int interfaceLine, int implementationLine, int implementationUsesLine,
+                                  int interfaceUsesLine) {
+  if (interfaceLine == FInterfaceLine && implementationLine == FImplementationLine)
+    return;
+  FInterfaceLine = interfaceLine;
+  FInterfaceUsesLine = interfaceUsesLine;
+  FImplementationLine = implementationLine;
+  FImplementationUsesLine = implementationUsesLine;
+  FillWhenClosed(FSectionsMenu, &TQVEditorToolbar::FillSectionsMenu);
+}
+
+void TQVEditorToolbar::BuildUnitsMenu(const std::vector<std::string>& interfaceUses,
+                                      const std::vector<std::string>& implementationUses) {
+  FInterfaceUses = interfaceUses;
+  FImplementationUses = implementationUses;
+  FillWhenClosed(FUnitsMenu, &TQVEditorToolbar::FillUnitsMenu);
+}
+
+void TQVEditorToolbar::FillWhenClosed(TQVColumnMenu* menu, void (TQVEditorToolbar::*fill)()) {
+  if (!menu->isVisible()) {
+    (this->*fill)();
+    return;
+  }
+  // The menu closes before its chosen item is told, so the filling waits for the event loop. It may be asked for
+  // several times: what is filled in is always the latest.
+  connect(
+      menu, &QMenu::aboutToHide, this,
+      [this, menu, fill] {
+        QMetaObject::invokeMethod(
+            this, [this, menu, fill] { FillWhenClosed(menu, fill); }, Qt::QueuedConnection);
+      },
+      Qt::SingleShotConnection);
+}
+
+void TQVEditorToolbar::FillSectionsMenu() {
+  FSectionsMenu->Clear();
+  const auto add = [this](const QString& caption, int line, THandler handler) {
+    AddItem(FSectionsMenu, caption, handler)->setData(line);
+  };
+  const auto addSection = [&](const QString& caption, int line) {
+    if (line >= 0)
+      add(caption, line, &TQVEditorToolbar::GotoSectionClick);
+  };
+  add(QStringLiteral("Top Of File"), 0, &TQVEditorToolbar::GotoTopOfFile);
+  addSection(QStringLiteral("Interface Section"), FInterfaceLine);
+  addSection(QStringLiteral("Interface Uses Clause"), FInterfaceUsesLine);
+  addSection(QStringLiteral("Implementation Section"), FImplementationLine);
+  addSection(QStringLiteral("Implementation Uses Clause"), FImplementationUsesLine);
+  add(QStringLiteral("End Of File"), 0, &TQVEditorToolbar::GotoBottomOfFile);
+}
+
+void TQVEditorToolbar::FillUnitsMenu() {
+  FUnitsMenu->Clear();
+  const auto add = [this](const std::string& unitName) {
+    const QString name = QString::fromLatin1(unitName);
+    QAction* const item = AddItem(FUnitsMenu, name, &TQVEditorToolbar::OpenUnit);
+    item->setToolTip(QStringLiteral("Open Unit %1.pas").arg(name));
+    return item;
+  };
+  for (const std::string& unitName : FInterfaceUses)
+    add(unitName);
+  for (const std::string& unitName : FImplementationUses) {
+    QAction* const item = add(unitName);
+    if (!FUnitsMenu->BarBreak())
+      FUnitsMenu->SetBarBreak(item);
+  }
+}
+
+QAction* TQVEditorToolbar::AddItem(TQVColumnMenu* menu, const QString& caption, THandler handler) {
+  QAction* const item = menu->addAction(caption);
+  connect(item, &QAction::triggered, this,
+          [this, item, handler] { platform::Guarded([&] { (this->*handler)(item); }); });
+  return item;
+}
+
+void TQVEditorToolbar::ComboGotoLine(QObject* sender) {
+  platform::Require(sender != nullptr, kUnit, kFailure, chComboSender);
+  const auto* const combo = qobject_cast<TQVNameCombo*>(sender);
+  platform::Require(combo != nullptr, kUnit);
+  const int index = combo->Names().IndexOf(combo->currentText());
+  if (index >= 0)
+    GotoLine(combo->Names().LineAt(index));
+  Log(QStringLiteral("Combo Changed"));
+}
+
+void TQVEditorToolbar::GotoSectionClick(QObject* sender) {
+  platform::Require(sender != nullptr, kUnit, kFailure, chSectionSender);
+  const auto* const item = qobject_cast<QAction*>(sender);
+  platform::Require(item != nullptr, kUnit);
+  GotoLine(item->data().toInt());
+}
+
+void TQVEditorToolbar::GotoTopOfFile(QObject*) {
+  GotoPlace([](platform::IOTAEditPosition& position) { position.Move(1, 1); });
+}
+
+void TQVEditorToolbar::GotoBottomOfFile(QObject*) {
+  GotoPlace([](platform::IOTAEditPosition& position) { position.MoveEOF(); });
+}
+
+void TQVEditorToolbar::OpenUnit(QObject* sender) {
+  const auto* const item = qobject_cast<QAction*>(sender);
+  platform::Require(item != nullptr, kUnit);
+  // Some desktops put the marks of access keys into the captions of menus.
+  const QString unitName = item->text().remove(u'&');
+  const auto view = GetTopView();
+  const auto buffer = view ? view->GetBuffer() : nullptr;
+  const auto search = OTASearchPathServices();
+  const TQVUnitFinder::TResult result =
+      FUnitFinder.Find(unitName, buffer ? buffer->GetFileName() : QString(),
+                       search ? search->GetSearchPath() : std::vector<platform::TOTASearchFolder>());
+  if (!result.FileName.isEmpty()) {
+    if (const auto services = OTAActionServices())
+      services->OpenFile(result.FileName);
+  } else if (const auto services = OTAMessageServices()) {
+    services->AddTitleMessage(NotFoundMessage(unitName, result.Folders));
+  }
+}
+
+void TQVEditorToolbar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), palette().window());
+  QColor edge = palette().color(QPalette::WindowText);
+  edge.setAlphaF(0.25F);
+  painter.fillRect(0, height() - 1, width(), 1, edge);
+}
+
+TQVEditorToolbar* GetEditorToolbar(const std::shared_ptr<platform::IOTAEditView>& view) {
+  platform::Require(view != nullptr, kUnit, kFailure, chView);
+  const QWidget* form = FormOf(*view);
+  return form ? ToolbarOn(*form) : nullptr;
+}
+
+TQVEditorToolbar* GetEditorToolbar(const QObject* control) {
+  platform::Require(control != nullptr, kUnit, kFailure, chControl);
+  return control->parent() ? ToolbarOn(*control->parent()) : nullptr;
+}
+
+void UpdateViewToolBar(const std::shared_ptr<platform::IOTAEditView>& view, const std::shared_ptr<IQVPasInfo>& info) {
+  if (TQVEditorToolbar* toolbar = GetEditorToolbar(view)) {
+    platform::Require(info != nullptr, kUnit);
+    toolbar->UpdateToolBar(*info);
+  }
+}
+
+void ShowNavBars() {
+  ForEachToolbar([](TQVEditorToolbar& toolbar) {
+    if (OptShowNavBar)
+      toolbar.setVisible(true);
+  });
+}
+
+void HideNavBars() {
+  ForEachToolbar([](TQVEditorToolbar& toolbar) {
+    if (!OptShowNavBar)
+      toolbar.setVisible(false);
+  });
+}
+
+} // namespace quorvane

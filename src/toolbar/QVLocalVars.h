@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// The navigation toolbar: the outline of the unit above its text.
+#pragma once
+
+#include "analysis/QVPasInfo.h"
+#include "platform/ota/Editor.h"
+#include "toolbar/QVUnitFinder.h"
+
+#include <QString>
+#include <QToolBar>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QAction;
+class QToolButton;
+
+namespace quorvane {
+
+class TQVColumnMenu;
+class TQVNameCombo;
+
+// Shows the outline of the unit in one editor window: a list of its types, a list of its routines, a menu of its
+// sections and a menu of the units it uses. Choosing a type, a routine or a section puts the caret on its line and that
+// line at the top of the view; choosing a unit opens its file.
+//
+// A toolbar is a component of its editor form, named like its class, and lives and dies with the form; a form has at
+// most one. Whoever creates it places it with SetParent. The proxy of the window brings every new outline by
+// UpdateViewToolBar, also those that tell nothing new, so a refresh touches only what differs. What the user is busy
+// with stays as it is: a list that has the keyboard focus (its drop-down included) until it loses it, an open menu
+// until it closes.
+//
+// Lines count from 0 here, and a negative line is that of an element which is not there. A broken contract is an
+// EAssertionFailed that names the unit QVLocalVars. Main thread only.
+class TQVEditorToolbar final : public QToolBar {
+  Q_OBJECT
+public:
+  // A toolbar without its controls, owned by `owner`.
+  explicit TQVEditorToolbar(QWidget* owner);
+  ~TQVEditorToolbar() override;
+
+  // Puts the toolbar into `parent`. The first time, its controls are placed on it.
+  void SetParent(QWidget* parent);
+
+  // The lists; a name is appended with its line.
+  void AddClass(const QString& name, int line);
+  void AddMethod(const QString& name, int line);
+  void ClearClasses();
+  void ClearMethods();
+  // The texts of the lists.
+  void SetCurrentClass(const QString& name);
+  void SetCurrentProc(const QString& name);
+
+  // Shows an outline. The menus follow only when one of the section lines is another than in the outline before: a
+  // change in the uses clauses alone shows in them when a section has moved. Intended.
+  void UpdateToolBar(const IQVPasInfo& info);
+  // Fills the sections menu. Does nothing when interface and implementation line are those of the last time; at first
+  // both are 0.
+  void BuildMenus(int interfaceLine, int implementationLine, int implementationUsesLine, int interfaceUsesLine);
+  // Fills the units menu, the two clauses side by side.
+  void BuildUnitsMenu(const std::vector<std::string>& interfaceUses,
+                      const std::vector<std::string>& implementationUses);
+
+  // Goes to the entry that the text of the list `sender` names, and nowhere if there is none.
+  void ComboGotoLine(QObject* sender);
+  // Goes to the line that the menu item `sender` carries.
+  void GotoSectionClick(QObject* sender);
+  // These bring the caret into view with the least scrolling, and do nothing without a view.
+  void GotoTopOfFile(QObject* sender);
+  void GotoBottomOfFile(QObject* sender);
+  // Opens the file of the unit that the menu item `sender` names: beside the current file or on the host's search path.
+  // A unit that is not found is reported to the user.
+  void OpenUnit(QObject* sender);
+
+protected:
+  // Flat: the ground of the window and an edge below.
+  void paintEvent(QPaintEvent* event) override;
+
+private:
+  using THandler = void (TQVEditorToolbar::*)(QObject* sender);
+
+  TQVNameCombo* NewCombo(const QString& name, int width, const QString& hint);
+  QToolButton* NewMenuButton(const QString& name, TQVColumnMenu* menu, const QString& hint);
+  // Calls `fill` at once or, while the menu is open, when it has closed.
+  void FillWhenClosed(TQVColumnMenu* menu, void (TQVEditorToolbar::*fill)());
+  void FillSectionsMenu();
+  void FillUnitsMenu();
+  QAction* AddItem(TQVColumnMenu* menu, const QString& caption, THandler handler);
+
+  TQVNameCombo* FMethodsCombo;
+  TQVNameCombo* FClassesCombo;
+  TQVColumnMenu* FSectionsMenu;
+  TQVColumnMenu* FUnitsMenu;
+  QToolButton* FSectionsButton;
+  QToolButton* FUnitsButton;
+
+  // What the menus show, or will show when they have closed.
+  int FInterfaceLine = 0;
+  int FInterfaceUsesLine = 0;
+  int FImplementationLine = 0;
+  int FImplementationUsesLine = 0;
+  std::vector<std::string> FInterfaceUses;
+  std::vector<std::string> FImplementationUses;
+
+  TQVUnitFinder FUnitFinder;
+};
+
+// The toolbar of the editor form that shows `view`, which must not be null; null when there is no form or no toolbar.
+TQVEditorToolbar* GetEditorToolbar(const std::shared_ptr<platform::IOTAEditView>& view);
+// The toolbar of the form that owns `control`, which must not be null; null when there is none.
+TQVEditorToolbar* GetEditorToolbar(const QObject* control);
+// Shows `info` in the toolbar of the view's form, if there is one.
+void UpdateViewToolBar(const std::shared_ptr<platform::IOTAEditView>& view, const std::shared_ptr<IQVPasInfo>& info);
+
+// Show the toolbars of all editor windows if OptShowNavBar is set, and hide them if it is not; the wrong one of the two
+// does nothing.
+void ShowNavBars();
+void HideNavBars();
+
+} // namespace quorvane

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "toolbar/QVNameCombo.h"
+
+#include "platform/Application.h"
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QListView>
+#include <QSignalBlocker>
+#include <QStyledItemDelegate>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+constexpr int kItemHeight = 14;
+constexpr int kVisibleItems = 16;
+constexpr int kLeastWidth = 60;
+
+// Names are bytes of the text as the host serves it: one a character.
+QLatin1String Served(const std::string& name) {
+  return QLatin1String(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+// Gives every entry the same height, without looking at any but the one asked for.
+class TEntryDelegate : public QStyledItemDelegate {
+public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const int width = QStyledItemDelegate::sizeHint(option, index).width();
+    return {width, std::max(kItemHeight, option.fontMetrics.height())};
+  }
+};
+
+} // namespace
+
+bool TQVNameModel::Equals(const TQVNameList& names) const {
+  return std::ranges::equal(entries_, names,
+                            [](const TEntry& entry, const auto& name) { return entry.Name == Served(name.first); });
+}
+
+void TQVNameModel::Assign(const TQVNameList& names) {
+  std::vector<TEntry> entries;
+  entries.reserve(names.size());
+  for (const auto& [name, line] : names)
+    entries.push_back({Served(name), line});
+  beginResetModel();
+  entries_.swap(entries);
+  endResetModel();
+}
+
+void TQVNameModel::AssignLines(const TQVNameList& names) {
+  auto entry = entries_.begin();
+  for (const auto& [name, line] : names)
+    (entry++)->Line = line;
+}
+
+void TQVNameModel::Add(const QString& name, int line) {
+  const int row = rowCount();
+  beginInsertRows({}, row, row);
+  entries_.push_back({name, line});
+  endInsertRows();
+}
+
+void TQVNameModel::Clear() {
+  beginResetModel();
+  entries_.clear();
+  endResetModel();
+}
+
+int TQVNameModel::IndexOf(const QString& name) const {
+  const auto found = std::ranges::find_if(
+      entries_, [&](const TEntry& entry) { return entry.Name.compare(name, Qt::CaseInsensitive) == 0; });
+  return found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
+}
+
+int TQVNameModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+}
+
+QVariant TQVNameModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    return {};
+  const TEntry& entry = entries_[static_cast<std::size_t>(index.row())];
+  switch (role) {
+  case Qt::DisplayRole:
+  case Qt::EditRole:
+    return entry.Name;
+  case LineRole:
+    return entry.Line;
+  default:
+    return {};
+  }
+}
+
+TQVNameCombo::TQVNameCombo(int width, QWidget* parent)
+    : QComboBox(parent), names_(new TQVNameModel(this)), width_(width) {
+  setEditable(true);
+  setInsertPolicy(NoInsert);
+  setCompleter(nullptr);
+  // By itself the box would choose, when it is left, the entry that its text names: the caret of the editor would move
+  // although nobody has touched the text.
+  disconnect(lineEdit(), SIGNAL(editingFinished()), this, nullptr);
+  setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+  setMaximumWidth(width);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  setFocusPolicy(Qt::StrongFocus);
+
+  setModel(names_);
+  auto* const list = new QListView(this);
+  list->setUniformItemSizes(true);
+  list->setTextElideMode(Qt::ElideMiddle);
+  setView(list);
+  setItemDelegate(new TEntryDelegate(this));
+  setMaxVisibleItems(kVisibleItems);
+
+  connect(this, &QComboBox::activated, this, &TQVNameCombo::Changed);
+  connect(lineEdit(), &QLineEdit::textEdited, this, &TQVNameCombo::Changed);
+}
+
+void TQVNameCombo::Changed() {
+  if (OnChange)
+    platform::Guarded(OnChange);
+}
+
+void TQVNameCombo::SetText(const QString& text) {
+  if (text == currentText())
+    return;
+  const QSignalBlocker silence(this);
+  setCurrentIndex(names_->IndexOf(text)); // so the list opens there, and the cursor keys go on from there
+  setEditText(text);
+  lineEdit()->home(false);
+}
+
+template <class TChange> void TQVNameCombo::KeepingText(TChange&& change) {
+  const QSignalBlocker silence(this);
+  const QString text = currentText();
+  const int cursor = lineEdit()->cursorPosition();
+  std::forward<TChange>(change)();
+  setCurrentIndex(names_->IndexOf(text));
+  setEditText(text);
+  lineEdit()->setCursorPosition(cursor);
+}
+
+void TQVNameCombo::SetNames(const TQVNameList& names) {
+  if (names_->Equals(names))
+    names_->AssignLines(names);
+  else
+    KeepingText([&] { names_->Assign(names); });
+}
+
+void TQVNameCombo::AddName(const QString& name, int line) {
+  KeepingText([&] { names_->Add(name, line); });
+}
+
+void TQVNameCombo::ClearNames() {
+  KeepingText([&] { names_->Clear(); });
+}
+
+bool TQVNameCombo::HasFocus() const {
+  return hasFocus() || view()->isVisible();
+}
+
+QSize TQVNameCombo::sizeHint() const {
+  return {width_, QComboBox::sizeHint().height()};
+}
+
+QSize TQVNameCombo::minimumSizeHint() const {
+  return {std::min(kLeastWidth, width_), QComboBox::minimumSizeHint().height()};
+}
+
+void TQVNameCombo::wheelEvent(QWheelEvent* event) {
+  if (HasFocus())
+    QComboBox::wheelEvent(event);
+  else
+    event->ignore();
+}
+
+} // namespace quorvane
