@@ -61,6 +61,8 @@ public:
   // Executes the host's "go to line".
   void DblClickHandler(QObject* sender);
 
+  // What has been painted, as it is on the screen or about to be.
+  const QImage& Picture() const { return FPicture; }
   // The wanted width; the form gives the height.
   QSize sizeHint() const override { return {FWidth, 0}; }
 
