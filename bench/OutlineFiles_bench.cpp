@@ -3,9 +3,12 @@
 // is in them; ctags knows routines only.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <exception>
 #include <fstream>
+#include <iostream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -53,10 +56,8 @@ double Seconds(const timeval& time) {
 double RunCtags(const std::string& list) {
   std::array<std::string, 8> words = {
       "ctags", "--options=NONE", "--language-force=Pascal", "--sort=no", "-f", "-", "-L", list};
-  std::vector<char*> arguments;
-  for (std::string& word : words)
-    arguments.push_back(word.data());
-  arguments.push_back(nullptr);
+  std::array<char*, words.size() + 1> arguments{}; // and a null at the end
+  std::ranges::transform(words, arguments.begin(), [](std::string& word) { return word.data(); });
   posix_spawn_file_actions_t actions;
   ::posix_spawn_file_actions_init(&actions);
   for (const int stream : {STDOUT_FILENO, STDERR_FILENO})
@@ -90,9 +91,7 @@ void Outlines(benchmark::State& state, const std::vector<fs::path>& paths, std::
   state.SetBytesProcessed(state.iterations() * bytes);
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
+void RunAll(int argc, char** argv) {
   const std::vector<fs::path> paths = bench::SoundUnitPaths();
   const TFileList all(paths);
   const TFileList none({});
@@ -109,5 +108,16 @@ int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   benchmark::Shutdown();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  try {
+    RunAll(argc, argv);
+  } catch (const std::exception& error) {
+    std::cerr << error.what() << '\n';
+    return 1;
+  }
   return 0;
 }
