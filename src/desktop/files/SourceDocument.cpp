@@ -2,43 +2,17 @@
 #include "desktop/files/SourceDocument.h"
 
 #include "desktop/files/LineEndFormat.h"
-#include "desktop/files/TextView.h"
-#include "text/ServedText.h"
+#include "desktop/files/RawLines.h"
+#include "desktop/files/ServedCopy.h"
 
 #include <QPlainTextDocumentLayout>
 
-#include <algorithm>
 #include <cstddef>
 #include <utility>
 
 namespace desktop {
 
 using quorvane::TLineEnd;
-
-namespace {
-
-// Calls `visit(line, last)` for every line of a document's raw text, which has all characters as they are and a
-// paragraph separator for each break; no line can hold one.
-template <class TVisit> void forEachRawLine(const QString& raw, const TVisit& visit) {
-  const std::u16string_view text = textView(raw);
-  std::size_t start = 0;
-  for (;;) {
-    const std::size_t end = text.find(QChar::ParagraphSeparator, start);
-    const bool last = end == std::u16string_view::npos;
-    visit(text.substr(start, end - start), last);
-    if (last)
-      return;
-    start = end + 1;
-  }
-}
-
-} // namespace
-
-// The served text of one revision.
-struct SourceDocument::Served {
-  std::string text;
-  std::vector<std::size_t> lineStarts; // of every line, from 0
-};
 
 SourceDocument::SourceDocument(const QString& fileName, bool untitled, QObject* parent)
     : QTextDocument(parent), fileName_(fileName), untitled_(untitled) {
@@ -48,6 +22,7 @@ SourceDocument::SourceDocument(const QString& fileName, bool untitled, QObject* 
   setDocumentMargin(0);
   setUndoRedoEnabled(true);
   setModified(false);
+  served_ = std::make_unique<ServedCopy>(*this);
 }
 
 SourceDocument::~SourceDocument() = default;
@@ -93,35 +68,16 @@ void SourceDocument::forEachLine(const LineVisitor& visit) const {
   });
 }
 
-const SourceDocument::Served& SourceDocument::served() const {
-  if (served_ == nullptr || servedRevision_ != revision()) {
-    auto served = std::make_shared<Served>();
-    served->text.reserve(static_cast<std::size_t>(characterCount()) + static_cast<std::size_t>(blockCount()));
-    served->lineStarts.reserve(static_cast<std::size_t>(blockCount()));
-    forEachRawLine(toRawText(), [&](std::u16string_view line, bool last) {
-      served->lineStarts.push_back(served->text.size());
-      quorvane::AppendServedLine(line, served->text);
-      if (!last)
-        served->text += quorvane::ServedLineEnd;
-    });
-    served_ = std::move(served);
-    servedRevision_ = revision();
-  }
-  return *served_;
-}
-
 std::shared_ptr<const std::string> SourceDocument::servedText() const {
-  const Served& present = served();
-  return {served_, &present.text};
+  return served_->text();
 }
 
 std::size_t SourceDocument::servedLineStart(int line) const {
-  return served().lineStarts.at(static_cast<std::size_t>(line));
+  return served_->lineStart(line);
 }
 
 int SourceDocument::lineOfServedPosition(std::size_t position) const {
-  const std::vector<std::size_t>& starts = served().lineStarts;
-  return static_cast<int>(std::upper_bound(starts.begin(), starts.end(), position) - starts.begin()) - 1;
+  return served_->lineOfPosition(position);
 }
 
 std::u16string SourceDocument::text() const {

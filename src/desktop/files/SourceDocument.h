@@ -26,6 +26,8 @@
 
 namespace desktop {
 
+class ServedCopy;
+
 // What a file on disk looked like, to tell whether another program has written it since. Two stamps of an unchanged
 // file are equal; a file that is missing has the default stamp.
 struct FileStamp {
@@ -76,7 +78,8 @@ public:
   bool isPlain() const { return !plainReason_.isEmpty(); }
   const QString& plainReason() const { return plainReason_; }
 
-  // The text as add-ins read it: one byte a character, lines ended by CR LF. Kept until the text changes; never null.
+  // The text as add-ins read it: one byte a character, lines ended by CR LF; never null. The same object until the text
+  // changes, and cheap to ask for after a small edit; see ServedCopy.
   std::shared_ptr<const std::string> servedText() const;
   // Where line `line` (from 0, below blockCount()) begins in the served text, from 0.
   std::size_t servedLineStart(int line) const;
@@ -98,12 +101,10 @@ Q_SIGNALS:
 
 private:
   friend class DocumentFiller;
-  struct Served;
   using LineVisitor = std::function<void(std::u16string_view line, quorvane::TLineEnd end)>;
 
   // Calls `visit` for every line in turn, without its line end; the views hold during the call.
   void forEachLine(const LineVisitor& visit) const;
-  const Served& served() const;
 
   QString fileName_;
   bool untitled_;
@@ -114,8 +115,7 @@ private:
   QString readOnlyReason_;
   QString plainReason_;
   FileStamp stamp_;
-  mutable std::shared_ptr<const Served> served_; // null or of revision servedRevision_
-  mutable int servedRevision_ = -1;
+  std::unique_ptr<ServedCopy> served_;
 };
 
 } // namespace desktop
