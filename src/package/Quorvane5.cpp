@@ -6,12 +6,14 @@
 // the stops are those of Units backwards. Most stops write a line to the debugger output, so that a watcher sees how
 // far the package has come; that of QVEditorDraw lacks the word that the others end with, and that of
 // zkSimplePasParTypes turns its first two letters around, both as intended.
+#include "analysis/QVParseThread.h"
 #include "editor/QVEditorProxy.h"
 #include "host/QVLog.h"
 #include "host/QVStatManager.h"
 #include "platform/Debug.h"
 #include "platform/Package.h"
 #include "settings/model/QVOptions.h"
+#include "toolbar/QVEditorToolbar.h"
 
 #include <type_traits>
 
@@ -31,6 +33,14 @@ void StopQVOptions() {
   OptStorageDir.clear();
 }
 
+void StopQVEditorToolbar() {
+  StopEditorToolbar();
+  OutputDebugString("QVEditorToolbar Finalized");
+}
+
+// For units that register, but have nothing to do then.
+void RegisterNothing() {}
+
 constexpr const char* kRequires[] = {"VclSmp50", "vclx50", "dsnide50", "vcl50"};
 
 constexpr platform::TContainedUnit kContains[] = {
@@ -43,11 +53,14 @@ constexpr platform::TContainedUnit kContains[] = {
     {"QVOptions", nullptr},
     {"QVEditorProxy", TQVEditorProxy::InjectExistingProxies},
     {"QVEditorDraw", nullptr},
+    {"QVLocalVars", nullptr},
     {"QVIDEHackUtils", nullptr},
     {"QVPasInfo", nullptr},
+    {"QVEditorToolbar", RegisterEditorToolbar},
     {"QVLiteParse", nullptr},
     {"zkPasLexTypes", nullptr},
     {"zkPasLex", nullptr},
+    {"QVParseThread", RegisterNothing},
     {"zkSimplePasParTypes", nullptr},
     {"zkSimplePasPar", nullptr},
 };
@@ -64,9 +77,12 @@ platform::TUnitEntry Units[] = {
     {"QVStatManager", StartQVStatManager, StopQVStatManager},
     {"QVEditorDraw", nullptr, [] { OutputDebugString("QVEditorDraw"); }},
     {"QVEditorProxy", nullptr, StopQVEditorProxy},
+    {"QVLocalVars", nullptr, [] { OutputDebugString("QVLocalVars Finalized"); }},
     {"QVOptions", nullptr, StopQVOptions},
+    {"QVEditorToolbar", nullptr, StopQVEditorToolbar},
     {"zkSimplePasParTypes", nullptr, [] { OutputDebugString("kzSimplePasParTypes Finalized"); }},
     {"zkSimplePasPar", nullptr, [] { OutputDebugString("zkSimplePasPar Finalized"); }},
+    {"QVParseThread", StartQVParseThread, StopQVParseThread},
 };
 
 const platform::TPackageInfoTable kTable = {

@@ -4,6 +4,7 @@
 #include "platform/Application.h"
 #include "platform/Component.h"
 #include "platform/Errors.h"
+#include "platform/Hooks.h"
 #include "platform/Package.h"
 #include "support/fakes/DebugRecorder.h"
 #include "support/fakes/FakeEditWindow.h"
@@ -28,9 +29,14 @@ using fakes::TEditWindow;
 using Lines = std::vector<std::string>;
 
 const Lines kStopLines = {
+    "QVThread.Terminage",
+    "QVThread.Free",
+    "QVParse Thread Finalized",
     "zkSimplePasPar Finalized",
     "kzSimplePasParTypes Finalized",
+    "QVEditorToolbar Finalized",
     "QVOptions Finalized",
+    "QVLocalVars Finalized",
     "QVEditorProxy Finalized",
     "QVEditorDraw",
     "QVLiteParse Finalized",
@@ -41,6 +47,9 @@ const Lines kStopLines = {
     "QVPasInfo Finalized",
 };
 
+// What the parse thread writes, between the lines of the main thread.
+const Lines kThreadLines = {"Execute Parse Thread", "Exit Parse Thread"};
+
 QList<QWidget*> LogForms() {
   QList<QWidget*> forms = QApplication::topLevelWidgets();
   forms.removeIf([](const QWidget* form) { return platform::ClassName(*form) != QStringLiteral("TQVLogForm"); });
@@ -49,6 +58,16 @@ QList<QWidget*> LogForms() {
 
 QObject* ProxyOf(const QWidget& form) {
   return platform::FindComponent(form, QStringLiteral("TQVEditorProxy"));
+}
+
+bool HasControls(const QWidget& form) {
+  return platform::FindComponent(form, QStringLiteral("TQVEditorToolbar")) != nullptr &&
+         platform::FindComponent(form, QStringLiteral("TQVLineNumbers")) != nullptr;
+}
+
+// Whether nothing but what the window came with is left on it.
+bool IsBare(const TEditWindow& window) {
+  return window.children() == QObjectList{&window.Editor(), &window.Actions()};
 }
 
 // Loads the library, which stays mapped as with a host that has unloaded it. Each test starts and stops it itself, in
@@ -73,6 +92,13 @@ protected:
 
   void Register() { platform::RegisterPackage(*Table); }
 
+  // The lines of the main thread since the last call.
+  Lines TakeLines() {
+    Lines lines = Debug.Take();
+    std::erase_if(lines, [](const std::string& line) { return std::ranges::count(kThreadLines, line) != 0; });
+    return lines;
+  }
+
   fakes::DebugRecorder Debug;
   platform::TPackageProcedure Initialize = nullptr;
   platform::TPackageProcedure Finalize = nullptr;
@@ -93,8 +119,9 @@ TEST_F(Quorvane5, ListsItsUnitsInContainsOrder) {
   for (const platform::TContainedUnit& unit : Table->Contains)
     names.emplace_back(unit.Name);
   EXPECT_EQ(names, (Lines{"Quorvane5", "QVStatManager", "SysInit", "QVLog", "QVSourceUtils", "QVOTAServices",
-                          "QVOptions", "QVEditorProxy", "QVEditorDraw", "QVIDEHackUtils", "QVPasInfo", "QVLiteParse",
-                          "zkPasLexTypes", "zkPasLex", "zkSimplePasParTypes", "zkSimplePasPar"}));
+                          "QVOptions", "QVEditorProxy", "QVEditorDraw", "QVLocalVars", "QVIDEHackUtils", "QVPasInfo",
+                          "QVEditorToolbar", "QVLiteParse", "zkPasLexTypes", "zkPasLex", "QVParseThread",
+                          "zkSimplePasParTypes", "zkSimplePasPar"}));
 }
 
 TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
@@ -102,13 +129,17 @@ TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
   for (const platform::TUnitEntry& unit : Table->Units)
     names.emplace_back(unit.Name);
   EXPECT_EQ(names, (Lines{"QVPasInfo", "QVOTAServices", "QVSourceUtils", "QVIDEHackUtils", "QVLog", "zkPasLexTypes",
-                          "zkPasLex", "QVLiteParse", "QVStatManager", "QVEditorDraw", "QVEditorProxy", "QVOptions",
-                          "zkSimplePasParTypes", "zkSimplePasPar"}));
+                          "zkPasLex", "QVLiteParse", "QVStatManager", "QVEditorDraw", "QVEditorProxy", "QVLocalVars",
+                          "QVOptions", "QVEditorToolbar", "zkSimplePasParTypes", "zkSimplePasPar", "QVParseThread"}));
 }
 
-TEST_F(Quorvane5, OnlyTheProxyRegisters) {
-  for (const platform::TContainedUnit& unit : Table->Contains)
-    EXPECT_EQ(unit.Register != nullptr, std::string_view(unit.Name) == "QVEditorProxy") << unit.Name;
+TEST_F(Quorvane5, ProxiesRegisterBeforeToolbarsAndTheThreadLast) {
+  Lines names;
+  for (const platform::TContainedUnit& unit : Table->Contains) {
+    if (unit.Register != nullptr)
+      names.emplace_back(unit.Name);
+  }
+  EXPECT_EQ(names, (Lines{"QVEditorProxy", "QVEditorToolbar", "QVParseThread"}));
 }
 
 TEST_F(Quorvane5, ExportsNothingButItsThreeEntryPoints) {
@@ -129,40 +160,74 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
   const platform::TWndMethod secondProc = second.Editor().WindowProc();
 
   Initialize();
-  EXPECT_EQ(Debug.Take(), Lines{});
+  EXPECT_EQ(TakeLines(), Lines{});
   EXPECT_EQ(LogForms().size(), 1);
   EXPECT_EQ(ProxyOf(first), nullptr);
 
   Register();
-  EXPECT_EQ(Debug.Take(), (Lines{"RedefineHotKey", "Done RedefineHotKey", "RedefineHotKey", "Done RedefineHotKey"}));
+  EXPECT_EQ(TakeLines(), (Lines{"RedefineHotKey", "Done RedefineHotKey", "RedefineHotKey", "Done RedefineHotKey"}));
   EXPECT_NE(ProxyOf(first), nullptr);
   EXPECT_NE(ProxyOf(second), nullptr);
   EXPECT_NE(first.Editor().WindowProc(), firstProc);
+  EXPECT_TRUE(HasControls(first));
+  EXPECT_TRUE(HasControls(second));
 
   Finalize();
-  EXPECT_EQ(Debug.Take(), (Lines{
-                              "zkSimplePasPar Finalized",
-                              "kzSimplePasParTypes Finalized",
-                              "QVOptions Finalized",
-                              "Enter TQVEditorProxy.Destroy",
-                              "Exit TQVEditorProxy.Destroy",
-                              "Enter TQVEditorProxy.Destroy",
-                              "Exit TQVEditorProxy.Destroy",
-                              "QVEditorProxy Finalized",
-                              "QVEditorDraw",
-                              "QVLiteParse Finalized",
-                              "zkPasLex Finalized",
-                              "zkPasLexTypes Finalized",
-                              "QVIDEHackUtils Finalized",
-                              "QVSourceUtils Finalized",
-                              "QVPasInfo Finalized",
-                          }));
+  EXPECT_EQ(TakeLines(), (Lines{
+                             "QVThread.Terminage",
+                             "QVThread.Free",
+                             "QVParse Thread Finalized",
+                             "zkSimplePasPar Finalized",
+                             "kzSimplePasParTypes Finalized",
+                             "QVEditorToolbar Finalized",
+                             "QVOptions Finalized",
+                             "QVLocalVars Finalized",
+                             "Enter TQVEditorProxy.Destroy",
+                             "Exit TQVEditorProxy.Destroy",
+                             "Enter TQVEditorProxy.Destroy",
+                             "Exit TQVEditorProxy.Destroy",
+                             "QVEditorProxy Finalized",
+                             "QVEditorDraw",
+                             "QVLiteParse Finalized",
+                             "zkPasLex Finalized",
+                             "zkPasLexTypes Finalized",
+                             "QVIDEHackUtils Finalized",
+                             "QVSourceUtils Finalized",
+                             "QVPasInfo Finalized",
+                         }));
   EXPECT_EQ(LogForms().size(), 0);
-  EXPECT_EQ(ProxyOf(first), nullptr);
-  EXPECT_EQ(ProxyOf(second), nullptr);
+  EXPECT_TRUE(IsBare(first));
+  EXPECT_TRUE(IsBare(second));
   EXPECT_EQ(first.Editor().WindowProc(), firstProc);
   EXPECT_EQ(second.Editor().WindowProc(), secondProc);
   EXPECT_TRUE(first.Actions().Actions().isEmpty());
+}
+
+TEST_F(Quorvane5, ItsThreadLivesFromTheStartToTheStop) {
+  Initialize();
+  Finalize();
+  Lines lines = Debug.Take();
+  // The thread is free to begin late, but has ended when the stop has waited for it.
+  std::erase_if(lines, [](const std::string& line) {
+    return std::ranges::count(kThreadLines, line) == 0 && line != "QVParse Thread Finalized";
+  });
+  EXPECT_EQ(lines, (Lines{"Execute Parse Thread", "Exit Parse Thread", "QVParse Thread Finalized"}));
+}
+
+TEST_F(Quorvane5, WindowOpenedWhileItIsLoadedIsEquippedWhenItBecomesActive) {
+  Initialize();
+  Register();
+  const auto activate = [](TEditWindow& window) {
+    platform::CallHooks(platform::WH_CBT, platform::HCBT_ACTIVATE, platform::WindowHandle(window), 0);
+  };
+  TEditWindow window;
+  activate(window);
+  EXPECT_TRUE(HasControls(window));
+  EXPECT_NE(ProxyOf(window), nullptr);
+  Finalize();
+  EXPECT_TRUE(IsBare(window));
+  activate(window);
+  EXPECT_TRUE(IsBare(window)) << "the hook has gone";
 }
 
 TEST_F(Quorvane5, LoadedTwiceStartsOnceAndStopsWithTheLastUnload) {
@@ -171,17 +236,18 @@ TEST_F(Quorvane5, LoadedTwiceStartsOnceAndStopsWithTheLastUnload) {
   Register();
   Initialize();
   EXPECT_EQ(LogForms().size(), 1);
-  Debug.Take();
+  TakeLines();
 
   Finalize();
-  EXPECT_EQ(Debug.Take(), Lines{});
+  EXPECT_EQ(TakeLines(), Lines{});
   EXPECT_EQ(LogForms().size(), 1);
   EXPECT_NE(ProxyOf(window), nullptr);
+  EXPECT_TRUE(HasControls(window));
 
   Finalize();
-  EXPECT_EQ(Debug.Take().size(), kStopLines.size() + 2);
+  EXPECT_EQ(TakeLines().size(), kStopLines.size() + 2);
   EXPECT_EQ(LogForms().size(), 0);
-  EXPECT_EQ(ProxyOf(window), nullptr);
+  EXPECT_TRUE(IsBare(window));
 }
 
 TEST_F(Quorvane5, CanBeLoadedAgainAfterItWasUnloaded) {
@@ -191,8 +257,9 @@ TEST_F(Quorvane5, CanBeLoadedAgainAfterItWasUnloaded) {
     Register();
     EXPECT_EQ(LogForms().size(), 1);
     EXPECT_NE(ProxyOf(window), nullptr);
+    EXPECT_TRUE(HasControls(window));
     Finalize();
-    EXPECT_EQ(ProxyOf(window), nullptr);
+    EXPECT_TRUE(IsBare(window));
   }
 }
 
@@ -200,7 +267,7 @@ TEST_F(Quorvane5, StopsWithoutEditorWindows) {
   Initialize();
   Register();
   Finalize();
-  EXPECT_EQ(Debug.Take(), kStopLines);
+  EXPECT_EQ(TakeLines(), kStopLines);
 }
 
 TEST_F(Quorvane5, LogFormBelongsToTheApplicationUntilItIsFreed) {
@@ -214,11 +281,11 @@ TEST_F(Quorvane5, WindowClosedBeforeTheUnloadTakesItsProxyAlong) {
   auto window = std::make_unique<TEditWindow>();
   Initialize();
   Register();
-  Debug.Take();
+  TakeLines();
   window.reset();
-  EXPECT_EQ(Debug.Take(), (Lines{"Enter TQVEditorProxy.Destroy", "Exit TQVEditorProxy.Destroy"}));
+  EXPECT_EQ(TakeLines(), (Lines{"Enter TQVEditorProxy.Destroy", "Exit TQVEditorProxy.Destroy"}));
   Finalize();
-  EXPECT_EQ(Debug.Take(), kStopLines);
+  EXPECT_EQ(TakeLines(), kStopLines);
 }
 
 TEST_F(Quorvane5, AssertionsAreCaughtByTheirTypeInTheHost) {
