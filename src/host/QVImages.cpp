@@ -16,7 +16,7 @@ namespace quorvane {
 namespace {
 
 // A blue that keeps its distance from light and dark grounds alike.
-constexpr QRgb kAccent = 0xFF3D7DCA;
+constexpr QRgb kAccent = 0xFF4284D0;
 
 // Draws in units of a sixteenth of the image. Every edge is put on a whole device pixel, so nothing is blurred.
 class TGrid {

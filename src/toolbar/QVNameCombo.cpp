@@ -84,7 +84,7 @@ int TQVNameModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant TQVNameModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+  if (!index.isValid())
     return {};
   const TEntry& entry = entries_[static_cast<std::size_t>(index.row())];
   switch (role) {

@@ -29,6 +29,7 @@ const Accessor kAccessors[] = {
     {"MessageServices", AsInterface<OTAMessageServices>, true},
     {"ModuleServices", AsInterface<OTAModuleServices>, true},
     {"PackageServices", AsInterface<OTAPackageServices>, false},
+    {"SearchPathServices", AsInterface<OTASearchPathServices>, true},
     {"ToDoServices", AsInterface<OTAToDoServices>, false},
     {"WizardServices", AsInterface<OTAWizardServices>, false},
 };

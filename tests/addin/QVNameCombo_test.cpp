@@ -1,0 +1,168 @@
+// SPDX-License-Identifier: MIT
+#include "toolbar/QVNameCombo.h"
+
+#include "ToolbarFixture.h"
+
+#include <QAbstractItemView>
+#include <QLineEdit>
+#include <QListView>
+#include <QTest>
+#include <QWheelEvent>
+
+namespace quorvane {
+namespace {
+
+class QVNameCombo : public ToolbarTest {
+protected:
+  QVNameCombo() {
+    Combo.OnChange = [this] { Changes.append(Combo.currentText()); };
+    for (const char* name : {"Alpha", "Beta", "Gamma"})
+      Combo.AddName(QString::fromLatin1(name), 10 + Combo.count());
+  }
+
+  void ShowCombo() {
+    Show();
+    Combo.setGeometry(0, 60, 200, 24);
+    Combo.show();
+    Focus(Combo);
+  }
+
+  TQVNameCombo Combo{200, &Window};
+  QStringList Changes;
+};
+
+TEST_F(QVNameCombo, TellsEachTypedCharacter) {
+  ShowCombo();
+  QTest::keyClicks(&Combo, QStringLiteral("Be"));
+  EXPECT_EQ(Changes, (QStringList{QStringLiteral("B"), QStringLiteral("Be")}));
+}
+
+TEST_F(QVNameCombo, TellsAnEntryChosenWithTheKeys) {
+  ShowCombo();
+  QTest::keyClick(&Combo, Qt::Key_Down);
+  EXPECT_EQ(Changes, QStringList{QStringLiteral("Alpha")});
+}
+
+TEST_F(QVNameCombo, TellsAnEntryChosenWithTheMouseAlsoIfItIsTheSameAgain) {
+  ShowCombo();
+  for (int round = 0; round < 2; ++round) {
+    Combo.showPopup();
+    ASSERT_TRUE(support::waitUntil([this] { return Combo.view()->isVisible(); }));
+    const QPoint beta = Combo.view()->visualRect(Combo.model()->index(1, 0)).center();
+    // A list that has just opened takes a release for that of the click that opened it.
+    QTest::mouseMove(Combo.view()->viewport(), beta);
+    QTest::mousePress(Combo.view()->viewport(), Qt::LeftButton, {}, beta);
+    ASSERT_TRUE(support::waitUntil([&] {
+      if (Combo.view()->isVisible())
+        QTest::mouseRelease(Combo.view()->viewport(), Qt::LeftButton, {}, beta);
+      return !Combo.view()->isVisible();
+    }));
+  }
+  EXPECT_EQ(Changes, (QStringList{QStringLiteral("Beta"), QStringLiteral("Beta")}));
+}
+
+TEST_F(QVNameCombo, TellsNothingThatTheProgramSets) {
+  Combo.SetText(QStringLiteral("Beta"));
+  Combo.AddName(QStringLiteral("Delta"), 1);
+  Combo.SetNames(AnOutline()->GetMethods());
+  Combo.ClearNames();
+  Combo.SetText({});
+  EXPECT_EQ(Changes, QStringList());
+}
+
+TEST_F(QVNameCombo, AnEntryThatTheTextNamesIsNotChosenWhenTheBoxIsLeft) {
+  ShowCombo();
+  Combo.setEditText(QStringLiteral("Gamma"));
+  Focus(Editor());
+  EXPECT_EQ(Changes, QStringList());
+}
+
+TEST_F(QVNameCombo, WhatItsChangeThrowsGoesToTheApplication) {
+  ShowCombo();
+  Combo.OnChange = [] { throw platform::Exception("no"); };
+  QTest::keyClicks(&Combo, QStringLiteral("x"));
+  EXPECT_EQ(TakeReported(), Lines{"no"});
+}
+
+TEST_F(QVNameCombo, TheWheelTurnsItOnlyWhileItHasTheFocus) {
+  ShowCombo();
+  Focus(Editor());
+  const auto turn = [this] {
+    const QPointF place(5, 5);
+    QWheelEvent event(place, Combo.mapToGlobal(place), {}, QPoint(0, -120), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&Combo, &event);
+  };
+  turn();
+  EXPECT_EQ(Changes, QStringList());
+  Focus(Combo);
+  turn();
+  EXPECT_EQ(Changes, QStringList{QStringLiteral("Alpha")});
+}
+
+TEST_F(QVNameCombo, HasTheFocusAlsoWhileItsListIsOpen) {
+  ShowCombo();
+  EXPECT_TRUE(Combo.HasFocus());
+  Combo.showPopup();
+  ASSERT_TRUE(support::waitUntil([this] { return Combo.view()->isVisible(); }));
+  EXPECT_TRUE(Combo.HasFocus());
+  Combo.hidePopup();
+  Focus(Editor());
+  EXPECT_FALSE(Combo.HasFocus());
+}
+
+TEST_F(QVNameCombo, FindsNamesWithoutCaseButWhole) {
+  const TQVNameModel& names = Combo.Names();
+  EXPECT_EQ(names.IndexOf(QStringLiteral("bETA")), 1);
+  EXPECT_EQ(names.IndexOf(QStringLiteral("Bet")), -1);
+  EXPECT_EQ(names.IndexOf(QString()), -1);
+  EXPECT_EQ(names.LineAt(1), 11);
+}
+
+TEST_F(QVNameCombo, FindsTheFirstOfEqualNames) {
+  Combo.AddName(QStringLiteral("ALPHA"), 99);
+  EXPECT_EQ(Combo.Names().IndexOf(QStringLiteral("alpha")), 0);
+}
+
+TEST_F(QVNameCombo, ShowsALongTextFromItsStart) {
+  ShowCombo();
+  Focus(Editor());
+  Combo.SetText(QString(200, u'x'));
+  EXPECT_EQ(Combo.lineEdit()->cursorPosition(), 0);
+}
+
+TEST_F(QVNameCombo, EntriesAreAtLeastFourteenPixelsHighAndAsHighAsTheirFont) {
+  const auto height = [this] { return Combo.view()->sizeHintForRow(0); };
+  QFont small = Combo.font();
+  small.setPixelSize(8);
+  Combo.setFont(small);
+  EXPECT_EQ(height(), 14);
+  QFont large = Combo.font();
+  large.setPixelSize(30);
+  Combo.setFont(large);
+  EXPECT_EQ(height(), Combo.fontMetrics().height());
+}
+
+TEST_F(QVNameCombo, OpensALongListWithoutMeasuringEveryEntry) {
+  TQVNameList names;
+  for (int index = 0; index < 20000; ++index)
+    names.emplace("Routine" + std::to_string(index), index);
+  Combo.SetNames(names);
+  EXPECT_TRUE(qobject_cast<QListView*>(Combo.view())->uniformItemSizes());
+  ShowCombo();
+  Combo.showPopup();
+  ASSERT_TRUE(support::waitUntil([this] { return Combo.view()->isVisible(); }));
+  EXPECT_EQ(Combo.count(), 20000);
+  Combo.hidePopup();
+}
+
+TEST_F(QVNameCombo, KeepsTheCursorInItsTextWhenTheEntriesChange) {
+  Combo.SetText(QStringLiteral("Beta"));
+  Combo.lineEdit()->setCursorPosition(2);
+  Combo.SetNames(AnOutline()->GetMethods());
+  EXPECT_EQ(Combo.currentText(), QStringLiteral("Beta"));
+  EXPECT_EQ(Combo.lineEdit()->cursorPosition(), 2);
+}
+
+} // namespace
+} // namespace quorvane
