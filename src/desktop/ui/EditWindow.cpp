@@ -109,6 +109,9 @@ void TEditWindow::showCurrent(Page* page) {
   if (hadFocus && page != nullptr)
     editor_->setFocus(Qt::OtherFocusReason);
   showPageState(page);
+  // What add-ins show beside the text is of another page now.
+  for (QWidget* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
+    control->update();
   Q_EMIT currentPageChanged(page);
 }
 
