@@ -120,7 +120,9 @@ QToolButton* TQVEditorToolbar::NewMenuButton(const QString& name, TQVColumnMenu*
   auto* const button = new QToolButton(this);
   button->setObjectName(name);
   button->setMenu(menu);
-  button->setPopupMode(QToolButton::InstantPopup);
+  button->setPopupMode(QToolButton::MenuButtonPopup);
+  // The arrow opens the menu by itself.
+  connect(button, &QToolButton::clicked, button, &QToolButton::showMenu);
   button->setAutoRaise(true);
   button->setToolTip(hint);
   button->setAccessibleName(hint);
