@@ -161,6 +161,12 @@ bool TQVPasParser::IsCaretInRoutine() const {
   return caret > FRoutineStart && caret < FBlockEnd;
 }
 
+void TQVPasParser::CountPath(std::size_t length) {
+  FPathLength += static_cast<std::int64_t>(length);
+  if (FPathLength > FreePathLength + 2 * std::int64_t{Lexer().RunPos()})
+    throw ESyntaxError("The names of nested routines take more room than the text", Lexer().GetPosXY());
+}
+
 void TQVPasParser::FunctionProcedureBlock() {
   const std::int32_t line = Lexer().LineNumber();
   FInRoutineBlock = true;
@@ -168,9 +174,7 @@ void TQVPasParser::FunctionProcedureBlock() {
   const std::string routinePath = Path(FRoutineStack);
   const std::string classPath = Path(FObjectStack);
   const std::string methodName = FObjectStack.empty() ? routinePath : FCurrentObjectName + "." + routinePath;
-  if (classPath.size() + methodName.size() > MaxPathLength)
-    throw ESyntaxError("Names of nested routines longer than " + std::to_string(MaxPathLength) + " characters",
-                       Lexer().GetPosXY());
+  CountPath(classPath.size() + methodName.size());
 
   TzkSimplePasPar::FunctionProcedureBlock();
 
@@ -187,19 +191,37 @@ void TQVPasParser::FunctionProcedureBlock() {
   FCurrentRoutineName.clear();
 }
 
-// The branch that the else opens is skipped, until an end-if, or an else inside of it, says that the skip is over. The
-// flag is shared by both scanners, so a skip must not outlast its scanner's text.
 void TQVPasParser::HandlePtElseDirect(TzkBasePasLex& lex) {
-  if (FTakeBranch) {
-    const TNesting nesting(*this);
+  if (!FTakeBranch) {
+    FTakeBranch = true;
+    lex.Next();
+  } else if (FIsSkipping) {
+    // An else right behind the one that ended a skip begins the next one; SkipBranch goes on with it, so that a long
+    // row of them takes no stack.
     FTakeBranch = false;
+    ++FOpenSkips;
+  } else {
+    SkipBranch(lex);
+    lex.Next();
+  }
+}
+
+// The branch that the else opens is skipped, until an end-if, or an else inside of it, says that the skip is over. The
+// flag is shared by both scanners, so a skip must not outlast its scanner's text. Each skip passes its own else at its
+// end; the first one's is left to the caller.
+void TQVPasParser::SkipBranch(TzkBasePasLex& lex) {
+  FIsSkipping = true;
+  FTakeBranch = false;
+  FOpenSkips = 1;
+  for (;;) {
     while (!FTakeBranch && lex.TokenID() != ptNull)
       NextIn(lex);
     FTakeBranch = true;
-  } else {
-    FTakeBranch = true;
+    if (--FOpenSkips == 0)
+      break;
+    NextIn(lex);
   }
-  lex.Next();
+  FIsSkipping = false;
 }
 
 void TQVPasParser::HandlePtEndIfDirect(TzkBasePasLex& lex) {

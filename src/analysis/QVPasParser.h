@@ -46,10 +46,10 @@ public:
 // wants to hear of the errors sets another OnMessage that calls this one.
 class TQVPasParser : public TzkSimplePasPar {
 public:
-  // How long the names of a routine and of all that is around it may be together, in characters; a routine with longer
-  // ones ends the parse as a fatal error does. Every nested routine has a copy of the names around it, so without a
-  // limit one long name would take memory in proportion to the square of the text.
-  static constexpr std::size_t MaxPathLength = 2048;
+  // Every nested routine is named with all that is around it, so long names around many routines would take memory in
+  // proportion to the square of the text. Beyond this many characters, and twice the text that has been read, such
+  // names end the parse as a fatal error does.
+  static constexpr std::int64_t FreePathLength = std::int64_t{1} << 20U;
 
   TQVPasParser();
 
@@ -99,6 +99,8 @@ protected:
 private:
   void OnMessageHandler(std::int32_t x, std::int32_t y);
   void LeaveMethod();
+  void CountPath(std::size_t length);
+  void SkipBranch(TzkBasePasLex& lex);
   bool IsCaretInRoutine() const;
 
   bool FInProcAtCaret = false; // the routine just finished holds the caret
@@ -111,7 +113,10 @@ private:
   std::shared_ptr<IQVPasInfo> FPasInfo;
   std::int32_t FErrorCol = 0; // of the last reported error, as the editor counts
   std::int32_t FErrorLine = 0;
-  bool FTakeBranch = true; // false while the branch of a conditional is skipped
+  bool FTakeBranch = true;      // false while the branch of a conditional is skipped
+  bool FIsSkipping = false;     // SkipBranch is at work
+  std::int32_t FOpenSkips = 0;  // skips that have begun in it and whose else is not passed yet
+  std::int64_t FPathLength = 0; // of the names of all routines together
   std::vector<std::string> FRoutineStack;
   std::vector<std::string> FObjectStack;
 };

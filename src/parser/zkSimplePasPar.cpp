@@ -82,7 +82,20 @@ void TzkSimplePasPar::Run(const std::string& unitName, std::string* sourceStream
   CheckSize();
   TerminateStream();
   FLexer.SetOrigin(FSourceStream->c_str());
-  ParseFile();
+  try {
+    ParseFile();
+  } catch (...) {
+    LeaveText();
+    throw;
+  }
+  LeaveText();
+}
+
+// A text that has been loaded here goes now.
+void TzkSimplePasPar::LeaveText() {
+  if (FOwnsStream)
+    FLexer.SetOrigin(nullptr);
+  FSourceStream = nullptr;
 }
 
 void TzkSimplePasPar::LoadFile(const std::string& name, std::string& text) {

@@ -50,8 +50,8 @@ using TParserMessageEvent =
 // productions there are, and what each walks over, stands in Productions.def.
 //
 // Create it, set OnMessage, call Run once, and let it go. A wrong token is reported and not consumed, and the walk goes
-// on as well as it can. Only three things end a parse, each by an ESyntaxError that leaves Run: a token that is missing
-// at the end of the text, one that ExpectedFatal demands, and nesting that is deeper than MaxNesting.
+// on as well as it can. Only three things here end a parse, each by an ESyntaxError that leaves Run: a token that is
+// missing at the end of the text, one that ExpectedFatal demands, and nesting that is deeper than MaxNesting.
 //
 // Every text is walked to an end in time that grows with its length alone, even without a handler that moves on over
 // what was reported: a loop whose round consumed nothing ends. One thread at a time.
@@ -191,6 +191,7 @@ private:
   [[noreturn]] void RaiseTooDeep();
   void LoadFile(const std::string& name, std::string& text);
   void CheckSize() const;
+  void LeaveText();
 
   // The tokens after the current one that are not junk; nothing moves. The kind of the first, its extended and its
   // general kind, and the kind of the one after it.
@@ -212,6 +213,7 @@ private:
   void Arguments(bool areWidthsTaken);
   void Subscript();
   bool IsColonAhead();
+  bool IsAtCharacters() const;
   TCallee Callee() const;
 
   TParserMessageEvent FOnMessage;
@@ -222,6 +224,7 @@ private:
   // Whether Expression takes the width specifiers of Write, WriteLn and Str: 1 if so.
   std::uint8_t FFormatMode = 0;
   TCallee FCallee = TCallee::Other; // the name that Variable walked over
+  bool FIsDeclaringType = false;    // between the name of a type and its end
   bool FIsSkippingJunk = false;
   int FNesting = 0;
   std::array<TDirectiveRun, 2> FDirectiveRuns;

@@ -211,13 +211,16 @@ void TzkSimplePasPar::MethodHeading() {
 
 // In front of a directive the semicolon may be missing.
 void TzkSimplePasPar::MethodDirectives() {
-  const auto isAtDirective = [this] { return ExID() == ptDispid || ProceduralDirectives.Contains(ExID()); };
+  const auto isAtHint = [this] { return TokenID() == ptLibrary || IsIdentifier("platform"); };
+  const auto isAtDirective = [&] { return ExID() == ptDispid || ProceduralDirectives.Contains(ExID()) || isAtHint(); };
   if (!isAtDirective())
     SEMICOLON();
   TRounds rounds(FLexer);
   while (isAtDirective() && rounds.Next()) {
     if (ExID() == ptDispid)
       DispidSpecifier();
+    else if (isAtHint())
+      HintDirectives();
     else
       ProceduralDirective();
     if (!isAtDirective())

@@ -7,6 +7,32 @@
 #include "parser/zkSimplePasParSets.h"
 
 namespace quorvane {
+namespace {
+
+constexpr bool IsLetter(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+constexpr bool IsIdentChar(char c) {
+  return IsLetter(c) || (c >= '0' && c <= '9') || c == '_';
+}
+
+// Whether a circumflex in front of this text makes a control character, ^@ to ^_. A letter must stand alone.
+constexpr bool IsControlCharacter(const char* text) {
+  switch (text[0]) {
+  case '@':
+  case '[':
+  case '\\':
+  case ']':
+  case '^':
+    return true;
+  default:
+    return (IsLetter(text[0]) || text[0] == '_') && !IsIdentChar(text[1]);
+  }
+}
+
+} // namespace
+
 // Sets whether width specifiers are taken, for as long as it lives. Each bracket decides anew.
 class TzkSimplePasPar::TWidths {
 public:
@@ -161,24 +187,28 @@ void TzkSimplePasPar::SetElement() {
   }
 }
 
-// Literals and control characters, as in 'a'#13^J, make one string where nothing but junk stands between them. The
-// character behind a circumflex may be any, so it may be scanned as any token.
+// Literals and control characters, as in 'a'#13^J, make one string where nothing but junk stands between them.
 void TzkSimplePasPar::CharString() {
   if (TokenID() == ptIdentifier) {
     QualifiedName();
     return;
   }
-  if (TokenID() != ptAsciiChar && TokenID() != ptStringConst && TokenID() != ptPointerSymbol) {
+  if (!IsAtCharacters()) {
     SynError(InvalidCharString);
     return;
   }
-  while (TokenID() == ptAsciiChar || TokenID() == ptStringConst || TokenID() == ptPointerSymbol) {
+  do {
     if (TokenID() == ptPointerSymbol)
       NextToken();
     NextToken();
-  }
+  } while (IsAtCharacters());
   if (TokenID() == ptSquareOpen)
     Subscript();
+}
+
+bool TzkSimplePasPar::IsAtCharacters() const {
+  return TokenID() == ptAsciiChar || TokenID() == ptStringConst ||
+         (TokenID() == ptPointerSymbol && IsControlCharacter(FLexer.Origin() + FLexer.RunPos()));
 }
 
 // A subscript behind the first name ends it; intended.

@@ -52,7 +52,9 @@ void TzkSimplePasPar::TypeDeclaration() {
       ObjectType();
     break;
   default:
+    FIsDeclaringType = true;
     TypeKind();
+    FIsDeclaringType = false;
   }
 }
 
@@ -288,11 +290,15 @@ void TzkSimplePasPar::ProceduralType() {
 }
 
 // The convention of a procedural type stands right behind it, or behind the semicolon that then ends it no longer.
-// There it could as well be the name of what is declared next; a colon or comma behind it tells.
+// There it could as well be the name of what is declared next; a colon or comma behind it tells, and in a type section
+// an equals sign. Elsewhere that gives the variable its value.
 void TzkSimplePasPar::CallingConvention() {
   for (;;) {
     if (TokenID() == ptSemiColon) {
-      if (!Conventions.Contains(AheadExID()) || NamesField(SecondAheadID()))
+      if (!Conventions.Contains(AheadExID()))
+        return;
+      const TptTokenKind behind = SecondAheadID();
+      if (NamesField(behind) || (FIsDeclaringType && behind == ptEqual))
         return;
       NextToken();
     }

@@ -78,11 +78,11 @@ void TzkSimplePasPar::PackageFile() {
 // A fragment for inclusion, or a program without its heading, which may be left out. What such a text begins with is
 // not known, so whatever may stand in a block is taken, in any order.
 void TzkSimplePasPar::IncludeFile() {
-  if (TokenID() == ptUses)
-    MainUsesClause();
   TRounds rounds(FLexer);
   do {
-    if (TokenID() == ptExports || ImplementationDeclarations.Contains(TokenID())) {
+    if (TokenID() == ptUses) {
+      MainUsesClause();
+    } else if (TokenID() == ptExports || ImplementationDeclarations.Contains(TokenID())) {
       DeclarationSection();
     } else if (TokenID() == ptPoint) {
       NextToken();

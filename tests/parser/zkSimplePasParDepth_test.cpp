@@ -211,9 +211,10 @@ TEST(LongRowOfElses, IsWalkedToTheEnd) {
   EXPECT_EQ(PlainOutcome("begin " + Repeated("{$ELSE}") + " end."), "end");
 }
 
-// Each pair of them skips inside of the skip before.
-TEST(LongRowOfElses, EndsAtTheLimitInAnOutline) {
-  EXPECT_EQ(OutlineOutcome("begin " + Repeated("{$ELSE}") + " end."), TooDeep);
+TEST(LongRowOfElses, IsWalkedToTheEndInAnOutline) {
+  // Every other one begins a skip, and each skip passes one more token at its end.
+  EXPECT_EQ(OutlineOutcome("begin " + Repeated("{$ELSE}") + Repeated(";") + " end."), "end");
+  EXPECT_EQ(OutlineOutcome("begin {$ELSE}" + Repeated("{$ELSE}") + " a b c {$ENDIF}" + Repeated(";") + " end."), "end");
 }
 
 TEST(LongRowOfDeprecatedHints, IsSwallowedByAnOutline) {
