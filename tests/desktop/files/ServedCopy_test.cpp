@@ -81,7 +81,7 @@ TEST_F(ServedCopyTest, IsPatchedInPlaceWhenNobodyHoldsIt) {
 TEST_F(ServedCopyTest, LeavesATextThatSomebodyHoldsAlone) {
   const auto document = numbered();
   const auto held = document->servedText();
-  const std::string text = *held;
+  const std::string text = expected(*document).text;
   cursorAt(*document, 20, 21).removeSelectedText();
   EXPECT_NE(document->servedText(), held);
   EXPECT_EQ(*held, text);

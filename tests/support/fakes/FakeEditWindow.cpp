@@ -2,6 +2,7 @@
 #include "support/fakes/FakeEditWindow.h"
 
 #include "platform/Application.h"
+#include "platform/Hooks.h"
 
 namespace fakes {
 
@@ -12,6 +13,10 @@ TEditWindow::TEditWindow(const QString& name)
 }
 
 TEditWindow::~TEditWindow() = default;
+
+void TEditWindow::Activate() {
+  platform::CallHooks(platform::WH_CBT, platform::HCBT_ACTIVATE, platform::WindowHandle(*this), 0);
+}
 
 TOtherForm::TOtherForm(const QString& name) {
   setObjectName(name);

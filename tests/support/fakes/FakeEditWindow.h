@@ -21,6 +21,8 @@ public:
   bool HasEditor() const { return !editor_.isNull(); }
   FakeEditControl& Editor() const { return *editor_; }
   platform::TActionList& Actions() const { return *actions_; }
+  // Tells the hooks that the window has become active.
+  void Activate();
   // Destroys one part, as no host should.
   void DropEditor() { delete editor_; }
   void DropActions() { delete actions_; }
