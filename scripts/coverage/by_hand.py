@@ -27,7 +27,9 @@ BY_HAND = {
     "fpc-source: packages/fv/src/resource.pas": _wrong("letters without sense in front of the word unit"),
     "fpc-source: packages/opengles/examples/glutdemoes.pp": _wrong("a program that ends without its begin"),
     "fpc-source: packages/os2units/src/wpstk.pp": _wrong("declarations in C"),
-    "fpc-source: packages/pasjpeg/examples/wrjpgcom.pas": _wrong("if followed by do"),
+    "fpc-source: packages/pasjpeg/examples/wrjpgcom.pas": _wrong(
+        "if followed by do, and a quote in a string that is not doubled"
+    ),
     "fpc-source: packages/pasjpeg/src/jidct2d.pas": _wrong("a begin without its end, whatever branches are taken"),
     "fpc-source: packages/pasjpeg/src/jmemsys.pas": _wrong("the word EXTERN of C in front of headings"),
     "fpc-source: packages/xforms/examples/canvas.pp": _wrong("the return statement of C"),

@@ -103,10 +103,6 @@ _LIMITS = {
         "A directive that is not closed on its line ends with the line, as everywhere in the lexer.",
         lambda text: re.sub(r"\{\$[^}\r\n]*[\r\n][^}]*\}", "", text),
     ),
-    "a reserved word as an operand": (
-        "`SizeOf(file)`: no factor starts with the word.",
-        lambda text: re.sub(r"\bsizeof\s*\(\s*file\s*\)", "1", text, flags=re.I),
-    ),
     "a NUL in the text": (
         "The text ends at the first NUL.",
         lambda text: text.replace("\0", " "),

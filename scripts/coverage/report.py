@@ -14,16 +14,15 @@ What `scripts/parser-coverage` printed; do not edit, run it again:
     cmake --preset release && cmake --build --preset release --target quorvane
     scripts/parser-coverage > docs/parser-coverage.md
 
-It needs Python 3.9 or newer and nothing beside its standard library, and the Debian packages {packages}. It ends with
-exit code 1 if a report is unexplained. `scripts/parser-coverage --why FILE` tells of one file which rules leave it out,
-or what is reported and why.
+It needs Python 3.9 or newer and nothing beside its standard library, and the Debian packages {packages}.
+It ends with exit code 1 if a report is unexplained. `scripts/parser-coverage --why FILE` tells of one file which rules
+leave it out, or what is reported and why.
 
 Measured is every `.pas` and `.pp` file of these packages that uses no syntax newer than Delphi 5, by asking
 `quorvane messages --decode` for what the outline parser reports on it. Some folders are left out as a whole, because
 what is in them reads Pascal itself or might; nobody needs to have seen the like to work on this parser. The tests of
 what is newer read the files with a scanner of their own (`scripts/coverage/pascal_tokens.py`), which shares nothing
-with the lexer that is measured.
-"""
+with the lexer that is measured."""
 
 
 class Figures:
