@@ -38,7 +38,7 @@ TQVUnitFinder::TResult TQVUnitFinder::Find(const QString& unitName, const QStrin
 QString TQVUnitFinder::FindInTree(const QString& root, const QString& unitName) {
   const auto known = trees_.find(root);
   if (known != trees_.end()) {
-    const QString found = FindInListings(known->second, unitName);
+    QString found = FindInListings(known->second, unitName);
     if (!found.isEmpty() && QFileInfo::exists(found))
       return found;
   }
