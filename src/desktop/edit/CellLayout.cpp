@@ -6,11 +6,32 @@
 
 namespace desktop {
 
+namespace {
+
+// How far left of its place a caret lies that is put away, in logical pixels.
+constexpr int awayBy = 1'000'000;
+
+} // namespace
+
 CellLayout::CellLayout(QTextDocument* document) : QPlainTextDocumentLayout(document) {}
 
 void CellLayout::setCell(int height, int ascent) {
   height_ = height;
   ascent_ = ascent;
+}
+
+// The thin line is drawn in the middle of the caret's width.
+void CellLayout::setCaretAway(bool away) {
+  caretAway_ = away;
+  setCursorWidth(away ? -2 * awayBy : 0);
+}
+
+// The text widget paints as far as the document and the caret together are wide.
+QSizeF CellLayout::documentSize() const {
+  QSizeF size = QPlainTextDocumentLayout::documentSize();
+  if (caretAway_)
+    size.rwidth() += 3 * awayBy;
+  return size;
 }
 
 QRectF CellLayout::blockBoundingRect(const QTextBlock& block) const {

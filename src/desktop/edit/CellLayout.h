@@ -19,11 +19,17 @@ public:
   // The height of every line and the distance from its top to the base line, in logical pixels.
   void setCell(int height, int ascent);
 
+  // Whether the caret is put where it cannot be seen. A caret without width is not drawn, but for device pixel ratios
+  // between whole numbers, where Qt makes a thin line of it. To be set only while the text is painted.
+  void setCaretAway(bool away);
+
   QRectF blockBoundingRect(const QTextBlock& block) const override;
+  QSizeF documentSize() const override;
 
 private:
   int height_ = 1;
   int ascent_ = 0;
+  bool caretAway_ = false;
 };
 
 } // namespace desktop

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // How the edit control's picture comes about and gets to the screen.
 #include "desktop/edit/CaretBlink.h"
+#include "desktop/edit/CellLayout.h"
 #include "desktop/edit/EditControl.h"
 #include "desktop/edit/EditViewport.h"
 
@@ -131,8 +132,12 @@ void TEditControl::paintPass(QPaintEvent& event) {
 void TEditControl::paintByDefault() {
   eraseByDefault();
   const Redirection redirection(*viewport_, surface_, gutterWidth_);
+  auto* const layout = qobject_cast<CellLayout*>(document()->documentLayout());
+  const qreal ratio = surface_.devicePixelRatio();
+  layout->setCaretAway(std::trunc(ratio) != ratio);
   QPaintEvent whole(viewport_->rect());
   QPlainTextEdit::paintEvent(&whole);
+  layout->setCaretAway(false);
 }
 
 // The ground of text and gutter and the line between them. Whoever gets this message at another time than in a paint
