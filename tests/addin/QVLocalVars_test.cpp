@@ -10,6 +10,7 @@
 #include <QAbstractItemView>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 
 namespace quorvane {
 namespace {
@@ -31,6 +32,17 @@ TEST_F(QVLocalVars, StandsAtTheTopAndStaysThere) {
   EXPECT_EQ(platform::Align(*Toolbar), platform::TAlign::alTop);
   EXPECT_FALSE(Toolbar->isMovable());
   EXPECT_FALSE(Toolbar->isFloatable());
+}
+
+TEST_F(QVLocalVars, IsFlatWithAnEdgeBelow) {
+  Show();
+  const QImage picture = Toolbar->grab().toImage();
+  const QColor ground = Toolbar->palette().color(QPalette::Window);
+  const int right = picture.width() - 1; // no control stands there
+  for (int y = 0; y < picture.height() - 1; ++y)
+    ASSERT_EQ(picture.pixelColor(right, y), ground) << y;
+  EXPECT_NE(picture.pixelColor(right, picture.height() - 1), ground);
+  EXPECT_EQ(picture.pixelColor(0, 0), ground);
 }
 
 TEST_F(QVLocalVars, PlacesItsControlsOnlyWhenItIsGivenAParent) {
@@ -508,6 +520,36 @@ TEST_F(QVLocalVars, ASectionWithoutAViewIsReportedToTheApplication) {
   Services->TopView = nullptr;
   Item(SectionsMenu(), "Interface Section").trigger();
   EXPECT_EQ(TakeReported().size(), 1U);
+}
+
+// The buttons.
+
+struct PlaceOnButton {
+  const char* Name;
+  double Across; // from the left edge, 0 to 1
+};
+
+class QVLocalVarsButtons : public ToolbarTest, public testing::WithParamInterface<PlaceOnButton> {};
+INSTANTIATE_TEST_SUITE_P(All, QVLocalVarsButtons,
+                         testing::Values(PlaceOnButton{"Image", 0.25}, PlaceOnButton{"Arrow", 0.9}),
+                         [](const auto& place) { return std::string(place.param.Name); });
+
+TEST_P(QVLocalVarsButtons, OpenTheirMenusWhereverTheyAreClicked) {
+  Show();
+  Toolbar->UpdateToolBar(*AnOutline());
+  for (QToolButton* button : {&SectionsButton(), &UnitsButton()}) {
+    QMenu* const menu = button->menu();
+    int shown = 0;
+    QTimer closing; // the click returns when the menu has closed
+    QObject::connect(&closing, &QTimer::timeout, menu, [&] {
+      shown += menu->isVisible();
+      menu->close();
+    });
+    closing.start(1);
+    const QPoint place(static_cast<int>(button->width() * GetParam().Across), button->height() / 2);
+    QTest::mouseClick(button, Qt::LeftButton, {}, place);
+    EXPECT_TRUE(support::waitUntil([&] { return shown > 0; }));
+  }
 }
 
 // The menu of used units.

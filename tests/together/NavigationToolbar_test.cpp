@@ -261,6 +261,30 @@ TEST_F(NavigationToolbar, EachWindowShowsItsOwnUnit) {
   EXPECT_EQ(methods().count(), 2);
 }
 
+TEST_F(NavigationToolbar, KeepsTheLastOutlineWhileATextThatIsNoPascalIsOnTop) {
+  openParsed(aUnit());
+  ASSERT_TRUE(support::waitUntil([this] { return methods().count() == 2; }));
+  desktop::Page* const unit = window()->currentPage();
+  ASSERT_NE(workspace.openFile(write(QStringLiteral("notes.txt"), "procedure Notes;\n")), nullptr);
+  support::settle();
+  EXPECT_EQ(methods().count(), 2);
+  window()->showPage(unit);
+  putCaret(rowOf("procedure Rest") + 1, 1);
+  EXPECT_TRUE(comesTo(methods(), "Rest"));
+}
+
+TEST_F(NavigationToolbar, AFileMayCloseWhileTheListOfItsRoutinesIsOpen) {
+  openParsed(aUnit());
+  ASSERT_TRUE(support::waitUntil([this] { return methods().count() == 2; }));
+  methods().showPopup();
+  ASSERT_TRUE(support::waitUntil([this] { return methods().view()->isVisible(); }));
+  window()->closePage(window()->currentPage());
+  support::settle();
+  QTest::keyClick(methods().view(), Qt::Key_Escape);
+  EXPECT_TRUE(support::waitUntil([this] { return !methods().view()->isVisible(); }));
+  EXPECT_EQ(services->GetTopView(), nullptr);
+}
+
 TEST_F(NavigationToolbar, HoldsAUnitOfTwentyThousandRoutines) {
   QByteArray unit = "unit unit1;\ninterface\nimplementation\n";
   for (int index = 0; index < 20000; ++index)
