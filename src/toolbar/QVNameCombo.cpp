@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace quorvane {
@@ -22,7 +23,7 @@ constexpr int kVisibleItems = 16;
 constexpr int kLeastWidth = 60;
 
 // Names are bytes of the text as the host serves it: one a character.
-QLatin1String Served(const std::string& name) {
+QLatin1String Served(std::string_view name) {
   return QLatin1String(name.data(), static_cast<qsizetype>(name.size()));
 }
 

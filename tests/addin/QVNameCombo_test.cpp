@@ -144,10 +144,10 @@ TEST_F(QVNameCombo, EntriesAreAtLeastFourteenPixelsHighAndAsHighAsTheirFont) {
 }
 
 TEST_F(QVNameCombo, OpensALongListWithoutMeasuringEveryEntry) {
-  TQVNameList names;
+  TQVPasInfo info;
   for (int index = 0; index < 20000; ++index)
-    names.emplace("Routine" + std::to_string(index), index);
-  Combo.SetNames(names);
+    info.AddMethod("Routine" + std::to_string(index), index);
+  Combo.SetNames(info.GetMethods());
   EXPECT_TRUE(qobject_cast<QListView*>(Combo.view())->uniformItemSizes());
   ShowCombo();
   Combo.showPopup();

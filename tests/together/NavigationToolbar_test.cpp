@@ -4,7 +4,6 @@
 
 #include "analysis/QVParseThread.h"
 #include "support/PascalUnits.h"
-#include "toolbar/QVColumnMenu.h"
 #include "toolbar/QVEditorToolbar.h"
 #include "toolbar/QVLocalVars.h"
 #include "toolbar/QVNameCombo.h"
@@ -20,7 +19,6 @@ namespace together {
 namespace {
 
 using desktop::TEditWindow;
-using quorvane::TQVColumnMenu;
 using quorvane::TQVEditorToolbar;
 using quorvane::TQVNameCombo;
 
