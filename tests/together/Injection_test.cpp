@@ -8,7 +8,6 @@
 #include "toolbar/QVLineNumbers.h"
 #include "toolbar/QVLocalVars.h"
 
-#include <QAbstractScrollArea>
 #include <QEvent>
 #include <QScrollBar>
 #include <QWheelEvent>
@@ -42,6 +41,38 @@ protected:
 
 private:
   QEvent::Type type_;
+};
+
+// Tells, while it lives, how the paints of a control nest and how often a widget is resized inside one.
+class PaintWatch : public QObject {
+public:
+  PaintWatch(platform::TWinControl& control, QWidget& resized) : control_(control), previous_(control.WindowProc()) {
+    control.SetWindowProc(platform::TWndMethod::Of<&PaintWatch::Proc>(*this));
+    resized.installEventFilter(this);
+  }
+  ~PaintWatch() override { control_.SetWindowProc(previous_); }
+
+  int deepest = 0;
+  int resizesInside = 0;
+
+  void Proc(platform::TMessage& message) {
+    const bool isPaint = message.Msg == platform::WM_PAINT;
+    depth_ += isPaint;
+    deepest = std::max(deepest, depth_);
+    previous_(message);
+    depth_ -= isPaint;
+  }
+
+protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    resizesInside += depth_ > 0 && event->type() == QEvent::Resize;
+    return false;
+  }
+
+private:
+  platform::TWinControl& control_;
+  platform::TWndMethod previous_;
+  int depth_ = 0;
 };
 
 class Injection : public TogetherFixture {
@@ -209,7 +240,7 @@ TEST_F(Injection, NothingIsPaintedWhileNothingMoves) {
 class InjectionWidth : public Injection, public testing::WithParamInterface<bool> {};
 INSTANTIATE_TEST_SUITE_P(LeftAndRight, InjectionWidth, testing::Bool());
 
-TEST_P(InjectionWidth, AFurtherDigitLaysTheWindowOutOnceAndPaintsNothingInsideAPaint) {
+TEST_P(InjectionWidth, AFurtherDigitLaysTheWindowOutOnceAndNotInsideAPaint) {
   quorvane::OptLineNumbersLeft = GetParam();
   openEquipped(linesOf(99));
   editor()->setCaret(99, 1);
@@ -217,13 +248,15 @@ TEST_P(InjectionWidth, AFurtherDigitLaysTheWindowOutOnceAndPaintsNothingInsideAP
   const int narrow = numbers().width();
   EventCount resizes(numbers(), QEvent::Resize);
   EventCount layouts(*window(), QEvent::LayoutRequest);
-  forgetHostPaints();
+  const PaintWatch watch(*editor(), numbers());
   QTest::keyClick(editor(), Qt::Key_Return);
   support::settle();
   ASSERT_EQ(editor()->lineCount(), 100);
   EXPECT_GT(numbers().width(), narrow);
   EXPECT_EQ(resizes.count, 1);
   EXPECT_EQ(layouts.count, 1);
+  EXPECT_EQ(watch.deepest, 1);
+  EXPECT_EQ(watch.resizesInside, 0);
   EXPECT_TRUE(isUpToDate());
 }
 
