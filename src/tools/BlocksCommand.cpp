@@ -2,10 +2,9 @@
 #include "tools/BlocksCommand.h"
 
 #include "analysis/QVLiteParse.h"
-#include "tools/Input.h"
 #include "tools/Json.h"
+#include "tools/JsonLinesCommand.h"
 
-#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -39,7 +38,7 @@ void WriteEvent(std::string_view name, std::span<const TQVLitePasElement> elemen
   output.EndLine();
 }
 
-void WriteBlocks(const std::string& text, TOutput& output) {
+void WriteBlocks(std::string& text, TOutput& output) {
   const auto writer = [&output](std::string_view name) {
     return [name, &output](std::span<const TQVLitePasElement> elements) { WriteEvent(name, elements, output); };
   };
@@ -52,18 +51,14 @@ void WriteBlocks(const std::string& text, TOutput& output) {
 } // namespace
 
 void AddBlocksCommand(CLI::App& program, TSession& session) {
-  CLI::App* command = program.add_subcommand("blocks", "List the blocks and parentheses of Pascal files as JSON Lines");
-  command->footer(
-      "Each construct is one object, written where it closes: \"round\" for a pair of parentheses, \"block\" for the\n"
-      "words of begin, case, if, repeat and try. An element has the position just past its word and the column of its\n"
-      "first character, both counted from 0, and the line counted from 1. A file without blocks gives nothing;\n"
-      "several files follow each other.");
-  const auto options = std::make_shared<TInputOptions>();
-  AddInputOptions(*command, *options);
-  command->callback([options, &session] {
-    ForEachText(*options, session,
-                [&session](const std::string&, std::string& text) { WriteBlocks(text, session.Output()); });
-  });
+  AddJsonLinesCommand(
+      program, session,
+      {"blocks", "List the blocks and parentheses of Pascal files as JSON Lines",
+       "Each construct is one object, written where it closes: \"round\" for a pair of parentheses, \"block\" for the\n"
+       "words of begin, case, if, repeat and try. An element has the position just past its word and the column of "
+       "its\n"
+       "first character, both counted from 0, and the line counted from 1. A file without blocks gives nothing.\n",
+       WriteBlocks});
 }
 
 } // namespace quorvane

@@ -8,12 +8,12 @@
 #include "tools/Progress.h"
 #include "tools/UnitCheck.h"
 
-#include <CLI/Error.hpp>
 #include <CLI/Validators.hpp>
 
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -48,9 +48,11 @@ public:
 
   void Run() {
     FReport->Start();
-    CheckFiles(FindPascalFiles(FOptions.Files, [this](const std::string& folder, const std::string& reason) {
-      ReportTrouble(folder, reason);
-    }));
+    Attempt({}, [this] {
+      CheckFiles(FindPascalFiles(FOptions.Files, [this](const std::string& folder, const std::string& reason) {
+        ReportTrouble(folder, reason);
+      }));
+    });
     FReport->Finish();
   }
 
@@ -66,7 +68,7 @@ private:
       if (result.Findings.empty() && result.Trouble.empty())
         continue;
       progress.Erase();
-      Tell(files[index], result);
+      Attempt(files[index], [&] { Tell(files[index], result); });
       FSession.Output().Flush();
     }
   }
@@ -86,6 +88,12 @@ private:
     FReport->Note(file, note, false);
   }
 
+  // Whatever goes wrong is the trouble of `file`, or of the whole run if it is empty.
+  void Attempt(const std::string& file, const std::function<void()>& work) {
+    if (const std::string reason = FSession.Attempt(work); !reason.empty())
+      ReportTrouble(file, reason);
+  }
+
   void ReportTrouble(const std::string& file, const std::string& reason) {
     FSession.ReportTrouble(file, reason);
     FReport->Note(file, reason, true);
@@ -98,8 +106,7 @@ private:
 };
 
 void Check(const TCheckCommandOptions& options, TSession& session) {
-  if (std::ranges::count(options.Files, StandardInput) > 1)
-    throw CLI::ValidationError("FILE", "standard input is given more than once");
+  RequireOneStandardInput(options);
   TCheckRun(options, session).Run();
 }
 

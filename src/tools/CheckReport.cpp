@@ -13,10 +13,9 @@ public:
   explicit TTextReport(TOutput& output) : FOutput(output) {}
 
   void Add(const std::string& file, const TFinding& finding) override {
-    constexpr std::size_t MaxMessage = 200;
-    FOutput.Line() += file;
+    FOutput.Line() += ShownName(file);
     FOutput.Line() += ':' + std::to_string(finding.Line) + ':' + std::to_string(finding.Column) + ": error: ";
-    Write(ShownServed(finding.Message, MaxMessage));
+    Write(ShownServed(finding.Message));
     Write(finding.Excerpt.Source);
     Write(finding.Excerpt.Marks);
   }

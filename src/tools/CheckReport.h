@@ -20,7 +20,8 @@ public:
   virtual void Start() {}
   virtual void Add(const std::string& file, const TFinding& finding) = 0;
 
-  // What the check could not do, which stands on standard error too. With trouble the check is no success.
+  // What the check could not do, which stands on standard error too; without a file it is told of the whole run. With
+  // trouble the check is no success.
   virtual void Note(const std::string& /*file*/, const std::string& /*text*/, bool /*isTrouble*/) {}
 
   // Comes last, however the check went.

@@ -56,7 +56,8 @@ std::u16string_view TExcerptLine::Part(std::size_t first, std::size_t count) {
 TExcerpt TExcerptLine::At(std::size_t column, std::size_t tokenLength) {
   const std::size_t size = std::min(FLength, MaxShown);
   const std::size_t start = std::min(column - std::min(column, ShownBefore), FLength - size);
-  const std::u16string_view shown = Part(start, size);
+  const std::u16string text = WithSigns(Part(start, size));
+  const std::u16string_view shown = text;
   const std::size_t tokenAt = UnitOfCharacter(shown, column - start);
   const std::u16string_view token = shown.substr(tokenAt);
 

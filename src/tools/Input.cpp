@@ -3,6 +3,9 @@
 
 #include "text/ServedText.h"
 
+#include <CLI/Error.hpp>
+
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -97,17 +100,21 @@ void AddDecodedInputOptions(CLI::App& command, TInputOptions& options, const std
   AddEncoding(command, options.EncodingName, "The encoding");
 }
 
+void RequireOneStandardInput(const TInputOptions& options) {
+  if (std::ranges::count(options.Files, StandardInput) > 1)
+    throw CLI::ValidationError("FILE", "standard input is given more than once");
+}
+
 void ForEachText(const TInputOptions& options, TSession& session,
                  const std::function<void(const std::string& file, std::string& text)>& work) {
+  RequireOneStandardInput(options);
   for (const std::string& file : options.Files) {
-    std::string text;
-    try {
-      text = TextOf(ReadFile(file), options);
-    } catch (const std::system_error& error) {
-      session.ReportTrouble(file, error.code().message());
-      continue;
-    }
-    work(file, text);
+    const std::string reason = session.Attempt([&] {
+      std::string text = TextOf(ReadFile(file), options);
+      work(file, text);
+    });
+    if (!reason.empty())
+      session.ReportTrouble(file, reason);
   }
 }
 

@@ -29,8 +29,12 @@ void AddInputOptions(CLI::App& command, TInputOptions& options);
 // The same for a command that always decodes: it has no --decode. `files` is the help on the positional arguments.
 void AddDecodedInputOptions(CLI::App& command, TInputOptions& options, const std::string& files);
 
-// Calls `work` with the name and the text of each file in the order given. A file that cannot be read is reported as
-// trouble and passed over. The text is the work's to change.
+// Refuses a command line that names standard input more than once, since it can be read only once. Throws
+// CLI::ParseError.
+void RequireOneStandardInput(const TInputOptions& options);
+
+// Calls `work` with the name and the text of each file in the order given. A file that cannot be read or worked on,
+// whatever the exception, is reported as trouble and passed over. The text is the work's to change.
 void ForEachText(const TInputOptions& options, TSession& session,
                  const std::function<void(const std::string& file, std::string& text)>& work);
 

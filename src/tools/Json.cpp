@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Json.h"
 
+#include "text/Utf8.h"
 #include "tools/ShownText.h"
 
 #include <array>
@@ -9,9 +10,9 @@
 namespace quorvane {
 namespace {
 
-void AppendEscaped(unsigned char byte, std::string& out) {
+void AppendEscaped(char16_t unit, std::string& out) {
   constexpr std::string_view HexDigits = "0123456789abcdef";
-  switch (byte) {
+  switch (unit) {
   case '"':
     out += "\\\"";
     break;
@@ -34,14 +35,14 @@ void AppendEscaped(unsigned char byte, std::string& out) {
     out += "\\r";
     break;
   default:
-    out += "\\u00";
-    out += HexDigits[byte >> 4];
-    out += HexDigits[byte & 0xF];
+    out += "\\u";
+    for (const int shift : {12, 8, 4, 0})
+      out += HexDigits[unit >> shift & 0xF];
   }
 }
 
-bool NeedsEscape(unsigned char byte) {
-  return byte < 0x20 || byte == '"' || byte == '\\';
+bool NeedsEscape(char16_t unit) {
+  return unit == u'"' || unit == u'\\' || IsControl(unit);
 }
 
 } // namespace
@@ -64,20 +65,31 @@ void AppendJsonString(std::string_view text, std::string& out) {
 
 void AppendJsonUtf8(std::string_view text, std::string& out) {
   out += '"';
-  for (const char character : ValidUtf8(text)) {
-    if (const auto byte = static_cast<unsigned char>(character); NeedsEscape(byte))
-      AppendEscaped(byte, out);
-    else
-      out += character;
+  std::u16string plain;
+  const auto appendPlain = [&plain, &out] {
+    out += EncodeUtf8(plain).value_or(std::string());
+    plain.clear();
+  };
+  for (const char16_t unit : DecodeUtf8(text)) {
+    if (!NeedsEscape(unit)) {
+      plain += unit;
+      continue;
+    }
+    appendPlain();
+    AppendEscaped(unit, out);
   }
+  appendPlain();
   out += '"';
+}
+
+void AppendJsonNumber(std::int32_t number, std::string& out) {
+  std::array<char, 12> digits{};
+  out.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
 }
 
 void TJsonObject::Add(std::string_view key, std::int32_t value) {
   AddKey(key);
-  std::array<char, 12> digits{};
-  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-  FOut.append(digits.data(), end);
+  AppendJsonNumber(value, FOut);
 }
 
 void TJsonObject::Add(std::string_view key, std::string_view value) {

@@ -4,8 +4,6 @@
 #include "tools/Json.h"
 #include "tools/ShownText.h"
 
-#include <array>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -13,11 +11,6 @@
 
 namespace quorvane {
 namespace {
-
-void AppendNumber(std::int32_t number, std::string& out) {
-  std::array<char, 12> digits{};
-  out.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
-}
 
 // Appends `[a,b,...]`, each item by `append`.
 template <typename TItems, typename TAppend>
@@ -37,7 +30,7 @@ void AddNames(TJsonObject& object, std::string_view key, const TQVNameList& name
     line += '[';
     AppendJsonString(entry.first, line);
     line += ',';
-    AppendNumber(entry.second, line);
+    AppendJsonNumber(entry.second, line);
     line += ']';
   });
 }
@@ -63,7 +56,7 @@ public:
     out.append(2 * depth, ' ') += text;
     if (line >= 0) {
       out += " (line ";
-      AppendNumber(line + 1, out);
+      AppendJsonNumber(line + 1, out);
       out += ')';
     }
     FOutput.EndLine();
@@ -130,10 +123,9 @@ void WriteOutlineAsJson(const TFileOutline& outline, TOutput& output) {
 }
 
 void WriteOutlineAsTree(const TFileOutline& outline, TOutput& output) {
-  constexpr std::size_t MaxMessage = 200;
   const IQVPasInfo& info = *outline.Info;
   TTree tree(output);
-  tree.Add(0, outline.File);
+  tree.Add(0, ShownName(outline.File));
   AddSection(tree, "interface", info.GetInterfaceLine(), info.GetInterfaceUses(), info.GetInterfaceUsesLine());
   AddSection(tree, "implementation", info.GetImplementationLine(), info.GetImplementationUses(),
              info.GetImplementationUsesLine());
@@ -142,7 +134,7 @@ void WriteOutlineAsTree(const TFileOutline& outline, TOutput& output) {
   if (outline.HasCaret)
     tree.Add(1, CaretText(info));
   if (outline.Fatal)
-    tree.Add(1, "ended early: " + ShownServed(*outline.Fatal, MaxMessage));
+    tree.Add(1, "ended early: " + ShownServed(ShortMessage(*outline.Fatal)));
 }
 
 } // namespace quorvane

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <cstddef>
 #include <string_view>
+#include <system_error>
 #include <unistd.h>
 
 namespace quorvane {
@@ -11,12 +12,14 @@ namespace quorvane {
 void TOutput::EndLine() {
   constexpr std::size_t PieceSize = std::size_t{64} * 1024;
   FBuffer += '\n';
+  FLineStart = FBuffer.size();
   if (FBuffer.size() >= PieceSize)
     Flush();
 }
 
 void TOutput::Flush() {
   std::string_view rest = FBuffer;
+  FLineStart = 0;
   while (!rest.empty()) {
     const ssize_t written = write(STDOUT_FILENO, rest.data(), rest.size());
     if (written >= 0) {
@@ -29,7 +32,7 @@ void TOutput::Flush() {
     FBuffer.clear();
     if (reason == EPIPE)
       throw EOutputClosed();
-    throw std::system_error(reason, std::generic_category());
+    throw EOutputError(std::generic_category().message(reason));
   }
   FBuffer.clear();
 }

@@ -13,8 +13,8 @@ namespace quorvane {
 using TOnFolderTrouble = std::function<void(const std::string& folder, const std::string& reason)>;
 
 // Each name with every folder replaced by the Pascal files (.pas, .pp, .dpr, .dpk, in any case) in it and below it, in
-// the order of their names. A folder behind a symbolic link is walked only if it is named itself, so the walk ends and
-// meets no file twice. Other names stay as they are, whatever is there.
+// the order of their names. A folder behind a symbolic link is walked only if it is named itself, so the walk ends.
+// Other names stay as they are, whatever is there. A file that is reached in several ways stands there as often.
 std::vector<std::string> FindPascalFiles(const std::vector<std::string>& names, const TOnFolderTrouble& onTrouble);
 
 } // namespace quorvane

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "tools/SarifReport.h"
 
+#include "tools/Input.h"
 #include "tools/Json.h"
 
 #include <cstddef>
@@ -26,10 +27,11 @@ bool StandsInUri(char character) {
 void AddMessage(TJsonObject& object, std::string& out, std::string_view text, bool isServed) {
   object.AddKey("message");
   TJsonObject message(out);
+  const std::string escaped = SarifMessage(text);
   if (isServed)
-    message.Add("text", text);
+    message.Add("text", escaped);
   else
-    message.AddUtf8("text", text);
+    message.AddUtf8("text", escaped);
 }
 
 void AddRegion(TJsonObject& place, std::string& out, const TFinding& finding) {
@@ -59,10 +61,18 @@ void AddLocations(TJsonObject& object, std::string& out, std::string_view file, 
   out += ']';
 }
 
+// The format has no word for it, but a place for what is a tool's own.
+void AddFatalMark(TJsonObject& result, std::string& out) {
+  result.AddKey("properties");
+  TJsonObject(out).AddBool("fatal", true);
+}
+
 } // namespace
 
 std::string UriOfFile(std::string_view file) {
   constexpr std::string_view HexDigits = "0123456789ABCDEF";
+  if (file == StandardInput)
+    return "stdin:";
   std::string uri = file.starts_with('/') ? "file://" : "";
   for (const char character : file) {
     if (StandsInUri(character)) {
@@ -77,6 +87,22 @@ std::string UriOfFile(std::string_view file) {
   return uri;
 }
 
+// Backslashes escape the brackets of a link only; without a link they and the brackets are characters like any other.
+std::string SarifMessage(std::string_view text) {
+  constexpr std::string_view Doubled = "{}";
+  constexpr std::string_view Escaped = "\\[]";
+  const bool hasLink = text.find("](") != std::string_view::npos;
+  std::string message;
+  for (const char character : text) {
+    if (Doubled.find(character) != std::string_view::npos)
+      message += character;
+    else if (hasLink && Escaped.find(character) != std::string_view::npos)
+      message += '\\';
+    message += character;
+  }
+  return message;
+}
+
 void TSarifReport::Start() {
   FOutput.Line() += Head;
   FOutput.EndLine();
@@ -86,7 +112,6 @@ void TSarifReport::Add(const std::string& file, const TFinding& finding) {
   std::string& out = FOutput.Line();
   if (FHasResults)
     out += ',';
-  FHasResults = true;
   {
     TJsonObject result(out);
     result.Add("ruleId", Rule);
@@ -94,8 +119,11 @@ void TSarifReport::Add(const std::string& file, const TFinding& finding) {
     result.Add("level", "error");
     AddMessage(result, out, finding.Message, true);
     AddLocations(result, out, file, &finding);
+    if (finding.IsFatal)
+      AddFatalMark(result, out);
   }
   FOutput.EndLine();
+  FHasResults = true;
 }
 
 void TSarifReport::Note(const std::string& file, const std::string& text, bool isTrouble) {
@@ -111,7 +139,8 @@ void TSarifReport::AppendNotes(std::string& out) const {
     TJsonObject object(out);
     object.Add("level", note.IsTrouble ? "error" : "warning");
     AddMessage(object, out, note.Text, false);
-    AddLocations(object, out, note.File, nullptr);
+    if (!note.File.empty())
+      AddLocations(object, out, note.File, nullptr);
   }
   out += ']';
 }

@@ -11,8 +11,13 @@
 
 namespace quorvane {
 
-// The URI reference of a file's name: absolute names as file:///..., others relative to where the check runs.
+// The URI reference of a file's name: absolute names as file:///..., others relative to where the check runs. Standard
+// input, which is no file, is "stdin:".
 std::string UriOfFile(std::string_view file);
+
+// A text, served or UTF-8, as a message of a log, in which braces stand for arguments and [text](target) for a link:
+// those of the text are escaped, so that a reader shows the text as it is.
+std::string SarifMessage(std::string_view text);
 
 // One log with one run. Results are written as they come; what is told of the run itself stands behind them.
 class TSarifReport : public ICheckReport {
@@ -26,7 +31,7 @@ public:
 
 private:
   struct TNote {
-    std::string File;
+    std::string File; // empty for the whole run
     std::string Text;
     bool IsTrouble;
   };

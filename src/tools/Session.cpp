@@ -1,9 +1,24 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Session.h"
 
+#include "tools/Failure.h"
+#include "tools/ShownText.h"
+
 #include <iostream>
 
 namespace quorvane {
+
+std::string TSession::Attempt(const std::function<void()>& work) {
+  try {
+    work();
+    return {};
+  } catch (const EOutputError&) {
+    throw;
+  } catch (...) {
+    FOutput.DropLine();
+    return FailureReason();
+  }
+}
 
 void TSession::ReportTrouble(std::string_view subject, std::string_view reason) {
   FExitCode = TExitCode::Trouble;
@@ -12,7 +27,10 @@ void TSession::ReportTrouble(std::string_view subject, std::string_view reason) 
 
 void TSession::Warn(std::string_view subject, std::string_view text) {
   FOutput.Flush();
-  std::cerr << "quorvane: " << subject << ": " << text << '\n';
+  std::cerr << "quorvane: ";
+  if (!subject.empty())
+    std::cerr << ShownName(subject) << ": ";
+  std::cerr << ShownName(text) << '\n';
 }
 
 void TSession::ReportFindings() {

@@ -4,6 +4,8 @@
 
 #include "tools/Output.h"
 
+#include <functional>
+#include <string>
 #include <string_view>
 
 namespace quorvane {
@@ -18,7 +20,12 @@ class TSession {
 public:
   TOutput& Output() { return FOutput; }
 
-  // Writes "quorvane: SUBJECT: REASON" to standard error, after all results so far; the run ends with Trouble.
+  // Does `work` and returns why it failed, whatever that is; empty if it did not. The results stay, but for a line that
+  // was half written. Only errors of the output, which end the run, pass through.
+  std::string Attempt(const std::function<void()>& work);
+
+  // Writes "quorvane: SUBJECT: REASON" to standard error, after all results so far; the run ends with Trouble. Without
+  // a subject it is trouble of the whole run. Both are shown as ShownName shows them.
   void ReportTrouble(std::string_view subject, std::string_view reason);
 
   // Writes the same line for what is worth knowing and no trouble.

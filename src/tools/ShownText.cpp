@@ -7,8 +7,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
 #include <span>
-#include <utility>
 
 namespace quorvane {
 namespace {
@@ -22,7 +22,7 @@ struct TCharacterRange {
 constexpr std::array ZeroCells = {
     TCharacterRange{0x0300, 0x036F}, TCharacterRange{0x0483, 0x0489},  TCharacterRange{0x0591, 0x05BD},
     TCharacterRange{0x064B, 0x065F}, TCharacterRange{0x1AB0, 0x1AFF},  TCharacterRange{0x1DC0, 0x1DFF},
-    TCharacterRange{0x200B, 0x200F}, TCharacterRange{0x202A, 0x202E},  TCharacterRange{0x2060, 0x2069},
+    TCharacterRange{0x200B, 0x200D}, TCharacterRange{0x2060, 0x2065},  TCharacterRange{0x206A, 0x206F},
     TCharacterRange{0x20D0, 0x20FF}, TCharacterRange{0xFE00, 0xFE0F},  TCharacterRange{0xFE20, 0xFE2F},
     TCharacterRange{0xFEFF, 0xFEFF}, TCharacterRange{0xE0100, 0xE01EF}};
 
@@ -41,20 +41,19 @@ bool IsIn(std::span<const TCharacterRange> ranges, char32_t character) {
   });
 }
 
+// The characters without a cell that turn the direction of writing or end a line.
+constexpr std::array Unseen = {TCharacterRange{0x061C, 0x061C}, TCharacterRange{0x200E, 0x200F},
+                               TCharacterRange{0x2028, 0x202E}, TCharacterRange{0x2066, 0x2069}};
+
 // Unicode has a picture for each control character of ASCII.
 constexpr char16_t ControlPictures = 0x2400;
 constexpr char16_t DeletePicture = 0x2421;
+constexpr char16_t Delete = 0x7F;
 
-char16_t Shown(char16_t unit) {
-  if (unit < 0x20 && unit != u'\t')
-    return static_cast<char16_t>(ControlPictures + unit);
-  if (unit == 0x7F)
-    return DeletePicture;
-  return unit >= 0x80 && unit < 0xA0 ? ReplacementCharacter : unit;
-}
-
-std::u16string WideOfServed(std::string_view served) {
-  return DecodeAs(served, CodePageEncoding(TCodePage::Latin1)).Text;
+char16_t Sign(char16_t control) {
+  if (control < ' ')
+    return static_cast<char16_t>(ControlPictures + control);
+  return control == Delete ? DeletePicture : ReplacementCharacter;
 }
 
 // UTF-8 cannot say half a pair.
@@ -70,21 +69,37 @@ std::string Utf8Of(std::u16string text) {
 
 } // namespace
 
-std::string ValidUtf8(std::string_view bytes) {
-  return FirstMalformedUtf8(bytes) ? Utf8Of(DecodeUtf8(bytes)) : std::string(bytes);
+bool IsControl(char16_t unit) {
+  constexpr char16_t FirstBeyondControls = 0xA0;
+  return unit < FirstBeyondControls ? unit < ' ' || unit >= Delete : IsIn(Unseen, unit);
+}
+
+std::u16string WithSigns(std::u16string_view line) {
+  std::u16string shown(line);
+  for (char16_t& unit : shown)
+    if (unit != u'\t' && IsControl(unit))
+      unit = Sign(unit);
+  return shown;
 }
 
 std::string ShownLine(std::u16string_view line) {
-  std::u16string shown(line);
-  std::ranges::transform(shown, shown.begin(), Shown);
-  return Utf8Of(std::move(shown));
+  return Utf8Of(WithSigns(line));
 }
 
-std::string ShownServed(std::string_view served, std::size_t limit) {
+std::string ShownServed(std::string_view served) {
+  return ShownLine(DecodeAs(served, CodePageEncoding(TCodePage::Latin1)).Text);
+}
+
+std::string ShownName(std::string_view name) {
+  return ShownLine(DecodeUtf8(name));
+}
+
+std::string ShortMessage(std::string message) {
+  constexpr std::size_t MaxLength = 200;
   constexpr std::string_view Dots = "...";
-  if (served.size() <= limit)
-    return ShownLine(WideOfServed(served));
-  return ShownLine(WideOfServed(served.substr(0, limit - Dots.size()))).append(Dots);
+  if (message.size() <= MaxLength)
+    return message;
+  return message.substr(0, MaxLength - Dots.size()).append(Dots);
 }
 
 int CellsOf(char32_t character) {

@@ -2,26 +2,16 @@
 #include "tools/TokensCommand.h"
 
 #include "lexer/zkPasLex.h"
-#include "tools/Input.h"
 #include "tools/Json.h"
+#include "tools/JsonLinesCommand.h"
+#include "tools/JsonMessage.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <string_view>
 
 namespace quorvane {
 namespace {
-
-void WriteMessage(std::string_view msg, std::int32_t x, std::int32_t y, TOutput& output) {
-  {
-    TJsonObject object(output.Line());
-    object.Add("msg", msg);
-    object.Add("x", x);
-    object.Add("y", y);
-  }
-  output.EndLine();
-}
 
 void WriteToken(const TzkBasePasLex& lex, TOutput& output) {
   {
@@ -38,10 +28,10 @@ void WriteToken(const TzkBasePasLex& lex, TOutput& output) {
 }
 
 // Messages are written as they come, during the scan of their token, and so stand before it.
-void WriteTokens(const std::string& text, TOutput& output) {
+void WriteTokens(std::string& text, TOutput& output) {
   TzkPasLex lex;
   lex.SetOnMessage([&output](TzkBasePasLex&, std::string_view msg, std::int32_t x, std::int32_t y) {
-    WriteMessage(msg, x, y, output);
+    WriteJsonMessage(msg, x, y, false, output);
   });
   lex.SetOrigin(text.c_str());
   while (lex.TokenID() != ptNull) {
@@ -54,17 +44,12 @@ void WriteTokens(const std::string& text, TOutput& output) {
 } // namespace
 
 void AddTokensCommand(CLI::App& program, TSession& session) {
-  CLI::App* command = program.add_subcommand("tokens", "List the tokens of Pascal files as JSON Lines");
-  command->footer(
-      "Each token is one object: kind, extended kind, position, length, line and column, all counted from 0.\n"
-      "A message of the lexer stands on a line of its own before its token. Each file ends with a ptNull;\n"
-      "several files follow each other.");
-  const auto options = std::make_shared<TInputOptions>();
-  AddInputOptions(*command, *options);
-  command->callback([options, &session] {
-    ForEachText(*options, session,
-                [&session](const std::string&, std::string& text) { WriteTokens(text, session.Output()); });
-  });
+  AddJsonLinesCommand(
+      program, session,
+      {"tokens", "List the tokens of Pascal files as JSON Lines",
+       "Each token is one object: kind, extended kind, position, length, line and column, all counted from 0.\n"
+       "A message of the lexer stands on a line of its own before its token. Each file ends with a ptNull.\n",
+       WriteTokens});
 }
 
 } // namespace quorvane

@@ -3,14 +3,15 @@
 
 #include "analysis/QVPasInfo.h"
 #include "text/LineEnds.h"
+#include "tools/Failure.h"
 #include "tools/Input.h"
+#include "tools/ShownText.h"
 #include "tools/UnitParse.h"
 
 #include <algorithm>
-#include <exception>
 #include <memory>
+#include <optional>
 #include <string_view>
-#include <system_error>
 #include <tuple>
 #include <utility>
 
@@ -25,14 +26,36 @@ TFinding FindingOf(TSyntaxReport report) {
   finding.Line = report.Y + 1;
   finding.Column = std::max(report.X, 0) + 1;
   finding.Length = std::max(report.TokenLength + std::min(report.X, 0), 0);
-  finding.Message = std::move(report.Msg);
+  finding.Message = ShortMessage(std::move(report.Msg));
   finding.IsFatal = report.IsFatal;
   return finding;
 }
 
-// A report that ended the parse is kept whatever the number.
+// The index of the first NUL, which a parse takes for the end of the text, if it hides anything. NULs at the very end,
+// as blocks of a disk leave them, hide nothing.
+std::optional<std::size_t> HidingNul(std::string_view served) {
+  const std::size_t position = served.find('\0');
+  if (position == std::string_view::npos || served.find_first_not_of('\0', position) == std::string_view::npos)
+    return {};
+  return position;
+}
+
+TFinding HiddenTextFinding(std::string_view served, std::size_t position) {
+  const std::string_view before = served.substr(0, position);
+  TFinding finding;
+  finding.Line = static_cast<std::int32_t>(std::ranges::count(before, '\n')) + 1;
+  finding.Column = static_cast<std::int32_t>(position - (before.rfind('\n') + 1)) + 1;
+  finding.Length = 1;
+  finding.Message = "The text ends at a NUL character; what follows it was not checked";
+  finding.IsFatal = true;
+  return finding;
+}
+
+// Whatever their number, a report that ended the parse is kept, and so is the one on a NUL.
 TCheckResult FindingsIn(std::string served) {
   TCheckResult result;
+  if (const auto position = HidingNul(served))
+    result.Findings.push_back(HiddenTextFinding(served, *position));
   ParseUnit(served, std::make_shared<TQVPasInfo>(), nullptr, [&result](TSyntaxReport report) {
     if (result.Findings.size() < MaxFindings || report.IsFatal)
       result.Findings.push_back(FindingOf(std::move(report)));
@@ -77,17 +100,13 @@ TCheckResult Check(const std::string& file, const TCheckOptions& options) {
 } // namespace
 
 TCheckResult CheckFile(const std::string& file, const TCheckOptions& options) noexcept {
-  TCheckResult result;
   try {
-    result = Check(file, options);
-  } catch (const std::system_error& error) {
-    result.Trouble = error.code().message();
-  } catch (const std::bad_alloc&) {
-    result.Trouble = "Out of memory";
-  } catch (const std::exception& error) {
-    result.Trouble = error.what();
+    return Check(file, options);
+  } catch (...) {
+    TCheckResult result;
+    result.Trouble = FailureReason();
+    return result;
   }
-  return result;
 }
 
 } // namespace quorvane

@@ -15,7 +15,7 @@ struct TFinding {
   std::int32_t Line = 1; // of the token, as are column and length; both from 1, the column in characters
   std::int32_t Column = 1;
   std::int32_t Length = 0; // in characters, up to the end of the line; 0 at the end of a line or of the text
-  std::string Message;     // as served: a byte is a character
+  std::string Message;     // as served: a byte is a character; no longer than ShortMessage makes it
   bool IsFatal = false;    // what follows it was not looked at
   TExcerpt Excerpt;        // empty unless asked for
 };

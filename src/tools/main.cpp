@@ -2,9 +2,12 @@
 // quorvane: the lexer and the parsers of the add-in on the command line. Each subcommand has a file of its own.
 #include "tools/BlocksCommand.h"
 #include "tools/CheckCommand.h"
+#include "tools/Failure.h"
 #include "tools/MessagesCommand.h"
 #include "tools/OutlineCommand.h"
 #include "tools/Session.h"
+#include "tools/ShownText.h"
+#include "tools/Stack.h"
 #include "tools/TokensCommand.h"
 
 #include <CLI/App.hpp>
@@ -12,17 +15,23 @@
 #include <CLI/Formatter.hpp>
 
 #include <csignal>
-#include <exception>
 #include <iostream>
 #include <sstream>
 #include <string>
-#include <system_error>
+#include <vector>
 
 namespace quorvane {
 namespace {
 
-constexpr int ExitCode(TExitCode code) {
-  return static_cast<int>(code);
+// What is wrong with the command line. A word that means nothing here is told before what is missing: most often the
+// one is the other, misspelt.
+std::string Complaint(const CLI::App& program, const CLI::Error& error) {
+  const bool mayBeUnknown = error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError) ||
+                            error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
+  const std::vector<std::string> unknown = program.remaining(true);
+  if (!mayBeUnknown || unknown.empty())
+    return error.what();
+  return (unknown.front().starts_with('-') ? "unknown option " : "unknown command ") + unknown.front();
 }
 
 void DescribeProgram(CLI::App& program) {
@@ -30,8 +39,8 @@ void DescribeProgram(CLI::App& program) {
   program.footer("Exit code: 0 done, 1 a check found errors, 2 something could not be read, written or understood; the "
                  "other files are still done.");
   program.require_subcommand(1);
-  program.failure_message([](const CLI::App*, const CLI::Error& error) {
-    return std::string("quorvane: ") + error.what() + "\nTry quorvane --help.\n";
+  program.failure_message([](const CLI::App* failed, const CLI::Error& error) {
+    return "quorvane: " + ShownName(Complaint(*failed, error)) + "\nTry quorvane --help.\n";
   });
 }
 
@@ -50,23 +59,36 @@ TExitCode Do(CLI::App& program, int argc, char** argv, TSession& session) {
   }
 }
 
-int Run(int argc, char** argv) {
+// Only errors of the output are left to the caller; what else no command expected is told behind the results so far.
+TExitCode RunCommand(int argc, char** argv, TSession& session) {
+  TExitCode exitCode = TExitCode::Trouble;
+  const std::string reason = session.Attempt([&] {
+    CLI::App program("Reads Pascal source the way the editor's add-in does.", "quorvane");
+    DescribeProgram(program);
+    AddCheckCommand(program, session);
+    AddOutlineCommand(program, session);
+    AddMessagesCommand(program, session);
+    AddTokensCommand(program, session);
+    AddBlocksCommand(program, session);
+    exitCode = Do(program, argc, argv, session);
+  });
+  if (!reason.empty())
+    session.ReportTrouble({}, reason);
+  return exitCode;
+}
+
+TExitCode Run(int argc, char** argv) noexcept {
   TSession session;
-  CLI::App program("Reads Pascal source the way the editor's add-in does.", "quorvane");
-  DescribeProgram(program);
-  AddCheckCommand(program, session);
-  AddOutlineCommand(program, session);
-  AddMessagesCommand(program, session);
-  AddTokensCommand(program, session);
-  AddBlocksCommand(program, session);
   try {
-    return ExitCode(Do(program, argc, argv, session));
+    return RunCommand(argc, argv, session);
   } catch (const EOutputClosed&) {
-    return ExitCode(session.ExitCode());
-  } catch (const std::system_error& error) {
-    std::cerr << "quorvane: standard output: " << error.code().message() << '\n';
-    return ExitCode(TExitCode::Trouble);
+    return session.ExitCode();
+  } catch (const EOutputError& error) {
+    std::cerr << "quorvane: standard output: " << error.what() << '\n';
+  } catch (...) {
+    std::cerr << "quorvane: " << FailureReason() << '\n';
   }
+  return TExitCode::Trouble;
 }
 
 } // namespace
@@ -75,10 +97,11 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   // A reader that goes away is then seen where the writing fails.
   std::signal(SIGPIPE, SIG_IGN);
+  auto exitCode = quorvane::TExitCode::Trouble;
   try {
-    return quorvane::Run(argc, argv);
-  } catch (const std::exception& error) {
-    std::cerr << "quorvane: " << error.what() << '\n';
-    return static_cast<int>(quorvane::TExitCode::Trouble);
+    quorvane::RunOnDeepStack([&] { exitCode = quorvane::Run(argc, argv); });
+  } catch (...) {
+    std::cerr << "quorvane: " << quorvane::FailureReason() << '\n';
   }
+  return static_cast<int>(exitCode);
 }

@@ -122,6 +122,14 @@ TEST(Check, CutsALongLineAroundTheToken) {
                             std::string(161, ' ') + "^\n");
 }
 
+TEST(Check, ShortensALongTokenInTheMessageOfEveryFormat) {
+  const std::string text = "program p; begin if a " + std::string(1'000'000, 'n') + "; end.";
+  const std::string message = "Expected 'Then' found '" + std::string(174, 'n') + "...";
+  EXPECT_EQ(JsonLines(RunQuorvane({"check", "--format", "json", "-"}, text).Output).at(0)["message"], message);
+  const TRunResult sarif = RunQuorvane({"check", "--format", "sarif", "-"}, text);
+  EXPECT_EQ(nlohmann::json::parse(sarif.Output)["runs"][0]["results"][0]["message"]["text"], message);
+}
+
 TEST(Check, ShortensALongTokenInTheMessage) {
   const std::string name(1'000'000, 'n');
   const TRunResult run = RunQuorvane({"check", "-"}, "program p;\nbegin\nif a " + name + ";\nend.\n");
@@ -158,6 +166,50 @@ TEST(Check, DeepNestingEndsAtTheLimitInAThreadToo) {
   EXPECT_NE(run.Output.find(": error: Nested more than 4000 levels deep\n"), std::string::npos);
 }
 
+TEST(Check, TellsThatANulHidesTheRest) {
+  const TRunResult run = RunQuorvane({"check", "-"}, "unit u; interface\nimplementation end.\0 if a b"s);
+  EXPECT_EQ(run.ExitCode, 1);
+  EXPECT_EQ(run.Output, "-:2:20: error: The text ends at a NUL character; what follows it was not checked\n"
+                        "implementation end.\xE2\x90\x80 if a b\n"
+                        "                   ^\n");
+}
+
+TEST(Check, TellsOfTheNulBeforeTheErrorThatItMakes) {
+  const auto lines = JsonLines(RunQuorvane({"check", "--format", "json", "-"}, "unit\0 u;"s).Output);
+  ASSERT_EQ(lines.size(), 2U);
+  EXPECT_EQ(lines[0]["message"], "The text ends at a NUL character; what follows it was not checked");
+  EXPECT_EQ(lines[0]["fatal"], true);
+  EXPECT_EQ(lines[1]["message"], "Expected 'Identifier' found 'end of file'");
+}
+
+TEST(Check, NulsThatPadTheEndHideNothing) {
+  const TRunResult run = RunQuorvane({"check", "-"}, Flawless + std::string(500, '\0'));
+  EXPECT_EQ(run.ExitCode, 0);
+  EXPECT_EQ(run.Output, "");
+}
+
+TEST(Check, ANameCannotDisturbATerminalOrForgeAFinding) {
+  const TTempDir dir;
+  const std::string name = "a.pas:1:1: error: b\n\033[2J.pas";
+  dir.Write(name, "unit");
+  const TRunResult run = RunQuorvaneIn(dir, {"check", name, name + "\r"});
+  EXPECT_TRUE(run.Output.starts_with("a.pas:1:1: error: b\xE2\x90\x8A\xE2\x90\x9B[2J.pas:1:5: error: ")) << run.Output;
+  EXPECT_EQ(run.Errors,
+            "quorvane: a.pas:1:1: error: b\xE2\x90\x8A\xE2\x90\x9B[2J.pas\xE2\x90\x8D: No such file or directory\n");
+}
+
+TEST(Check, JsonNamesAFileWithControlCharacters) {
+  const TTempDir dir;
+  const std::string name = "a\n\033\x7F.pas";
+  dir.Write(name, "unit");
+  EXPECT_EQ(JsonLines(RunQuorvaneIn(dir, {"check", "--format", "json", name}).Output).at(0)["file"], name);
+}
+
+TEST(Check, TheSourceCannotTurnItselfAround) {
+  const TRunResult run = RunQuorvane({"check", "-"}, WrongAfter("if '\xE2\x80\xAE' "));
+  EXPECT_EQ(run.Output, "-:3:8: error: Expected 'Then' found 'b'\nif '\xEF\xBF\xBD' b;\n       ^\n");
+}
+
 TEST(Check, PackagesAndLibrariesAreCheckedToo) {
   const TTempDir dir;
   const std::string package = dir.Write("a.dpk", "package a;\nrequires b\ncontains c;\nend.");
@@ -186,10 +238,10 @@ TEST(Check, AnUnknownFormatIsRefused) {
   EXPECT_EQ(run.Errors, "quorvane: --format: unknown format xml\nTry quorvane --help.\n");
 }
 
-TEST(Check, StandardInputCanBeNamedOnce) {
-  const TRunResult run = RunQuorvane({"check", "-", "-"});
+TEST(Check, HasNoDecodingToAskFor) {
+  const TRunResult run = RunQuorvane({"check", "--decode", "-"});
   EXPECT_EQ(run.ExitCode, 2);
-  EXPECT_EQ(run.Errors, "quorvane: FILE: standard input is given more than once\nTry quorvane --help.\n");
+  EXPECT_EQ(run.Errors, "quorvane: unknown option --decode\nTry quorvane --help.\n");
 }
 
 TEST(Check, JobsMustBeAPositiveNumber) {

@@ -32,7 +32,7 @@ TEST(CommandLine, EachCommandHasHelpOfItsOwn) {
     const TRunResult run = RunQuorvane({command, "--help"});
     EXPECT_EQ(run.ExitCode, 0);
     EXPECT_NE(run.Output.find("--decode"), std::string::npos);
-    EXPECT_NE(run.Output.find("several files follow each other"), std::string::npos) << run.Output;
+    EXPECT_NE(run.Output.find("where\nthat counts, give one FILE a call."), std::string::npos) << run.Output;
   }
 }
 
@@ -64,6 +64,36 @@ TEST(CommandLine, ACommandWithoutFilesIsRefused) {
   EXPECT_EQ(run.Errors, "quorvane: FILE is required\nTry quorvane --help.\n");
 }
 
+TEST(CommandLine, AnUnknownCommandIsNamed) {
+  const TRunResult run = RunQuorvane({"chek", "a.pas"});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Output, "");
+  EXPECT_EQ(run.Errors, "quorvane: unknown command chek\nTry quorvane --help.\n");
+}
+
+TEST(CommandLine, AnUnknownOptionIsNamedWithAndWithoutAFile) {
+  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+           {"tokens", "--decod"}, {"tokens", "--decod", "-"}, {"--decod", "tokens", "-"}}) {
+    const TRunResult run = RunQuorvane(arguments);
+    EXPECT_EQ(run.ExitCode, 2);
+    EXPECT_EQ(run.Output, "");
+    EXPECT_EQ(run.Errors, "quorvane: unknown option --decod\nTry quorvane --help.\n");
+  }
+}
+
+TEST(CommandLine, AComplaintCannotDisturbATerminal) {
+  EXPECT_EQ(RunQuorvane({"\033[2J"}).Errors, "quorvane: unknown command \xE2\x90\x9B[2J\nTry quorvane --help.\n");
+}
+
+TEST(CommandLine, StandardInputCanBeNamedOnce) {
+  for (const char* command : {"check", "outline", "messages", "tokens", "blocks"}) {
+    const TRunResult run = RunQuorvane({command, "-", "-"});
+    EXPECT_EQ(run.ExitCode, 2) << command;
+    EXPECT_EQ(run.Output, "") << command;
+    EXPECT_EQ(run.Errors, "quorvane: FILE: standard input is given more than once\nTry quorvane --help.\n") << command;
+  }
+}
+
 TEST(CommandLine, AnUnknownEncodingIsRefused) {
   const TRunResult run = RunQuorvane({"tokens", "--decode", "--encoding", "klingon", "-"});
   EXPECT_EQ(run.ExitCode, 2);
@@ -85,9 +115,12 @@ TEST(CommandLine, AMissingFileIsReported) {
 }
 
 TEST(CommandLine, AFolderIsReported) {
-  const TRunResult run = RunQuorvane({"blocks", "/"});
-  EXPECT_EQ(run.ExitCode, 2);
-  EXPECT_EQ(run.Errors, "quorvane: /: Is a directory\n");
+  for (const char* command : {"outline", "messages", "tokens", "blocks"}) {
+    const TRunResult run = RunQuorvane({command, "/"});
+    EXPECT_EQ(run.ExitCode, 2) << command;
+    EXPECT_EQ(run.Output, "") << command;
+    EXPECT_EQ(run.Errors, "quorvane: /: Is a directory\n") << command;
+  }
 }
 
 TEST(CommandLine, AFileWithoutPermissionIsReported) {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Excerpt.h"
 
-#include "tools/ShownText.h"
-
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -32,6 +30,10 @@ TEST(Excerpt, MarksATokenWhereATerminalShowsIt) {
       {u"e\u0301 x", 3, 1, "e\xCC\x81 x", "  ^"},
       {u"\U0001F600 x", 2, 1, "\xF0\x9F\x98\x80 x", "   ^"},
       {u"\x1B[2J x", 5, 1, "\xE2\x90\x9B[2J x", "     ^"},
+      {u"a\u202Eb\u2066 x", 5, 1,
+       "a\xEF\xBF\xBD"
+       "b\xEF\xBF\xBD x",
+       "     ^"},
       {std::u16string(1, char16_t{0xD800}) + u" x", 2, 1, "\xEF\xBF\xBD x", "  ^"},
   };
   for (const TExcerptCase& row : cases) {
@@ -80,24 +82,6 @@ TEST(Excerpt, GivesTheSameInWhateverOrderItIsAsked) {
   EXPECT_TRUE(end.Source.ends_with("abc"));
   EXPECT_TRUE(start.Source.starts_with("\xF0\x9F\x98\x80"));
   EXPECT_EQ(line.At(502, 1).Source, end.Source);
-}
-
-TEST(ShownText, ReplacesWhatIsNotUtf8) {
-  EXPECT_EQ(ValidUtf8("a\xC3\xA9"), "a\xC3\xA9");
-  EXPECT_EQ(ValidUtf8("a\xC3"), "a\xEF\xBF\xBD");
-}
-
-TEST(ShownText, TakesAServedByteForACharacter) {
-  EXPECT_EQ(ShownServed("\xE9\xBF"), "\xC3\xA9\xC2\xBF");
-}
-
-TEST(ShownText, ShortensToTheLimit) {
-  EXPECT_EQ(ShownServed("abcdef", 6), "abcdef");
-  EXPECT_EQ(ShownServed("abcdefg", 6), "abc...");
-}
-
-TEST(ShownText, HasASignForEachControlCharacterButTheTab) {
-  EXPECT_EQ(ShownLine(u"\r\t\x7F\x9B"), "\xE2\x90\x8D\t\xE2\x90\xA1\xEF\xBF\xBD");
 }
 
 } // namespace

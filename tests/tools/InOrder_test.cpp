@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstddef>
 #include <thread>
@@ -37,24 +38,30 @@ TEST(InOrder, DoesEachPieceOnce) {
   EXPECT_EQ(done, Count);
 }
 
-// 16 pieces for each thread; the first is at work until the others are done.
+// Before each result is taken the threads have gone as far as they may, and are given the time to go too far.
 TEST(InOrder, RunsAheadByAFewPiecesOnly) {
-  constexpr std::size_t Ahead = 32;
+  constexpr std::size_t Threads = 2;
+  constexpr std::size_t Ahead = TInOrder<std::size_t>::Ahead(Threads);
+  constexpr std::size_t Count = 300;
   std::atomic<std::size_t> started = 0;
-  std::atomic<bool> mayEnd = false;
-  TInOrder<std::size_t> results(10 * Ahead, 2, [&](std::size_t piece) {
+  std::atomic<std::size_t> asked = 0; // how many results, the one being waited for included
+  std::atomic<std::size_t> tooEarly = 0;
+  TInOrder<std::size_t> results(Count, Threads, [&](std::size_t piece) {
+    if (piece >= asked + Ahead)
+      ++tooEarly;
     ++started;
     started.notify_all();
-    if (piece == 0)
-      mayEnd.wait(false);
     return piece;
   });
-  for (std::size_t seen = started; seen < Ahead; seen = started)
-    started.wait(seen);
-  EXPECT_EQ(started, Ahead);
-  mayEnd = true;
-  mayEnd.notify_all();
-  EXPECT_EQ(results.Next(), 0U);
+  for (std::size_t piece = 0; piece < Count; ++piece) {
+    for (std::size_t seen = started; seen < std::min(piece + Ahead, Count); seen = started)
+      started.wait(seen);
+    for (int turn = 0; turn < 100; ++turn)
+      std::this_thread::yield();
+    ++asked;
+    ASSERT_EQ(results.Next(), piece);
+  }
+  EXPECT_EQ(tooEarly, 0U);
 }
 
 TEST(InOrder, LeavesTheRestUndoneWhenItGoes) {
@@ -67,7 +74,7 @@ TEST(InOrder, LeavesTheRestUndoneWhenItGoes) {
     });
     results.Next();
   }
-  EXPECT_LE(done, 34U);
+  EXPECT_LE(done, 1 + TInOrder<int>::Ahead(2));
 }
 
 TEST(InOrder, NoPiecesAreNoWork) {

@@ -26,6 +26,24 @@ TEST(Json, EveryByteComesBackAsTheCharacterOfItsCode) {
   }
 }
 
+TEST(Json, EscapesTheControlCharactersBeyondAscii) {
+  std::string out;
+  AppendJsonString("~\x7F\x80\x9F\xA0", out);
+  EXPECT_EQ(out, "\"~\\u007f\\u0080\\u009f\xC2\xA0\"");
+}
+
+TEST(Json, EscapesWhatEndsALineOrTurnsTheDirectionOfWriting) {
+  std::string out;
+  AppendJsonUtf8("a\xC2\x85\xE2\x80\xA8\xE2\x80\xA9\xE2\x80\xAE\n\"\xC3\xA9\xF0\x9F\x98\x80", out);
+  EXPECT_EQ(out, "\"a\\u0085\\u2028\\u2029\\u202e\\n\\\"\xC3\xA9\xF0\x9F\x98\x80\"");
+}
+
+TEST(Json, ReplacesWhatIsNotUtf8) {
+  std::string out;
+  AppendJsonUtf8("a\xC3", out);
+  EXPECT_EQ(out, "\"a\xEF\xBF\xBD\"");
+}
+
 TEST(Json, AnObjectKeepsTheOrderOfItsKeys) {
   std::string out;
   {

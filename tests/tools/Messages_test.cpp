@@ -64,6 +64,25 @@ TEST(Messages, CountBytesUnlessDecoded) {
   EXPECT_EQ(JsonLines(run.Output).at(0)["x"], 24);
 }
 
+TEST(Messages, OnAFullDiskAreTrouble) {
+  const TTempDir dir;
+  const TRunResult run = RunQuorvaneInto("/dev/full", {"messages", dir.Write("a.pas", "unit")});
+  EXPECT_EQ(run.ExitCode, 2);
+  EXPECT_EQ(run.Errors, "quorvane: standard output: No space left on device\n");
+}
+
+// Far more of them than a pipe holds.
+TEST(Messages, EndQuietlyWhenTheirReaderGoesAway) {
+  const TTempDir dir;
+  std::string text = "program p; begin ";
+  for (int count = 0; count < 20'000; ++count)
+    text += "if a b; ";
+  const TRunResult run = RunQuorvaneIntoShortReader({"messages", dir.Write("a.pas", text + "end.")});
+  EXPECT_EQ(run.ExitCode, 0);
+  EXPECT_EQ(run.Errors, "");
+  EXPECT_EQ(run.Output.size(), 100U);
+}
+
 TEST(Messages, OfSeveralFilesFollowEachOther) {
   const TTempDir dir;
   const TRunResult run = RunQuorvane({"messages", dir.Write("a.pas", "unit"), dir.Write("b.pas", "program")});

@@ -152,14 +152,20 @@ TEST(Outline, ReadsUtf16ByItsMarkAndOtherFilesByTheNamedEncoding) {
 
 TEST(Outline, NamesAFileAsItIsWritten) {
   const TTempDir dir;
-  for (const auto& [name, json] :
+  for (const auto& [name, shown] :
        {std::pair{"a \"b\".pas"s, "a \"b\".pas"s}, std::pair{"\xC3\xA9.pas"s, "\xC3\xA9.pas"s},
         std::pair{"\xE9.pas"s, "\xEF\xBF\xBD.pas"s}}) {
     dir.Write(name, Unit);
     const TRunResult run = RunQuorvaneIn(dir, {"outline", "--json", name});
-    EXPECT_EQ(JsonLines(run.Output).at(0)["file"], json);
-    EXPECT_TRUE(RunQuorvaneIn(dir, {"outline", name}).Output.starts_with(name + "\n"));
+    EXPECT_EQ(JsonLines(run.Output).at(0)["file"], shown);
+    EXPECT_TRUE(RunQuorvaneIn(dir, {"outline", name}).Output.starts_with(shown + "\n"));
   }
+}
+
+TEST(Outline, ShowsControlCharactersOfAFilesNameByASign) {
+  const TTempDir dir;
+  dir.Write("a\n\033.pas", Unit);
+  EXPECT_TRUE(RunQuorvaneIn(dir, {"outline", "a\n\033.pas"}).Output.starts_with("a\xE2\x90\x8A\xE2\x90\x9B.pas\n"));
 }
 
 TEST(Outline, ShowsControlCharactersOfANameByASign) {

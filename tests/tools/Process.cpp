@@ -124,6 +124,20 @@ TRunResult RunQuorvaneAsNobody(const std::vector<std::string>& arguments) {
   return RunToTheEnd(geteuid() == 0 ? AsNobody : Directly, arguments, {});
 }
 
+TRunResult RunQuorvaneWithin(const std::string& limit, const std::vector<std::string>& arguments,
+                             std::string_view input) {
+  return RunToTheEnd({"/usr/bin/prlimit", limit, "--", QUORVANE_BINARY}, arguments, input);
+}
+
+// The limit is one of the user, whose threads are all counted; so the user is one that nobody else is.
+TRunResult RunQuorvaneWithThreads(int count, const std::vector<std::string>& arguments) {
+  constexpr int UserBase = 1'000'000;
+  const std::string user = "--reuid=" + std::to_string(UserBase + getpid());
+  return RunToTheEnd({"/usr/bin/prlimit", "--nproc=" + std::to_string(count), "--", "/usr/bin/setpriv", user,
+                      "--clear-groups", "--", QUORVANE_BINARY},
+                     arguments, {});
+}
+
 TRunResult RunQuorvaneInto(const std::string& device, const std::vector<std::string>& arguments) {
   const TTempDir dir;
   TRedirections redirections;

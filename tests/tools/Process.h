@@ -42,6 +42,13 @@ TRunResult RunQuorvaneIn(const TTempDir& dir, const std::vector<std::string>& ar
 // The same without the rights of the administrator, for whom no file is unreadable.
 TRunResult RunQuorvaneAsNobody(const std::vector<std::string>& arguments);
 
+// The same within limits of the process, as options of prlimit set them.
+TRunResult RunQuorvaneWithin(const std::string& limit, const std::vector<std::string>& arguments,
+                             std::string_view input = {});
+
+// The same with so many threads at most, the one that starts the program among them. Only the administrator can do it.
+TRunResult RunQuorvaneWithThreads(int count, const std::vector<std::string>& arguments);
+
 // The same with the standard output sent to a device such as /dev/full; Output of the result is empty.
 TRunResult RunQuorvaneInto(const std::string& device, const std::vector<std::string>& arguments);
 

@@ -7,6 +7,7 @@
 #include <nlohmann/json.hpp>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quorvane {
@@ -87,6 +88,45 @@ TEST(Sarif, SaysThatErrorsAreLeftOut) {
   EXPECT_EQ(log["invocations"][0]["toolExecutionNotifications"][0]["level"], "warning");
 }
 
+TEST(Sarif, MarksTheErrorThatEndedTheParse) {
+  const json results =
+      Log(RunQuorvane({"check", "--format", "sarif", "-"}, "program p; begin if a b;"))["runs"][0]["results"];
+  ASSERT_EQ(results.size(), 2U);
+  EXPECT_FALSE(results[0].contains("properties"));
+  EXPECT_EQ(results[1]["properties"], json::parse(R"({"fatal": true})"));
+}
+
+TEST(Sarif, NamesStandardInputByAnAddressThatIsNoFile) {
+  const json result = Log(RunQuorvane({"check", "--format", "sarif", "-"}, "unit"))["runs"][0]["results"][0];
+  EXPECT_EQ(result["locations"][0]["physicalLocation"]["artifactLocation"]["uri"], "stdin:");
+}
+
+TEST(Sarif, NamesFilesWithControlCharacters) {
+  const TTempDir dir;
+  dir.Write("a\n\033.pas", "unit");
+  const json result = Log(RunQuorvaneIn(dir, {"check", "--format", "sarif", "a\n\033.pas"}))["runs"][0]["results"][0];
+  EXPECT_EQ(result["locations"][0]["physicalLocation"]["artifactLocation"]["uri"], "a%0A%1B.pas");
+}
+
+TEST(Sarif, HasNoArgumentsAndLinksInItsMessages) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"found '{'", "found '{{'"},
+      {"found '{0}'", "found '{{0}}'"},
+      {"found '['", "found '['"},
+      {"found 'a\\b[1]'", "found 'a\\b[1]'"},
+      {"found '[a](b)'", "found '\\[a\\](b)'"},
+      {"found '[a\\](b)'", "found '\\[a\\\\\\](b)'"},
+  };
+  for (const auto& [text, message] : cases)
+    EXPECT_EQ(SarifMessage(text), message);
+}
+
+TEST(Sarif, EscapesTheMessagesOfFindings) {
+  const json result = Log(RunQuorvane({"check", "--format", "sarif", "-"},
+                                      "program p; begin if a '{[a](b)}'; end."))["runs"][0]["results"][0];
+  EXPECT_EQ(result["message"]["text"], "Expected 'Then' found ''{{\\[a\\](b)}}''");
+}
+
 struct TUriCase {
   std::string File;
   std::string Uri;
@@ -97,7 +137,9 @@ TEST(Sarif, NamesFilesByUri) {
                                        {"../a_b/c-d~1.pas", "../a_b/c-d~1.pas"},
                                        {"/tmp/a.pas", "file:///tmp/a.pas"},
                                        {"a:b?#%.pas", "a%3Ab%3F%23%25.pas"},
-                                       {"\xC3\xA9\xFF", "%C3%A9%FF"}};
+                                       {"\xC3\xA9\xFF", "%C3%A9%FF"},
+                                       {"-", "stdin:"},
+                                       {"./-", "./-"}};
   for (const TUriCase& row : cases)
     EXPECT_EQ(UriOfFile(row.File), row.Uri);
 }

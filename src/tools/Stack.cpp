@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "tools/InOrder.h"
+#include "tools/Stack.h"
 
+#include <cstddef>
 #include <pthread.h>
+#include <thread>
 
 namespace quorvane {
+namespace {
 
 void SetThreadStacks() {
   // Four times what the deepest parse takes. Only what is used becomes memory.
@@ -13,6 +16,13 @@ void SetThreadStacks() {
   pthread_attr_setstacksize(&attributes, StackSize);
   pthread_setattr_default_np(&attributes);
   pthread_attr_destroy(&attributes);
+}
+
+} // namespace
+
+void RunOnDeepStack(const std::function<void()>& work) {
+  SetThreadStacks();
+  std::thread(work).join();
 }
 
 } // namespace quorvane
