@@ -12,6 +12,12 @@
 namespace quorvane {
 namespace {
 
+constexpr const char* Objects =
+    "Each construct is one object, written where it closes: \"round\" for a pair of parentheses, \"block\" for\n"
+    "the words of begin, case, if, repeat and try. An element has the position just past its word and the\n"
+    "column of its first character, both counted from 0, and the line counted from 1. A file without blocks\n"
+    "gives nothing.\n";
+
 void AppendElement(const TQVLitePasElement& element, std::string& line) {
   TJsonObject object(line);
   object.Add("pos", element.Position);
@@ -53,12 +59,7 @@ void WriteBlocks(std::string& text, TOutput& output) {
 void AddBlocksCommand(CLI::App& program, TSession& session) {
   AddJsonLinesCommand(
       program, session,
-      {"blocks", "List the blocks and parentheses of Pascal files as JSON Lines",
-       "Each construct is one object, written where it closes: \"round\" for a pair of parentheses, \"block\" for the\n"
-       "words of begin, case, if, repeat and try. An element has the position just past its word and the column of "
-       "its\n"
-       "first character, both counted from 0, and the line counted from 1. A file without blocks gives nothing.\n",
-       WriteBlocks});
+      {"blocks", "List the blocks and parentheses of Pascal files as JSON Lines", Objects, WriteBlocks});
 }
 
 } // namespace quorvane

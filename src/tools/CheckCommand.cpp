@@ -118,8 +118,9 @@ void AddCheckCommand(CLI::App& program, TSession& session) {
       "Each error is a line FILE:LINE:COLUMN: error: MESSAGE, counted from 1 and in characters, then the line of\n"
       "the source and a mark under the token. With --format json each is one object on a line of its own;\n"
       "sarif gives one SARIF 2.1.0 log. After an error the check goes on behind the next semicolon. Of every\n"
-      "conditional the first branch is checked, whatever is defined. Folders behind symbolic links are not\n"
-      "walked unless named. Exit code: 0 no errors, 1 errors, 2 something could not be read or written.");
+      "conditional the first branch is checked, whatever is defined. A NUL character ends a text and is an\n"
+      "error if anything stands behind it. Folders behind symbolic links are not walked unless named. Exit\n"
+      "code: 0 no errors, 1 errors, 2 something could not be read or written.");
   const auto options = std::make_shared<TCheckCommandOptions>();
   AddDecodedInputOptions(*command, *options,
                          "Pascal files, and folders with all .pas, .pp, .dpr and .dpk files below them; - is standard "

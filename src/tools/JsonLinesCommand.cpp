@@ -9,8 +9,10 @@ namespace quorvane {
 
 void AddJsonLinesCommand(CLI::App& program, TSession& session, const TJsonLinesCommand& description) {
   CLI::App* command = program.add_subcommand(description.Name, description.Description);
-  command->footer(description.Objects + "Those of several files follow each other and do not name their file: where\n"
-                                        "that counts, give one FILE a call.");
+  command->footer(
+      description.Objects +
+      "Those of several files follow each other and do not name their file: where that counts, give one FILE a\n"
+      "call.");
   const auto options = std::make_shared<TInputOptions>();
   AddInputOptions(*command, *options);
   command->callback([options, write = description.Write, &session] {

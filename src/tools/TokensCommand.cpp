@@ -13,6 +13,10 @@
 namespace quorvane {
 namespace {
 
+constexpr const char* Objects =
+    "Each token is one object: kind, extended kind, position, length, line and column, all counted from 0.\n"
+    "A message of the lexer stands on a line of its own before its token. Each file ends with a ptNull.\n";
+
 void WriteToken(const TzkBasePasLex& lex, TOutput& output) {
   {
     const TzkPoint place = lex.GetPosXY();
@@ -44,12 +48,8 @@ void WriteTokens(std::string& text, TOutput& output) {
 } // namespace
 
 void AddTokensCommand(CLI::App& program, TSession& session) {
-  AddJsonLinesCommand(
-      program, session,
-      {"tokens", "List the tokens of Pascal files as JSON Lines",
-       "Each token is one object: kind, extended kind, position, length, line and column, all counted from 0.\n"
-       "A message of the lexer stands on a line of its own before its token. Each file ends with a ptNull.\n",
-       WriteTokens});
+  AddJsonLinesCommand(program, session,
+                      {"tokens", "List the tokens of Pascal files as JSON Lines", Objects, WriteTokens});
 }
 
 } // namespace quorvane

@@ -32,7 +32,7 @@ TEST(CommandLine, EachCommandHasHelpOfItsOwn) {
     const TRunResult run = RunQuorvane({command, "--help"});
     EXPECT_EQ(run.ExitCode, 0);
     EXPECT_NE(run.Output.find("--decode"), std::string::npos);
-    EXPECT_NE(run.Output.find("where\nthat counts, give one FILE a call."), std::string::npos) << run.Output;
+    EXPECT_NE(run.Output.find("give one FILE a\ncall."), std::string::npos) << run.Output;
   }
 }
 

@@ -93,7 +93,7 @@ TEST(Sarif, MarksTheErrorThatEndedTheParse) {
       Log(RunQuorvane({"check", "--format", "sarif", "-"}, "program p; begin if a b;"))["runs"][0]["results"];
   ASSERT_EQ(results.size(), 2U);
   EXPECT_FALSE(results[0].contains("properties"));
-  EXPECT_EQ(results[1]["properties"], json::parse(R"({"fatal": true})"));
+  EXPECT_EQ(results[1].at("properties"), json::parse(R"({"fatal": true})"));
 }
 
 TEST(Sarif, NamesStandardInputByAnAddressThatIsNoFile) {
