@@ -75,7 +75,7 @@ private:
   void RequireNames(const TQVNameList& names) const {
     std::set<std::string> folded;
     for (const auto& [name, line] : names) {
-      Require(folded.insert(Folded(name)).second, "no name is there twice");
+      Require(folded.insert(Folded(std::string(name))).second, "no name is there twice");
       Require(line >= 0 && line < FLines, "a name is on a line of the text");
     }
   }
@@ -86,7 +86,7 @@ private:
             "a class at the caret comes with a routine");
     Require(routine.empty() || std::ranges::any_of(FInfo.GetMethods(),
                                                    [&](const auto& method) {
-                                                     const std::string name = Folded(method.first);
+                                                     const std::string name = Folded(std::string(method.first));
                                                      return name == routine || name.ends_with("." + routine);
                                                    }),
             "the routine at the caret is one of the routines");

@@ -125,6 +125,8 @@ void TQVParseThread::Parse() {
     parser.Run(FUnitName, &stream);
   } catch (...) {
   }
+  FPasInfo->GetMethods().Settle();
+  FPasInfo->GetClasses().Settle();
 }
 
 bool TQVParseThread::IsViewOnTop() const {

@@ -4,11 +4,12 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "analysis/QVNameList.h"
 
 namespace quorvane {
 
@@ -46,18 +47,9 @@ private:
   TQVPasElementType FElementType;
 };
 
-// Orders names as Pascal tells them apart: without regard to case. ASCII letters are folded to lower case and the rest
-// is ordered by code.
-struct TQVNameLess {
-  using is_transparent = void;
-  bool operator()(std::string_view left, std::string_view right) const;
-};
-
-// Names, sorted, none twice, each with a line.
-using TQVNameList = std::map<std::string, std::int32_t, TQVNameLess>;
-
 // An outline as it is handed about: through a shared pointer, from the thread that has filled it to the main thread.
-// Nothing changes it after that. Lines count from 0 and are -1 until they are set. The lists belong to the outline.
+// Nothing changes it after that; whoever hands it over has settled its lists. Lines count from 0 and are -1 until they
+// are set. The lists belong to the outline.
 class IQVPasInfo {
 public:
   virtual ~IQVPasInfo() = default;
@@ -131,8 +123,8 @@ public:
   std::shared_ptr<IQVDrawElement> GetElement(std::int32_t index) const override;
   bool IsSameInfo(const IQVPasInfo* other) const override;
   std::int32_t GetHash() const override { return FHash; }
-  void AddMethod(std::string_view name, std::int32_t line) override;
-  void AddClass(std::string_view name, std::int32_t line) override;
+  void AddMethod(std::string_view name, std::int32_t line) override { FMethods.Add(name, line); }
+  void AddClass(std::string_view name, std::int32_t line) override { FClasses.Add(name, line); }
   void AddInterfaceUses(std::string_view name) override { FInterfaceUses.emplace_back(name); }
   void AddImplementationUses(std::string_view name) override { FImplementationUses.emplace_back(name); }
   void AddElement(std::int32_t line, std::int32_t col, std::int32_t linearPos, std::int32_t length,

@@ -2,6 +2,7 @@
 #include "analysis/QVPasParser.h"
 
 #include <string_view>
+#include <typeinfo>
 #include <utility>
 
 #include "settings/model/QVOptions.h"
@@ -16,13 +17,22 @@ constexpr std::int32_t StillBeforePaint = 1000;
 constexpr std::int32_t ProcedureLength = 10;
 constexpr std::int32_t FunctionLength = 9;
 
-std::string Path(const std::vector<std::string>& names) {
-  std::string path;
+// Appends the names with a dot between each two. Grows the path once at most.
+void AppendPath(std::string& path, const std::vector<std::string>& names) {
+  std::size_t length = path.size() + names.size();
+  for (const std::string& name : names)
+    length += name.size();
+  path.reserve(length);
   for (const std::string& name : names) {
     if (&name != &names.front())
       path += '.';
     path += name;
   }
+}
+
+std::string Path(const std::vector<std::string>& names) {
+  std::string path;
+  AppendPath(path, names);
   return path;
 }
 
@@ -54,19 +64,32 @@ void TQVPasParser::Msg() {
     FThread->ShowMessage("Message!");
 }
 
-// The hint is swallowed with its semicolon, whatever it stands for. A row of them is walked here, since Expected, which
-// comes back for the token behind each semicolon, would overflow the stack.
+bool TQVPasParser::IsJunkPlain() const {
+  return typeid(*this) == typeid(TQVPasParser);
+}
+
 void TQVPasParser::NextToken() {
-  Lexer().Next();
+  do {
+    Lexer().Next();
+    SwallowHints();
+    if (!WalksPlainly()) {
+      SkipJunk();
+      return;
+    }
+  } while (Lexer().GetIsJunk());
+}
+
+// A hint is swallowed with its semicolon, whatever it stands for. One after the other, so that a long row of them takes
+// no stack.
+void TQVPasParser::SwallowHints() {
   while (IsIdentifier("deprecated")) {
     Lexer().Next();
     if (TokenID() != ptSemiColon) {
       Expected(ptSemiColon);
-      break;
+      return;
     }
     Lexer().Next();
   }
-  SkipJunk();
 }
 
 void TQVPasParser::InterfaceSection() {
@@ -99,29 +122,29 @@ void TQVPasParser::UsesClause() {
 void TQVPasParser::UsedUnitName() {
   if (FPasInfo) {
     if (FPasInfo->GetImplementationUsesLine() >= 0)
-      FPasInfo->AddImplementationUses(Lexer().GetToken());
+      FPasInfo->AddImplementationUses(TokenText());
     else
-      FPasInfo->AddInterfaceUses(Lexer().GetToken());
+      FPasInfo->AddInterfaceUses(TokenText());
   }
   TzkSimplePasPar::UsedUnitName();
 }
 
 void TQVPasParser::TypeName() {
   if (FPasInfo) {
-    FCurrentObjectName = Lexer().GetToken();
+    FCurrentObjectName = TokenText();
     FPasInfo->AddClass(FCurrentObjectName, Lexer().LineNumber());
   }
   TzkSimplePasPar::TypeName();
 }
 
 void TQVPasParser::ObjectNameOfMethod() {
-  FCurrentObjectName = Lexer().GetToken();
+  FCurrentObjectName = TokenText();
   FObjectStack.push_back(FCurrentObjectName);
   TzkSimplePasPar::ObjectNameOfMethod();
 }
 
 void TQVPasParser::FunctionProcedureName() {
-  FCurrentRoutineName = Lexer().GetToken();
+  FCurrentRoutineName = TokenText();
   TzkSimplePasPar::FunctionProcedureName();
 }
 
@@ -161,6 +184,18 @@ bool TQVPasParser::IsCaretInRoutine() const {
   return caret > FRoutineStart && caret < FBlockEnd;
 }
 
+// The class and the routines that are open, with dots between them.
+std::string TQVPasParser::MethodName() const {
+  std::string name;
+  if (!FObjectStack.empty()) {
+    name.reserve(FCurrentObjectName.size() + FRoutineStack.back().size() + 2);
+    name += FCurrentObjectName;
+    name += '.';
+  }
+  AppendPath(name, FRoutineStack);
+  return name;
+}
+
 void TQVPasParser::CountPath(std::size_t length) {
   FPathLength += static_cast<std::int64_t>(length);
   if (FPathLength > FreePathLength + 2 * std::int64_t{Lexer().RunPos()})
@@ -170,10 +205,9 @@ void TQVPasParser::CountPath(std::size_t length) {
 void TQVPasParser::FunctionProcedureBlock() {
   const std::int32_t line = Lexer().LineNumber();
   FInRoutineBlock = true;
-  FRoutineStack.push_back(FCurrentRoutineName);
-  const std::string routinePath = Path(FRoutineStack);
+  FRoutineStack.push_back(std::move(FCurrentRoutineName));
   const std::string classPath = Path(FObjectStack);
-  const std::string methodName = FObjectStack.empty() ? routinePath : FCurrentObjectName + "." + routinePath;
+  const std::string methodName = MethodName();
   CountPath(classPath.size() + methodName.size());
 
   TzkSimplePasPar::FunctionProcedureBlock();
@@ -184,7 +218,7 @@ void TQVPasParser::FunctionProcedureBlock() {
     FPasInfo->AddMethod(methodName, line);
     if (FInProcAtCaret) {
       FPasInfo->SetCurrentClass(classPath);
-      FPasInfo->SetCurrentProc(routinePath);
+      FPasInfo->SetCurrentProc(Path(FRoutineStack));
     }
   }
   FRoutineStack.pop_back();

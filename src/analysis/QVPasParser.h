@@ -81,6 +81,7 @@ protected:
   void HandlePtResourceDirect(TzkBasePasLex& lex) override;
   void HandlePtUndefDirect(TzkBasePasLex& lex) override;
 
+  bool IsJunkPlain() const override;
   void NextToken() override;
 
   void Block() override;
@@ -97,8 +98,10 @@ protected:
   void UsesClause() override;
 
 private:
+  void SwallowHints();
   void OnMessageHandler(std::int32_t x, std::int32_t y);
   void LeaveMethod();
+  std::string MethodName() const;
   void CountPath(std::size_t length);
   void SkipBranch(TzkBasePasLex& lex);
   bool IsCaretInRoutine() const;

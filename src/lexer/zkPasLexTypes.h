@@ -11,8 +11,8 @@
 
 namespace quorvane {
 
-// The kind of a token. The ordinals, 0 to 190, are part of the design: light parser elements store them and the sets
-// below are bitmaps over them.
+// The kind of a token. The ordinals, 0 to 190, are part of the design: light parser elements store them, and the sets
+// below are indexed by them.
 enum TptTokenKind : unsigned char {
 #define PT_KIND(kind, group) kind,
 #include "lexer/TokenKinds.def"
@@ -62,20 +62,19 @@ constexpr TTokenGroup TokenGroup(TptTokenKind kind) {
   return TokenGroups[kind];
 }
 
-// A constant set of token kinds, one bit per ordinal.
+// A constant set of token kinds: a mark for each ordinal. A test is one load, where bits would take several steps; the
+// parser tests sets several times a token.
 class TTokenKindSet {
 public:
   constexpr TTokenKindSet(std::initializer_list<TptTokenKind> kinds) {
     for (const TptTokenKind kind : kinds)
-      FBits[kind / 64U] |= Bit(kind);
+      FMarks[kind] = true;
   }
 
-  constexpr bool Contains(TptTokenKind kind) const { return (FBits[kind / 64U] & Bit(kind)) != 0; }
+  constexpr bool Contains(TptTokenKind kind) const { return FMarks[kind]; }
 
 private:
-  static constexpr std::uint64_t Bit(TptTokenKind kind) { return std::uint64_t{1} << (kind % 64U); }
-
-  std::array<std::uint64_t, (TokenKindCount + 63) / 64> FBits{};
+  std::array<bool, TokenKindCount> FMarks{};
 };
 
 // Tested against the extended kind of an identifier. PChar is in and Cardinal and the sized Booleans are out: the

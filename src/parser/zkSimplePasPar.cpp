@@ -9,6 +9,7 @@
 #include <limits>
 #include <memory>
 #include <system_error>
+#include <typeinfo>
 #include <utility>
 
 #include "parser/zkSimplePasParSets.h"
@@ -71,6 +72,7 @@ void TzkSimplePasPar::SetOnMessage(TParserMessageEvent event) {
 
 void TzkSimplePasPar::Run(const std::string& unitName, std::string* sourceStream) {
   FIsSkippingJunk = false;
+  FWalksPlainly = IsJunkPlain();
   FNesting = 0;
   FFormatMode = 0;
   FDirectiveRuns = {};
@@ -201,9 +203,17 @@ void TzkSimplePasPar::SEMICOLON() {
     Expected(ptSemiColon);
 }
 
+bool TzkSimplePasPar::IsJunkPlain() const {
+  return typeid(*this) == typeid(TzkSimplePasPar);
+}
+
 void TzkSimplePasPar::NextToken() {
   FLexer.Next();
-  SkipJunk();
+  if (!FWalksPlainly)
+    SkipJunk();
+  else
+    while (FLexer.GetIsJunk())
+      FLexer.Next();
 }
 
 void TzkSimplePasPar::SkipJunk() {

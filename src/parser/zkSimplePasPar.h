@@ -113,6 +113,14 @@ protected:
   // takes no stack.
   virtual void SkipJunk();
 
+  // Whether the operations named Skip, Expected and SkipJunk are those of this class, so that walking over junk can do
+  // without calling them: true for an object of exactly this class. A class that overrides none of them says the same
+  // of itself; one derived from it need not know. Asked for once, by Run.
+  virtual bool IsJunkPlain() const;
+
+  // What IsJunkPlain has said.
+  bool WalksPlainly() const { return FWalksPlainly; }
+
   // Ends the source with a NUL, which the lexer stops at.
   virtual void TerminateStream();
 
@@ -134,9 +142,14 @@ protected:
   // Reports that no alternative of a production fits the current token. Consumes and raises nothing.
   virtual void SynError(TzkParseError error);
 
+  // The text of the current token, in place: it lives as long as the source.
+  std::string_view TokenText() const;
+
   // Whether the current token is this identifier, given in lower case, whatever its own case.
   bool IsIdentifier(std::string_view word) const {
-    return static_cast<std::size_t>(FLexer.GetTokenLen()) == word.size() && IsWord(word);
+    constexpr char toLower = 0x20; // of a letter; nothing else becomes one by it that a word starts with
+    return static_cast<std::size_t>(FLexer.GetTokenLen()) == word.size() &&
+           (FLexer.Origin()[FLexer.TokenPos()] | toLower) == word.front() && IsWord(word);
   }
 
   // For a directive handler that moves its scanner on by more than one token: scans one, and handles the directives
@@ -203,9 +216,6 @@ private:
   // Whether the current token is an identifier of the length of the word, and is the word.
   bool IsWord(std::string_view word) const;
 
-  // The text of the current token, in place.
-  std::string_view TokenText() const;
-
   // Parts that several productions share.
   void TypeIdList();
   void MethodHeading();
@@ -226,6 +236,7 @@ private:
   TCallee FCallee = TCallee::Other; // the name that Variable walked over
   bool FIsDeclaringType = false;    // between the name of a type and its end
   bool FIsSkippingJunk = false;
+  bool FWalksPlainly = false;
   int FNesting = 0;
   std::array<TDirectiveRun, 2> FDirectiveRuns;
 };

@@ -92,7 +92,7 @@ inline TOutlined Outlined(std::string text, quorvane::IQVParseThread* thread = n
 inline std::string Listed(const quorvane::TQVNameList& names) {
   std::string result;
   for (const auto& [name, line] : names)
-    result += (result.empty() ? "" : " ") + name + "@" + std::to_string(line);
+    result += (result.empty() ? "" : " ") + std::string(name) + "@" + std::to_string(line);
   return result;
 }
 

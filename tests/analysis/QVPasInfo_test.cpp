@@ -126,13 +126,30 @@ TEST(NameList, SortsOtherBytesBehindAsciiByTheirCode) {
 }
 
 TEST(NameList, FoldsAsciiLettersOnly) {
-  const TQVNameLess less;
-  EXPECT_TRUE(less("\xC4", "\xE4"));
-  EXPECT_TRUE(less("@", "["));
-  EXPECT_TRUE(less("[", "a"));
-  EXPECT_TRUE(less("Z", "{"));
-  EXPECT_FALSE(less("A", "a"));
-  EXPECT_FALSE(less("a", "A"));
+  TQVPasInfo info;
+  for (const char* name : {"\xE4", "\xC4", "{", "Z", "a", "A", "[", "@"})
+    info.AddMethod(name, 0);
+  EXPECT_EQ(Listed(info.GetMethods()), "@@0 [@0 a@0 Z@0 {@0 \xC4@0 \xE4@0");
+}
+
+TEST(NameList, FindsANameInAnyCase) {
+  TQVNameList names;
+  names.Add("TFoo.Bar", 1);
+  names.Add("alpha", 2);
+  EXPECT_TRUE(names.contains("tfoo.BAR"));
+  EXPECT_FALSE(names.contains("TFoo"));
+  EXPECT_FALSE(names.contains("TFoo.Barn"));
+}
+
+TEST(NameList, TakesNamesBetweenReadings) {
+  TQVNameList names;
+  names.Add("b", 1);
+  EXPECT_EQ(Listed(names), "b@1");
+  names.Add("A", 2);
+  names.Add("B", 3);
+  names.Add("a", 4);
+  EXPECT_EQ(Listed(names), "A@2 b@1");
+  EXPECT_EQ(names.size(), 2U);
 }
 
 TEST(PasInfo, HandsOutElementsAsTheyWereAdded) {

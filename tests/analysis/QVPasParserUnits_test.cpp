@@ -27,7 +27,7 @@ using support::TOutlined;
 std::string Section(const char* title, const TQVNameList& names) {
   std::string text = std::string(title) + "\n";
   for (const auto& [name, line] : names)
-    text += "  " + std::to_string(line) + " " + name + "\n";
+    text += "  " + std::to_string(line) + " " + std::string(name) + "\n";
   return text;
 }
 
