@@ -30,8 +30,8 @@ void TQVNameList::Settle() const {
     FNames.emplace_back(std::string_view(FChars).substr(added.Start, added.Length), added.Line);
   const auto folded = [this](const value_type& name) { return FoldedOf(name); };
   std::ranges::stable_sort(FNames, {}, folded);
-  const auto doubles = std::ranges::unique(FNames, {}, folded);
-  FNames.erase(doubles.begin(), doubles.end());
+  const auto isSame = [&](const value_type& left, const value_type& right) { return folded(left) == folded(right); };
+  FNames.erase(std::unique(FNames.begin(), FNames.end(), isSame), FNames.end());
   FIsSettled = true;
 }
 

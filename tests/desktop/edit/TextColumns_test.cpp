@@ -11,7 +11,6 @@ constexpr int tabs = 4;
 TEST(TextColumns, CountAPlainLineFromOneAndZero) {
   EXPECT_EQ(columnOfCharIndex(u"abc", 0, tabs), 1);
   EXPECT_EQ(columnOfCharIndex(u"abc", 2, tabs), 3);
-  EXPECT_EQ(columnOfCharIndex(u"\tbc", -1, tabs), 0);
   EXPECT_EQ(charIndexOfColumn(u"abc", 3, tabs), 2);
 }
 
@@ -53,8 +52,13 @@ TEST(TextColumns, TakeALoneSurrogateAsOneCharacter) {
   EXPECT_EQ(columnOfUnit(line, 4, tabs), 5);
 }
 
-TEST(TextColumns, ClipWhatLiesBeforeTheLine) {
-  EXPECT_EQ(columnOfCharIndex(u"abc", -5, tabs), 1);
+// A mark may begin left of the text.
+TEST(TextColumns, TakeEachCharacterBeforeTheLineAsOneCell) {
+  EXPECT_EQ(columnOfCharIndex(u"\tbc", -1, tabs), 0);
+  EXPECT_EQ(columnOfCharIndex(u"abc", -5, tabs), -4);
+}
+
+TEST(TextColumns, ClipCellsBeforeTheLine) {
   EXPECT_EQ(charIndexOfColumn(u"abc", 0, tabs), 0);
   EXPECT_EQ(charIndexOfColumn(u"abc", -7, tabs), 0);
   EXPECT_EQ(charIndexOfUnit(u"abc", -1), 0);
