@@ -190,6 +190,7 @@ private:
   class TRounds;
   class TWidths;
 
+  template <TDirectiveHandler Handler> TDirectiveEvent EventOf();
   void BindDirectiveEvents();
   TDirectiveRun& RunOf(const TzkBasePasLex& lex) {
     return FDirectiveRuns[&lex == &FLexer ? 0 : 1];

@@ -8,20 +8,23 @@
 
 namespace quorvane {
 
+// The handler is part of the event's type, so that the event is small enough to need no memory of its own: there are
+// twenty of them for each text, and most texts are short.
+template <TzkSimplePasPar::TDirectiveHandler Handler> TDirectiveEvent TzkSimplePasPar::EventOf() {
+  return [this](TzkBasePasLex& lex) { HandleDirective(lex, Handler); };
+}
+
 void TzkSimplePasPar::BindDirectiveEvents() {
-  const auto event = [this](TDirectiveHandler handler) {
-    return [this, handler](TzkBasePasLex& lex) { HandleDirective(lex, handler); };
-  };
-  FLexer.SetOnCompDirect(event(&TzkSimplePasPar::HandlePtCompDirect));
-  FLexer.SetOnDefineDirect(event(&TzkSimplePasPar::HandlePtDefineDirect));
-  FLexer.SetOnElseDirect(event(&TzkSimplePasPar::HandlePtElseDirect));
-  FLexer.SetOnEndIfDirect(event(&TzkSimplePasPar::HandlePtEndIfDirect));
-  FLexer.SetOnIfDefDirect(event(&TzkSimplePasPar::HandlePtIfDefDirect));
-  FLexer.SetOnIfNDefDirect(event(&TzkSimplePasPar::HandlePtIfNDefDirect));
-  FLexer.SetOnIfOptDirect(event(&TzkSimplePasPar::HandlePtIfOptDirect));
-  FLexer.SetOnIncludeDirect(event(&TzkSimplePasPar::HandlePtIncludeDirect));
-  FLexer.SetOnResourceDirect(event(&TzkSimplePasPar::HandlePtResourceDirect));
-  FLexer.SetOnUnDefDirect(event(&TzkSimplePasPar::HandlePtUndefDirect));
+  FLexer.SetOnCompDirect(EventOf<&TzkSimplePasPar::HandlePtCompDirect>());
+  FLexer.SetOnDefineDirect(EventOf<&TzkSimplePasPar::HandlePtDefineDirect>());
+  FLexer.SetOnElseDirect(EventOf<&TzkSimplePasPar::HandlePtElseDirect>());
+  FLexer.SetOnEndIfDirect(EventOf<&TzkSimplePasPar::HandlePtEndIfDirect>());
+  FLexer.SetOnIfDefDirect(EventOf<&TzkSimplePasPar::HandlePtIfDefDirect>());
+  FLexer.SetOnIfNDefDirect(EventOf<&TzkSimplePasPar::HandlePtIfNDefDirect>());
+  FLexer.SetOnIfOptDirect(EventOf<&TzkSimplePasPar::HandlePtIfOptDirect>());
+  FLexer.SetOnIncludeDirect(EventOf<&TzkSimplePasPar::HandlePtIncludeDirect>());
+  FLexer.SetOnResourceDirect(EventOf<&TzkSimplePasPar::HandlePtResourceDirect>());
+  FLexer.SetOnUnDefDirect(EventOf<&TzkSimplePasPar::HandlePtUndefDirect>());
 }
 
 // A handler moves its scanner on, and so may meet the next directive while it is still at work. That one waits until
