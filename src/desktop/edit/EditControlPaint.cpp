@@ -222,10 +222,14 @@ bool TEditControl::eventFilter(QObject* watched, QEvent* event) {
   return true;
 }
 
+// A caret in sight stays in sight, as when an add-in takes room above the text.
 void TEditControl::resizeEvent(QResizeEvent* event) {
+  const bool isCaretSeen = QRect(QPoint(0, 0), event->oldSize()).contains(caretRect());
   QPlainTextEdit::resizeEvent(event);
   placeGutter();
   requestErase();
+  if (isCaretSeen && !viewport_->rect().contains(caretRect()))
+    showCaret();
 }
 
 void TEditControl::changeEvent(QEvent* event) {

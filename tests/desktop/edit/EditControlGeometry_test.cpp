@@ -31,6 +31,29 @@ TEST_F(EditControlGeometry, PublishesValuesThatGiveTheTrueCell) {
   }
 }
 
+TEST_F(EditControlGeometry, KeepsACaretInSightWhenItGetsSmaller) {
+  show(QStringLiteral("x\n").repeated(100));
+  control.resize(600, 30 * control.cellSize().height());
+  support::settle();
+  control.setCaret(25, 1);
+  ASSERT_EQ(control.topLine(), 1);
+  control.resize(600, 15 * control.cellSize().height());
+  support::settle();
+  EXPECT_LE(control.topLine(), 25);
+  EXPECT_GT(control.topLine() + control.viewSize().height(), 25);
+}
+
+TEST_F(EditControlGeometry, LeavesACaretOutOfSightWhenItGetsSmaller) {
+  show(QStringLiteral("x\n").repeated(100));
+  control.resize(600, 30 * control.cellSize().height());
+  control.setCaret(1, 1);
+  control.setTopLine(50);
+  support::settle();
+  control.resize(600, 15 * control.cellSize().height());
+  support::settle();
+  EXPECT_EQ(control.topLine(), 50);
+}
+
 TEST_F(EditControlGeometry, StartsEveryColumnOnAWholeCellAtAnySize) {
   const QString line = QStringLiteral("if x then { a comment } 'string' 12 ").repeated(10);
   for (const int points : {6, 8, 9, 10, 11, 12, 13, 16, 19, 27}) {
