@@ -20,6 +20,8 @@ const char* const kFaultyText = "unit unit1;\r\ninterface\r\nimplementation\r\np
 // The thread with its steps counted, and things that happen in between given by the test.
 class TWatchedThread : public TQVParseThread {
 public:
+  // The idle class would let the tests wait for whatever else the machine is doing.
+  TWatchedThread() { SetPriority(platform::TThreadPriority::Normal); }
   ~TWatchedThread() override { Stop(); }
 
   void Stop() {

@@ -14,7 +14,7 @@ namespace support {
 
 // Serves events until `condition()` holds. False if it still does not after `seconds`, which is meant to be far longer
 // than it can take: the limit only keeps a broken test from hanging.
-template <class TCondition> bool waitUntil(TCondition&& condition, int seconds = 30) {
+template <class TCondition> bool waitUntil(TCondition&& condition, int seconds = 120) {
   const QDeadlineTimer deadline{std::chrono::seconds(seconds)};
   QTimer wake; // a condition may come true without an event
   wake.start(5);
