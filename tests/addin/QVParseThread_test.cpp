@@ -112,6 +112,7 @@ TEST_F(QVParseThread, RunsBothHalvesOfACycleInTheMainThread) {
   Thread.OnBegin = [&] { begin = QThread::currentThread(); };
   Thread.OnEnd = [&] { end = QThread::currentThread(); };
   RunCycles(1);
+  Thread.Stop(); // it would write to what has gone
   EXPECT_EQ(begin, QThread::currentThread());
   EXPECT_EQ(end, QThread::currentThread());
 }
@@ -122,6 +123,7 @@ TEST_F(QVParseThread, ThrowsTheOutlineAwayWhenAnotherViewCameOnTopMeanwhile) {
   Thread.OnEnd = [&] { Services->TopView = other; };
   Thread.OnBegin = [&] { Services->TopView = View; };
   RunCycles(3);
+  Thread.Stop();
   EXPECT_EQ(Proxy->GetPasInfo(), nullptr);
 }
 
@@ -172,6 +174,7 @@ TEST_F(QVParseThread, MarksAnErrorFromTheHundredAndSecondStillCycleOn) {
   };
   Thread.Resume();
   EXPECT_TRUE(support::waitUntil([&] { return Thread.Ended >= 110; }));
+  Thread.Stop();
   // The first cycle sees a caret that it does not know yet and counts nothing; the 101 after it count up to 1010.
   EXPECT_EQ(firstMarked, 102);
 }

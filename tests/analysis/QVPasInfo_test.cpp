@@ -248,6 +248,7 @@ TEST(PasInfo, IsSharedBetweenThreads) {
   auto info = std::make_shared<TQVPasInfo>();
   info->AddMethod("Foo", 1);
   info->AddElement(1, 2, 3, 4, qvBlockStart);
+  info->GetMethods().Settle();
   std::shared_ptr<const IQVPasInfo> shared = info;
   info.reset();
   std::array<bool, 4> wereRight{};
