@@ -55,6 +55,7 @@ private:
   std::int32_t CaretPos() const override { return FCaretPos; }
   // None when the thread is to end: then nothing is worth a way to the main thread any more.
   std::int32_t StillCount() const override { return Terminated() ? 0 : FStillCount; }
+  bool IsEnding() const override { return Terminated(); }
   void Synchronize(const std::function<void()>& call) override { TThread::Synchronize(call); }
   void UnderlineErr(std::int32_t col, std::int32_t line, std::int32_t length) override;
   void ShowMessage(const std::string& text) override;

@@ -68,7 +68,15 @@ bool TQVPasParser::IsJunkPlain() const {
   return typeid(*this) == typeid(TQVPasParser);
 }
 
+// Asked rarely, since there is a token every few nanoseconds; often enough to be soon.
+void TQVPasParser::LeaveIfThreadEnds() {
+  constexpr std::uint32_t between = 1024;
+  if (++FTokenCount % between == 0 && FThread != nullptr && FThread->IsEnding())
+    throw ESyntaxError("The thread of the parse is to end", Lexer().GetPosXY());
+}
+
 void TQVPasParser::NextToken() {
+  LeaveIfThreadEnds();
   do {
     Lexer().Next();
     SwallowHints();

@@ -25,6 +25,9 @@ public:
   // For how long the caret has stood still: 10 for every parse since it moved. Read in the thread.
   virtual std::int32_t StillCount() const = 0;
 
+  // Whether the thread is to end, so that nobody waits for the outline any more. Read in the thread.
+  virtual bool IsEnding() const { return false; }
+
   // Runs a call in the main thread and waits for it; what it throws comes back to the caller.
   virtual void Synchronize(const std::function<void()>& call) = 0;
 
@@ -40,7 +43,8 @@ public:
 // whatever is defined; the other is skipped up to the next end-if directive, nested or not. Intended.
 //
 // Create it, set the outline and, where there is one, the thread, call InitDefines, then Run; it lives for one parse.
-// What Run throws leaves the outline with what has been read so far, which is still of use.
+// What Run throws leaves the outline with what has been read so far, which is still of use. A thread that is to end
+// ends the parse soon, as a fatal error does.
 //
 // Its own handler of messages underlines the error if the user pauses, then moves on to the next semicolon. Whoever
 // wants to hear of the errors sets another OnMessage that calls this one.
@@ -98,6 +102,7 @@ protected:
   void UsesClause() override;
 
 private:
+  void LeaveIfThreadEnds();
   void SwallowHints();
   void OnMessageHandler(std::int32_t x, std::int32_t y);
   void LeaveMethod();
@@ -116,9 +121,10 @@ private:
   std::shared_ptr<IQVPasInfo> FPasInfo;
   std::int32_t FErrorCol = 0; // of the last reported error, as the editor counts
   std::int32_t FErrorLine = 0;
-  bool FTakeBranch = true;      // false while the branch of a conditional is skipped
-  bool FIsSkipping = false;     // SkipBranch is at work
-  std::int32_t FOpenSkips = 0;  // skips that have begun in it and whose else is not passed yet
+  bool FTakeBranch = true;     // false while the branch of a conditional is skipped
+  bool FIsSkipping = false;    // SkipBranch is at work
+  std::int32_t FOpenSkips = 0; // skips that have begun in it and whose else is not passed yet
+  std::uint32_t FTokenCount = 0;
   std::int64_t FPathLength = 0; // of the names of all routines together
   std::vector<std::string> FRoutineStack;
   std::vector<std::string> FObjectStack;

@@ -6,6 +6,9 @@
 #include <QCoreApplication>
 #include <QThread>
 
+#include <sys/resource.h>
+#include <unistd.h>
+
 #include <condition_variable>
 #include <exception>
 #include <mutex>
@@ -17,6 +20,9 @@ namespace {
 
 // A parser descends deep into source that nests deep. Only what is used is ever backed by memory.
 constexpr unsigned kStackSize = 16U * 1024 * 1024;
+
+// A niceness is a thread's own in Linux.
+constexpr int lowestNiceness = 19;
 
 bool IsMainThread() {
   return QCoreApplication::instance() == nullptr || QThread::currentThread() == QCoreApplication::instance()->thread();
@@ -114,7 +120,7 @@ void TThread::Resume() {
     return;
   if (freeOnTerminate_)
     QObject::connect(impl_.get(), &QThread::finished, QCoreApplication::instance(), [this] { delete this; });
-  impl_->start(priority_ == TThreadPriority::Idle ? QThread::IdlePriority : QThread::InheritPriority);
+  impl_->start();
   if (!impl_->isRunning() && !impl_->isFinished())
     throw EThread("The system gives no further thread");
 }
@@ -124,7 +130,6 @@ void TThread::WaitFor() {
     return;
   if (impl_->IsServing())
     throw EThread("A thread cannot be waited for in a call that it waits for");
-  impl_->setPriority(QThread::NormalPriority);
   impl_->ServeToTheEnd();
 }
 
@@ -136,6 +141,8 @@ void TThread::Synchronize(const std::function<void()>& call) {
 }
 
 void TThread::Run() noexcept {
+  if (priority_ == TThreadPriority::Idle)
+    ::setpriority(PRIO_PROCESS, static_cast<id_t>(::gettid()), lowestNiceness);
   Guarded([this] { Execute(); });
 }
 

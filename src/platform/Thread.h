@@ -18,8 +18,10 @@ public:
   ~EThread() override;
 };
 
-// The priorities of a thread. Idle is the scheduler's idle class: the thread runs when nothing else wants to. Nothing
-// can be waited for at that pace, so waiting for the thread raises it to normal.
+// The priorities of a thread. Idle is the lowest niceness. It is not the scheduler's idle class, in which a thread gets
+// next to nothing while others keep all processors busy: no ordinary user may raise it again, and so nobody could wait
+// for it. At the lowest niceness it gets one or two hundredths, so a body that looks at Terminated often is soon at its
+// end.
 enum class TThreadPriority { Idle, Normal };
 
 // A thread whose body is Execute. It is created suspended, so that it can be set up; Resume starts it, once. It stops

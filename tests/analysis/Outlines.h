@@ -33,6 +33,7 @@ public:
 
   std::int32_t CaretPos() const override { return Caret; }
   std::int32_t StillCount() const override { return Still; }
+  bool IsEnding() const override { return Ending; }
   void Synchronize(const std::function<void()>& call) override {
     IsSynchronizing = true;
     call();
@@ -45,6 +46,7 @@ public:
 
   std::int32_t Caret = std::numeric_limits<std::int32_t>::min();
   std::int32_t Still = 0;
+  bool Ending = false;
   bool IsSynchronizing = false;
   std::vector<TUnderline> Underlines;
   std::vector<std::string> Messages;

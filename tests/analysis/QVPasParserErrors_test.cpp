@@ -125,6 +125,24 @@ TEST_F(OutlineErrors, LeaveRunWithWhatTheirPaintingThrew) {
   EXPECT_THROW(Outlined(Faulty, &thread), std::logic_error);
 }
 
+TEST_F(OutlineErrors, AreLookedForNoLongerSoonAfterTheThreadIsToEnd) {
+  std::string text = "program P; begin\n";
+  for (int line = 0; line < 10'000; ++line)
+    text += "  if a bcd;\n";
+  class TEnding : public TFakeParseThread {
+  public:
+    void UnderlineErr(std::int32_t col, std::int32_t line, std::int32_t length) override {
+      TFakeParseThread::UnderlineErr(col, line, length);
+      Ending = true;
+    }
+    std::int32_t StillCount() const override { return Ending ? 0 : 5000; }
+  } thread;
+  const TOutlined outlined = Outlined(text + "end.", &thread);
+  EXPECT_EQ(thread.Underlines.size(), 1U);
+  EXPECT_LT(outlined.Reports.size(), 1024U);
+  EXPECT_EQ(outlined.Fatal, "The thread of the parse is to end");
+}
+
 TEST_F(OutlineErrors, ArePaintedOnlyThroughTheThread) {
   TQVPasParser parser;
   EXPECT_NO_THROW(parser.PaintErr());

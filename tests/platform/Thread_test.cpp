@@ -11,7 +11,8 @@
 #include <QThread>
 #include <QTimer>
 
-#include <sched.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <atomic>
 #include <functional>
@@ -70,16 +71,21 @@ TEST(Thread, RunsItsBodyInAThreadOfItsOwn) {
   EXPECT_NE(where, QThread::currentThread());
 }
 
-TEST(Thread, OfIdlePriorityRunsInTheIdleClassOfTheScheduler) {
-  std::atomic<int> policy = -1;
-  TBody thread([&](TBody& self) {
-    policy = sched_getscheduler(0);
-    self.Synchronize([] {});
-  });
-  thread.SetPriority(TThreadPriority::Idle);
-  thread.Resume();
-  EXPECT_TRUE(support::waitUntil([&] { return policy != -1; }));
-  EXPECT_EQ(policy, SCHED_IDLE);
+TEST(Thread, OfIdlePriorityHasTheLowestNicenessAndLeavesOthersTheirs) {
+  const auto niceness = [] { return ::getpriority(PRIO_PROCESS, static_cast<id_t>(::gettid())); };
+  const int own = niceness();
+  int idle = -1;
+  int normal = -1;
+  TBody idleThread([&](TBody&) { idle = niceness(); });
+  TBody normalThread([&](TBody&) { normal = niceness(); });
+  idleThread.SetPriority(TThreadPriority::Idle);
+  idleThread.Resume();
+  idleThread.WaitFor();
+  normalThread.Resume();
+  normalThread.WaitFor();
+  EXPECT_EQ(idle, 19);
+  EXPECT_EQ(normal, own);
+  EXPECT_EQ(niceness(), own);
 }
 
 TEST(Thread, SynchronizedCallRunsInTheMainThreadWhileTheThreadWaits) {
