@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "settings/model/QVOptionsStore.h"
+
+#include "settings/model/QVOptions.h"
+#include "settings/model/QVShortCutText.h"
+
+#include <array>
+#include <utility>
+
+namespace quorvane {
+
+namespace {
+
+// Templates come up enabled as the flyout bar is, whatever was stored for them; their own value only says whether
+// there is something to read. Intended.
+std::string_view ReadName(TQVOption option) {
+  return RowOf(option == TQVOption::EnableTemplates ? TQVOption::FlyoutBar : option).Value;
+}
+
+// Reads one option. False if its value cannot be read; then nothing has changed.
+class TReader {
+public:
+  TReader(IQVRegistry& registry, TQVOptionValues& values) : registry_(registry), values_(values) {}
+
+  bool Read(const TQVOptionRow& row) {
+    const std::string_view name = ReadName(row.Option);
+    switch (RegistryType(row.Kind)) {
+    case TQVRegistryType::Boolean:
+      return Take(registry_.ReadBool(name), [&](bool flag) { values_.SetFlag(row.Option, flag); });
+    case TQVRegistryType::String:
+      return Take(registry_.ReadString(name), [&](std::string text) { TakeText(row, std::move(text)); });
+    case TQVRegistryType::Integer:
+      break;
+    }
+    const std::optional<std::int32_t> number = registry_.ReadInteger(name);
+    return number && TakeNumber(row, *number);
+  }
+
+private:
+  template <class TValue, class TSetter> static bool Take(std::optional<TValue> value, TSetter set) {
+    if (value)
+      set(*std::move(value));
+    return value.has_value();
+  }
+
+  bool TakeNumber(const TQVOptionRow& row, std::int32_t number) {
+    if (row.Kind != TQVOptionKind::Character) {
+      values_.SetNumber(row.Option, number);
+      return true;
+    }
+    if (!row.Limits.Hold(number))
+      return false;
+    // An edit ends its text at a character 0.
+    values_.SetText(row.Option, number == 0 ? std::string() : std::string(1, static_cast<char>(number)));
+    return true;
+  }
+
+  void TakeText(const TQVOptionRow& row, std::string text) {
+    if (row.Kind == TQVOptionKind::Folder)
+      OptStorageDir = std::move(text);
+    else
+      values_.SetNumber(row.Option, TextToShortCut(text)); // a text that names no key is no shortcut
+  }
+
+  IQVRegistry& registry_;
+  TQVOptionValues& values_;
+};
+
+std::string Unreadable(const TQVOptionRow& row) {
+  std::string line = "QVOptions: ";
+  line += row.Value;
+  line += " keeps its value, registry value ";
+  line += ReadName(row.Option);
+  return line + " cannot be read";
+}
+
+// TemplateKey is not written although the dialog edits it: only editing the registry changes it for good. Nor is
+// StorageDir. Both are intended.
+bool IsWritten(TQVOptionKind kind) {
+  return kind != TQVOptionKind::Character && kind != TQVOptionKind::Folder;
+}
+
+void Write(const TQVOptionRow& row, const TQVOptionValues& values, IQVRegistry& registry) {
+  switch (RegistryType(row.Kind)) {
+  case TQVRegistryType::Boolean:
+    registry.WriteBool(row.Value, values.Flag(row.Option));
+    break;
+  case TQVRegistryType::String:
+    registry.WriteString(row.Value, ShortCutToText(static_cast<TShortCut>(values.Number(row.Option))));
+    break;
+  case TQVRegistryType::Integer:
+    registry.WriteInteger(row.Value, values.Number(row.Option));
+    break;
+  }
+}
+
+} // namespace
+
+void LoadOptions(IQVRegistry& registry, TQVOptionValues& values, const TQVReport& report) {
+  if (!registry.KeyExists(QVOptionsKey) || !registry.OpenKey(QVOptionsKey, false))
+    return;
+  TReader reader(registry, values);
+  for (const TQVOptionRow& row : QVOptionTable) {
+    if (registry.ValueExists(row.Value) && !reader.Read(row) && report)
+      report(Unreadable(row));
+  }
+  registry.CloseKey();
+}
+
+void ApplyOptions(TQVOptionValues& values) {
+  if (values.Text(TQVOption::TemplateKey).empty())
+    values.SetText(TQVOption::TemplateKey, " ");
+  const TQVOptionValues& Controls = values;
+#define QV_GLOBAL(global, value) global = value;
+#include "settings/model/QVOptionGlobals.def"
+}
+
+bool SaveOptions(const TQVOptionValues& values, IQVRegistry& registry) {
+  if (!registry.OpenKey(QVOptionsKey, true))
+    return false;
+  // LineNumbers is written first, the others in the order of the table. Intended.
+  Write(RowOf(TQVOption::LineNumbers), values, registry);
+  for (const TQVOptionRow& row : QVOptionTable) {
+    if (IsWritten(row.Kind) && row.Option != TQVOption::LineNumbers)
+      Write(row, values, registry);
+  }
+  registry.CloseKey();
+  return true;
+}
+
+} // namespace quorvane
