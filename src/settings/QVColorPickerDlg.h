@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+// The palette as a window.
+#pragma once
+
+#include "platform/Color.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <functional>
+
+namespace quorvane {
+
+class TColorBtn;
+class TColorPicker;
+
+// The palette of a colour button: dropped below it, and gone with the choice, with Escape, or when it loses the focus.
+// It is owned by the button and frees itself when it is closed.
+//
+// It is a tool window without a frame, so it is active while it is open, and can stay open beneath the system's colour
+// dialog. A pop-up could not: it takes all input of the program for itself, the dialog's too. On Wayland only a pop-up
+// can be placed below the button, though; there it hides while the dialog is open.
+class TColPickDlg final : public QWidget {
+  Q_OBJECT
+public:
+  // Qt::Popup on Wayland, Qt::Tool elsewhere.
+  static Qt::WindowType UsualType();
+
+  explicit TColPickDlg(TColorBtn* button, Qt::WindowType type = UsualType());
+  ~TColPickDlg() override;
+
+  TColorPicker& Picker() const { return *picker_; }
+
+  // Shows the palette below `button`, or above it when the screen ends, for the choice of its colour.
+  void Drop(TColorBtn& button);
+
+protected:
+  bool event(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+  void FormShow();
+  void FormKeyDown(const QKeyEvent& event);
+  void FormClose();
+  void LoseFocus();
+  void TakeFocus();
+  // Opens the system's colour dialog and calls `accept` with its colour, unless it is cancelled.
+  void AskColor(platform::TColor preset, std::function<void(platform::TColor)> accept);
+
+  TColorPicker* picker_;
+  QPointer<TColorBtn> button_;
+  bool accepted_ = false;
+  bool closed_ = false;
+  bool dialogOpen_ = false; // the system's colour dialog, which may take the focus
+};
+
+} // namespace quorvane
