@@ -5,6 +5,7 @@
 #include "settings/model/QVShortCutText.h"
 
 #include <array>
+#include <optional>
 #include <utility>
 
 namespace quorvane {
@@ -67,11 +68,11 @@ private:
 };
 
 std::string Unreadable(const TQVOptionRow& row) {
-  std::string line = "QVOptions: ";
-  line += row.Value;
-  line += " keeps its value, registry value ";
+  std::string line = "QVOptions: registry value \"";
   line += ReadName(row.Option);
-  return line + " cannot be read";
+  line += "\" cannot be read; ";
+  line += row.Value;
+  return line + " keeps its default";
 }
 
 // TemplateKey is not written although the dialog edits it: only editing the registry changes it for good. Nor is
