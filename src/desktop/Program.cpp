@@ -11,6 +11,7 @@
 #include "platform/Application.h"
 #include "platform/Errors.h"
 #include "platform/ota/Services.h"
+#include "platform/UserFiles.h"
 
 #include <QCoreApplication>
 #include <QStandardPaths>
@@ -109,8 +110,8 @@ QStringList Program::loadPackages() {
 }
 
 void Program::openSearchPath() {
-  const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
-  const QString problem = workspace_.searchPath().open(folder + QStringLiteral("/virelle/search-path.json"));
+  const QString file = platform::ConfigFile(QStringLiteral("search-path.json"));
+  const QString problem = workspace_.searchPath().open(file);
   if (!problem.isEmpty())
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, problem);
 }
