@@ -223,8 +223,9 @@ TEST_F(LoadTest, ReportsEachValueOfTheWrongTypeAndKeepsItsDefault) {
     Reports.clear();
     Load();
     const std::string name(row.Value);
-    EXPECT_EQ(Reports,
-              (TLines{"QVOptions: registry value \"" + name + "\" cannot be read; " + name + " keeps its default"}));
+    std::string line = "QVOptions: registry value \"";
+    line.append(name).append("\" cannot be read; ").append(name).append(" keeps its default");
+    EXPECT_EQ(Reports, TLines{line});
     EXPECT_EQ(Controls, TQVOptionValues()) << name;
     EXPECT_EQ(OptStorageDir, "");
   }

@@ -10,13 +10,14 @@ constexpr TQVDesignedControls Controls;
 } // namespace
 
 // Known at compile time, so that no start order matters.
-#define QV_GLOBAL(global, value) constinit decltype(global) global = value;
+// NOLINTNEXTLINE(bugprone-macro-parentheses): the name that is declared.
+#define QV_GLOBAL(global, value) constinit decltype(global) global = (value);
 #include "settings/model/QVOptionGlobals.def"
 TShortCut OptBlockHiliteKey = 0;
 std::string OptStorageDir;
 
 void ResetOptions() {
-#define QV_GLOBAL(global, value) global = value;
+#define QV_GLOBAL(global, value) global = (value);
 #include "settings/model/QVOptionGlobals.def"
   OptBlockHiliteKey = 0;
   OptStorageDir.clear();

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// The option globals of the add-in: every unit reads them directly, and only applying the settings writes them. They
-// hold their designed defaults from the start of the process, so nothing needs to be loaded before an editor is
-// painted.
+// The option globals of the add-in: every unit reads them directly, and only loading and applying the settings writes
+// them. They hold their designed defaults from the start of the process, so nothing needs to be loaded before an editor
+// is painted.
 //
-// This unit is a leaf that includes nothing of the project. Main thread only, but for OptSyntaxCheck.
+// This unit is a leaf that includes nothing of the project but the options' tables. Main thread only, but for
+// OptSyntaxCheck.
 #pragma once
 
 #include <array>

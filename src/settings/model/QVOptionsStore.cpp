@@ -39,9 +39,10 @@ public:
 
 private:
   template <class TValue, class TSetter> static bool Take(std::optional<TValue> value, TSetter set) {
-    if (value)
-      set(*std::move(value));
-    return value.has_value();
+    if (!value)
+      return false;
+    set(*std::move(value));
+    return true;
   }
 
   bool TakeNumber(const TQVOptionRow& row, std::int32_t number) {
@@ -111,8 +112,8 @@ void LoadOptions(IQVRegistry& registry, TQVOptionValues& values, const TQVReport
 void ApplyOptions(TQVOptionValues& values) {
   if (values.Text(TQVOption::TemplateKey).empty())
     values.SetText(TQVOption::TemplateKey, " ");
-  const TQVOptionValues& Controls = values;
-#define QV_GLOBAL(global, value) global = value;
+  const TQVOptionValues& Controls = values; // the name that the rows go by
+#define QV_GLOBAL(global, value) global = (value);
 #include "settings/model/QVOptionGlobals.def"
 }
 
