@@ -19,7 +19,6 @@ namespace {
 
 constexpr const char* kUnit = "QVParseThread";
 constexpr std::chrono::milliseconds kPause(1);
-constexpr std::int32_t kStillStep = 10;
 
 // Writes a line when it goes.
 struct TExitLine {
@@ -94,6 +93,7 @@ void TQVParseThread::BeginParse() {
   FIsPascal = IsPascalFile(fileName);
   if (!FIsPascal)
     return;
+  FSourceView.reset();
   FProxy = TQVEditorProxy::GetProxy(FEditView);
   platform::Require(!FProxy.isNull(), kUnit);
   FCaretPos = FProxy->LinearPos();
@@ -101,42 +101,53 @@ void TQVParseThread::BeginParse() {
   const auto reader = buffer->CreateReader();
   platform::Require(reader != nullptr, kUnit);
   GetSourceFromReader(reader, FSource);
+  FSourceView = FEditView;
   FUnitName = QFileInfo(fileName).completeBaseName().toStdString();
 }
 
 void TQVParseThread::CountStillness() {
-  const bool isStill = FLastView == FEditView && FLastCaretPos == FCaretPos;
-  FStillCount = isStill ? FStillCount + kStillStep : 0;
+  FStillCount = NextStillCount(FStillCount, FLastView == FEditView && FLastCaretPos == FCaretPos);
   FLastView = FEditView;
   FLastCaretPos = FCaretPos;
 }
 
 // An error that ends the parse, of whatever kind, leaves the outline with what came before it.
 void TQVParseThread::Parse() {
+  try {
+    ParseSource();
+  } catch (...) {
+  }
+}
+
+void TQVParseThread::ParseSource() {
+  FPasInfo = std::make_shared<TQVPasInfo>();
   std::string stream;
   stream.reserve(FSource.size() + 1);
   stream = FSource;
   TQVPasParser parser;
-  FPasInfo = std::make_shared<TQVPasInfo>();
   parser.SetPasInfo(FPasInfo);
   parser.SetThread(this);
   parser.InitDefines();
   try {
     parser.Run(FUnitName, &stream);
   } catch (...) {
+    // What was read so far is of use.
   }
   FPasInfo->GetMethods().Settle();
   FPasInfo->GetClasses().Settle();
 }
 
-bool TQVParseThread::IsViewOnTop() const {
-  return FEditView && GetTopView() == FEditView;
+// The proxy of the view whose text is parsed; null if that view is on top no more.
+TQVEditorProxy* TQVParseThread::ProxyOnTop() const {
+  if (!FSourceView || FSourceView != FEditView || GetTopView() != FEditView)
+    return nullptr;
+  return TQVEditorProxy::GetProxy(FEditView);
 }
 
 void TQVParseThread::EndParse() {
-  if (!FIsPascal || !IsViewOnTop())
+  if (!FIsPascal || !FPasInfo)
     return;
-  TQVEditorProxy* const proxy = TQVEditorProxy::GetProxy(FEditView);
+  TQVEditorProxy* const proxy = ProxyOnTop();
   if (proxy == nullptr)
     return;
   proxy->SetPasInfo(FPasInfo);
@@ -152,10 +163,10 @@ void TQVParseThread::ThreadDeathError() {
                           "however, Quorvane may experience difficulties.  Restarting Delphi is recommended.");
 }
 
+// Once the caret has moved the error may be mended, or stand elsewhere.
 void TQVParseThread::UnderlineErr(std::int32_t col, std::int32_t line, std::int32_t length) {
-  if (!IsViewOnTop())
-    return;
-  if (TQVEditorProxy* const proxy = TQVEditorProxy::GetProxy(FEditView))
+  TQVEditorProxy* const proxy = ProxyOnTop();
+  if (proxy != nullptr && proxy->LinearPos() == FCaretPos)
     proxy->UnderlineErr(col, line, length);
 }
 
@@ -174,6 +185,8 @@ void StopQVParseThread() {
   if (QVThread)
     QVThread->Terminate();
   platform::OutputDebugString("QVThread.Free");
+  if (QVThread)
+    QVThread->WaitFor();
   delete std::exchange(QVThread, nullptr);
   platform::OutputDebugString("QVParse Thread Finalized");
 }

@@ -64,10 +64,12 @@ private:
   void SynchronizeDropping(void (TQVParseThread::*half)());
   void CountStillness();
   void Parse();
-  bool IsViewOnTop() const;
+  void ParseSource();
+  TQVEditorProxy* ProxyOnTop() const;
 
   std::string FSource; // of the buffer on top; its capacity is kept
   std::shared_ptr<platform::IOTAEditView> FEditView;
+  std::shared_ptr<platform::IOTAEditView> FSourceView; // whose text the source is; another's gets nothing of it
   bool FIsPascal = false;
   std::int32_t FCaretPos = 0; // index (from 0) into the source
   std::string FUnitName;
@@ -75,13 +77,25 @@ private:
   std::shared_ptr<platform::IOTAEditView> FLastView;
   std::int32_t FLastCaretPos = 0;
   QPointer<TQVEditorProxy> FProxy;
-  std::int32_t FStillCount = 0; // 10 for each cycle since view or caret changed
+  std::int32_t FStillCount = 0; // 10 for each cycle since view or caret changed, up to MaxStillCount
 };
+
+// How long a stillness is counted: an editor may stand open over many weekends.
+inline constexpr std::int32_t MaxStillCount = 1'000'000'000;
+
+// The count after a cycle that saw the caret still or not.
+constexpr std::int32_t NextStillCount(std::int32_t count, bool isStill) {
+  constexpr std::int32_t step = 10;
+  if (!isStill)
+    return 0;
+  return count < MaxStillCount ? count + step : MaxStillCount;
+}
 
 // The one thread, or null while the unit is not started.
 extern TQVParseThread* QVThread;
 
-// Start and stop of the unit. The stop waits for the parse under way.
+// Start and stop of the unit. The stop waits for the parse under way, which ends early then. It raises EThread inside
+// of a call that the thread waits for; the thread ends after that call, and is never freed.
 void StartQVParseThread();
 void StopQVParseThread();
 

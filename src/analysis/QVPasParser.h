@@ -26,7 +26,7 @@ public:
   virtual std::int32_t StillCount() const = 0;
 
   // Whether the thread is to end, so that nobody waits for the outline any more. Read in the thread.
-  virtual bool IsEnding() const { return false; }
+  virtual bool IsEnding() const = 0;
 
   // Runs a call in the main thread and waits for it; what it throws comes back to the caller.
   virtual void Synchronize(const std::function<void()>& call) = 0;

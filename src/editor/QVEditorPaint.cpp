@@ -116,13 +116,13 @@ void TQVEditorProxy::PaintSubInteger(int line, int column, int value) {
 }
 
 void TQVEditorProxy::UnderlineErr(std::int32_t column, std::int32_t line, std::int32_t length) {
-  const platform::TWinControl& control = Control();
+  (void)Control();
   platform::TCanvas& canvas = DrawingCanvas();
   const QPoint start =
       CursorToPixel(platform::TOTACharPos{static_cast<std::int16_t>(column), line}, TQVCellEdge::Bottom);
-  // What is right of the control cannot be seen; a token may be as long as its file.
+  // What is right of the canvas cannot be seen; a token may be as long as its file.
   const std::int64_t endX = start.x() + std::int64_t{EdGetColWidth()} * length;
-  DrawZigzag(canvas, start, static_cast<int>(std::min<std::int64_t>(endX, control.ClientWidth())));
+  DrawZigzag(canvas, start, static_cast<int>(std::min<std::int64_t>(endX, canvas.Width())));
 }
 
 void TQVEditorProxy::PaintLineNumbers(platform::TCanvas& canvas) {

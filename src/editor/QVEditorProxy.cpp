@@ -70,8 +70,12 @@ void TQVEditorProxy::InjectExistingProxies() {
 
 void TQVEditorProxy::RemoveExistingProxies() {
   for (const QWidget* form : platform::Screen().Forms()) {
-    if (IsEditorForm(*form))
-      delete GetProxy(*form);
+    if (!IsEditorForm(*form))
+      continue;
+    if (TQVEditorProxy* const proxy = GetProxy(*form)) {
+      proxy->Invalidate(); // what it has drawn goes with it
+      delete proxy;
+    }
   }
 }
 

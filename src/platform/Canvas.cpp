@@ -63,6 +63,11 @@ QColor TCanvas::Resolve(TColor color) const {
   return ToQColor(color, surface_.SurfacePalette(), surface_.SurfaceColor());
 }
 
+int TCanvas::Width() const {
+  const QImage& image = surface_.BeginDrawing();
+  return static_cast<int>(std::ceil(image.width() / image.devicePixelRatio()));
+}
+
 int TCanvas::TextWidth(const QString& text) const {
   return QFontMetrics(Font.Face).horizontalAdvance(text);
 }
@@ -89,15 +94,21 @@ void TCanvas::Polyline(const QPolygon& points) {
     return;
   const int margin = Pen.Width;
   const QRect area = bounds.adjusted(-margin, -margin, margin, margin);
+  QImage& image = surface_.BeginDrawing();
+  const QRect pixels = ToDevice(area, image.devicePixelRatio()) & image.rect();
+  if (pixels.isEmpty())
+    return;
+  const QImage before = image.copy(pixels);
   {
-    QPainter painter(&surface_.BeginDrawing());
+    QPainter painter(&image);
     painter.setPen(QPen(color, Pen.Width, Qt::SolidLine, Qt::SquareCap));
     // The painter draws the end point too; it belongs to the line that goes on from there.
     const QRect end(position_ - QPoint(Pen.Width / 2, Pen.Width / 2), QSize(Pen.Width, Pen.Width));
     painter.setClipRegion(QRegion(area).subtracted(end));
     painter.drawPolyline(points);
   }
-  surface_.EndDrawing(area);
+  if (image.copy(pixels) != before)
+    surface_.EndDrawing(area);
 }
 
 void TCanvas::FillRect(const QRect& area) {

@@ -82,7 +82,7 @@ public:
   // Draws with the pen from the current point up to, not including, (x, y), which becomes the current point.
   void LineTo(int x, int y);
   // Draws with the pen through `points`, up to, not including, the last, which becomes the current point: what MoveTo
-  // and a LineTo for each point draw, in one operation.
+  // and a LineTo for each point draw, in one operation. Lines that stood there already cause no copy to the screen.
   void Polyline(const QPolygon& points);
   // Fills `area` with the brush.
   void FillRect(const QRect& area);
@@ -93,6 +93,9 @@ public:
   // Copies `from` of `bitmap` to `to` as CopyRect does, but every pixel of exactly the colour `key` becomes the
   // brush's.
   void BrushCopy(const QRect& to, TBitmap& bitmap, const QRect& from, TColor key);
+
+  // The width of the surface in logical pixels, a part of one counted whole.
+  int Width() const;
 
   ICanvasSurface& Surface() const { return surface_; }
 

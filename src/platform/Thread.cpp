@@ -38,12 +38,12 @@ class TThread::TImpl : public QThread {
 public:
   explicit TImpl(TThread& owner) : owner_(owner) { setStackSize(kStackSize); }
 
+  // A thread that has ended without anybody waiting for it may only just have given back the lock.
+  ~TImpl() override { const std::lock_guard lock(mutex_); }
+
   void Synchronize(const std::function<void()>& call) {
+    Offer(call);
     std::unique_lock lock(mutex_);
-    call_ = &call;
-    QMetaObject::invokeMethod(
-        this, [this] { Serve(); }, Qt::QueuedConnection);
-    changed_.notify_all();
     changed_.wait(lock, [this] { return call_ == nullptr; });
     if (const std::exception_ptr error = std::exchange(error_, nullptr)) {
       lock.unlock();
@@ -71,10 +71,8 @@ public:
     changed_.notify_all();
   }
 
-  bool IsServing() {
-    const std::lock_guard lock(mutex_);
-    return serving_;
-  }
+  // Main thread, which alone changes it: so no lock, for which the main thread might have to wait.
+  bool IsServing() const { return serving_; }
 
   // Main thread: serves calls until the body has returned.
   void ServeToTheEnd() {
@@ -99,12 +97,36 @@ protected:
   }
 
 private:
+  // Leaves the call where WaitFor finds it, and an event for the main thread. The lock is not held while the event is
+  // sent: the main thread wakes up by it, and must not have to wait until this thread, which may be of the lowest
+  // priority, comes to give the lock back.
+  void Offer(const std::function<void()>& call) {
+    {
+      const std::lock_guard lock(mutex_);
+      call_ = &call;
+      changed_.notify_all();
+    }
+    try {
+      QMetaObject::invokeMethod(
+          this, [this] { Serve(); }, Qt::QueuedConnection);
+    } catch (...) {
+      TakeBack();
+      throw;
+    }
+  }
+
+  void TakeBack() {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return !serving_; });
+    call_ = nullptr;
+  }
+
   TThread& owner_;
   std::mutex mutex_;
   std::condition_variable changed_;
   const std::function<void()>* call_ = nullptr; // of the thread that waits; guarded by mutex_, as all below
   std::exception_ptr error_;                    // what that call threw
-  bool serving_ = false;                        // the main thread is in that call
+  bool serving_ = false;                        // the main thread is in that call; changed by it alone
   bool done_ = false;                           // the body has returned
 };
 

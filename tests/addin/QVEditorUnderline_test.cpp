@@ -72,11 +72,11 @@ TEST_F(QVEditorUnderline, LeavesThePenAsItWas) {
   EXPECT_EQ(Editor().Canvas().Pen.Width, 2);
 }
 
-TEST_F(QVEditorUnderline, OfATokenAsLongAsAFileEndsWithTheControl) {
+TEST_F(QVEditorUnderline, OfATokenAsLongAsAFileEndsWithTheCanvas) {
   Show("x\r\n");
   Proxy->UnderlineErr(0, 1, 2'000'000'000);
-  EXPECT_LE(RedColumns().second, Editor().Width);
-  EXPECT_GT(RedColumns().second, Editor().Width - 6);
+  EXPECT_LE(RedColumns().second, Editor().Canvas().Width());
+  EXPECT_GT(RedColumns().second, Editor().Canvas().Width() - 6);
 }
 
 TEST_F(QVEditorUnderline, OutsideOfTheTextShownDrawsNothing) {

@@ -8,6 +8,7 @@
 
 #include <atomic>
 #include <stdexcept>
+#include <utility>
 
 namespace quorvane {
 namespace {
@@ -75,6 +76,13 @@ protected:
         if (picture.pixelColor(x, y) == QColor(255, 0, 0))
           return true;
     return false;
+  }
+  // Runs `action` while the thread waits for an error to be marked.
+  void DuringTheFirstMark(std::function<void()> action) {
+    Editor().OnBeginDrawing = [this, action = std::move(action), done = false]() mutable {
+      if (!std::exchange(done, true))
+        action();
+    };
   }
   void WipeRed() { Editor().Send(platform::WM_PAINT); }
 
@@ -247,15 +255,99 @@ TEST_F(QVParseThread, EndsAtOnceWhenItIsTerminatedBetweenTwoSteps) {
 }
 
 TEST_F(QVParseThread, IsStoppedOnlyAfterTheParseUnderWay) {
-  std::string text = "unit unit1; interface implementation procedure Bar; begin\r\n";
+  Show(kFaultyText, 40, 12, 0);
+  RunCycles(99); // the caret rests; the mark comes with one of the next cycles
+  std::string text = "unit unit1; interface implementation procedure Bar; begin if a b;\r\n";
   for (int i = 0; i < 100'000; ++i)
     text += "  x := y + f(z[1], 2) * 3;\r\n";
   Buffer->Text = text + "end; end.";
-  Thread.OnBegin = [&] { Thread.Terminate(); };
-  Thread.Resume();
+  int ended = 0;
+  std::shared_ptr<IQVPasInfo> last;
+  DuringTheFirstMark([&] {
+    ended = Thread.Ended;
+    last = Proxy->GetPasInfo();
+    Thread.Terminate();
+  });
+  EXPECT_TRUE(support::waitUntil([&] { return ended > 0; }));
+  (void)Debug.Take();
   Thread.WaitFor();
-  EXPECT_EQ(Thread.Begun, 1);
-  EXPECT_EQ(Thread.Ended, 0);
+  EXPECT_EQ(Debug.Take(), Lines{"Exit Parse Thread"});
+  EXPECT_EQ(Thread.Ended, ended) << "the outline of the parse under way is not handed over";
+  EXPECT_EQ(Proxy->GetPasInfo(), last);
+}
+
+TEST_F(QVParseThread, MarksNothingOnceTheCaretHasMovedDuringTheParse) {
+  Show("unit unit1;\r\ninterface\r\nimplementation\r\nprocedure Bar;\r\nbegin\r\n  if a b;\r\n  if a b;\r\n"
+       "end;\r\nend.\r\n",
+       40, 12, 0);
+  int cycle = 0;
+  DuringTheFirstMark([&] {
+    cycle = Thread.Begun;
+    PutCaret(2, 1);
+    Thread.OnBegin = [&] { Thread.Terminate(); };
+  });
+  Thread.Resume();
+  EXPECT_TRUE(support::waitUntil([&] { return cycle > 0 && Thread.Begun > cycle; }));
+  Thread.Stop();
+  const int lineOfTheSecond = 7 * Editor().CellSize().height();
+  for (int y = lineOfTheSecond - 2; y < lineOfTheSecond + 3; ++y)
+    for (int x = 0; x < Editor().Picture().width(); ++x)
+      ASSERT_NE(Editor().Picture().pixelColor(x, y), QColor(255, 0, 0)) << x << ", " << y;
+}
+
+TEST_F(QVParseThread, GoesOnAfterAMarkThatCouldNotBeDrawn) {
+  Show(kFaultyText, 40, 12, 0);
+  bool failed = false;
+  DuringTheFirstMark([&] {
+    failed = true;
+    throw std::runtime_error("no memory for the picture");
+  });
+  Thread.Resume();
+  EXPECT_TRUE(support::waitUntil([&] { return failed; }));
+  const auto last = Proxy->GetPasInfo();
+  RunCycles(2);
+  EXPECT_NE(Proxy->GetPasInfo(), last);
+  EXPECT_TRUE(IsRed()) << "the next cycle draws it";
+  EXPECT_TRUE(TakeReported().empty());
+}
+
+TEST_F(QVParseThread, GivesAViewNothingOfATextThatIsNotItsOwn) {
+  RunCycles(2);
+  const auto own = Proxy->GetPasInfo();
+  const auto other = std::make_shared<fakes::FakeView>(
+      std::make_shared<fakes::FakeBuffer>(QStringLiteral("/home/me/other.pas"), "unit other;"), Window.get());
+  other->Buffer->ReadError = std::make_exception_ptr(std::bad_alloc());
+  Services->TopView = other;
+  const auto before = Proxy->GetPasInfo();
+  RunCycles(3); // they cannot read, and parse what they have
+  EXPECT_NE(own, nullptr);
+  EXPECT_EQ(Proxy->GetPasInfo(), before);
+}
+
+TEST_F(QVParseThread, UpdateViewTakesTheViewOnTop) {
+  const auto other = std::make_shared<fakes::FakeView>(
+      std::make_shared<fakes::FakeBuffer>(QStringLiteral("/home/me/other.pas"), "unit other;"), Window.get());
+  Thread.OnBegin = [&] { Services->TopView = View; };
+  Thread.OnEnd = [&] {
+    Services->TopView = other;
+    Thread.UpdateView();
+    Services->TopView = View; // which is not the thread's any more
+  };
+  RunCycles(3);
+  Thread.Stop();
+  EXPECT_EQ(Proxy->GetPasInfo(), nullptr);
+}
+
+TEST(QVParseThreadStillness, IsCountedInTensAndStartsAnewWithAMove) {
+  EXPECT_EQ(NextStillCount(0, true), 10);
+  EXPECT_EQ(NextStillCount(1010, true), 1020);
+  EXPECT_EQ(NextStillCount(1010, false), 0);
+}
+
+TEST(QVParseThreadStillness, NeverOverflows) {
+  EXPECT_EQ(NextStillCount(MaxStillCount, true), MaxStillCount);
+  EXPECT_EQ(NextStillCount(MaxStillCount - 1, true), MaxStillCount + 9);
+  EXPECT_EQ(NextStillCount(MaxStillCount, false), 0);
 }
 
 TEST_F(QVParseThread, OutlivesTheWindowItParses) {

@@ -51,6 +51,33 @@ INSTANTIATE_TEST_SUITE_P(Ratios, CanvasAtRatio, testing::Values(1.0, 1.5, 2.0));
 
 } // namespace
 
+TEST_P(CanvasAtRatio, LinesThatStandThereAlreadyAreNotReportedAgain) {
+  TImageSurface surface(40, 20, GetParam());
+  TCanvas canvas(surface);
+  canvas.Pen.Color = clRed;
+  canvas.Polyline({{3, 4}, {9, 10}, {15, 4}});
+  EXPECT_FALSE(surface.Drawn.isEmpty());
+  surface.Drawn = {};
+  canvas.Polyline({{3, 4}, {9, 10}, {15, 4}});
+  EXPECT_TRUE(surface.Drawn.isEmpty());
+  surface.Image.fill(Qt::white);
+  canvas.Polyline({{3, 4}, {9, 10}, {15, 4}});
+  EXPECT_FALSE(surface.Drawn.isEmpty());
+}
+
+TEST_P(CanvasAtRatio, LinesOutsideOfTheSurfaceDrawNothing) {
+  TImageSurface surface(40, 20, GetParam());
+  TCanvas canvas(surface);
+  canvas.Polyline({{3, 400}, {9, 410}});
+  EXPECT_TRUE(surface.Drawn.isEmpty());
+  EXPECT_EQ(Bounds(surface.Image, Qt::black), QRect());
+}
+
+TEST_P(CanvasAtRatio, WidthIsThatOfTheSurfaceInLogicalPixels) {
+  TImageSurface surface(41, 20, GetParam());
+  EXPECT_EQ(TCanvas(surface).Width(), 41 + (GetParam() == 1.5 ? 1 : 0)); // 61.5 device pixels are 62
+}
+
 TEST_P(CanvasAtRatio, FilledNeighboursMeetWithoutGapOrOverlap) {
   TImageSurface surface(40, 20, GetParam());
   TCanvas canvas(surface);

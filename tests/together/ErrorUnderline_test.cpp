@@ -84,6 +84,8 @@ TEST_F(ErrorUnderline, CausesNoPaintInTenSecondsOfStillness) {
   while (clock.elapsed() < 10000)
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents); // the thread's own calls end the wait
   EXPECT_EQ(hostPaints(), 0);
+  ASSERT_TRUE(waitForOutlines(3)) << "the thread has drawn no mark again";
+  EXPECT_EQ(hostPaints(), 0);
   EXPECT_GT(redPixels(), 0);
 }
 
