@@ -3,6 +3,9 @@
 
 #include "platform/Debug.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+
 #include <algorithm>
 
 namespace platform {
@@ -50,8 +53,10 @@ void TApplication::HandleException(const std::exception_ptr& error) noexcept {
       return;
     }
     pending_.emplace_back(message, 1);
-    if (!posted_)
-      posted_ = QMetaObject::invokeMethod(this, &TApplication::ReportPending, Qt::QueuedConnection);
+    if (!posted_) {
+      QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+      posted_ = true;
+    }
   } catch (...) {
     OutputDebugString("An exception could not be reported");
   }
@@ -65,6 +70,10 @@ void TApplication::Report(const QString& message, int count) {
   } catch (...) {
     ReportToDebugger(message, count);
   }
+}
+
+void TApplication::customEvent(QEvent*) {
+  ReportPending();
 }
 
 void TApplication::ReportPending() {

@@ -51,6 +51,10 @@ public:
   // debugger output. Main thread.
   void ReportPending();
 
+protected:
+  // ReportPending, queued.
+  void customEvent(QEvent* event) override;
+
 private:
   void Report(const QString& message, int count);
 

@@ -4,6 +4,7 @@
 #include "platform/Application.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QThread>
 
 #include <sys/resource.h>
@@ -38,9 +39,6 @@ class TThread::TImpl : public QThread {
 public:
   explicit TImpl(TThread& owner) : owner_(owner) { setStackSize(kStackSize); }
 
-  // A thread that has ended without anybody waiting for it may only just have given back the lock.
-  ~TImpl() override { const std::lock_guard lock(mutex_); }
-
   void Synchronize(const std::function<void()>& call) {
     Offer(call);
     std::unique_lock lock(mutex_);
@@ -51,6 +49,37 @@ public:
     }
   }
 
+  // Main thread: serves calls until the body has returned; at once when it has.
+  void ServeToTheEnd() {
+    for (;;) {
+      {
+        std::unique_lock lock(mutex_);
+        changed_.wait(lock, [this] { return done_ || (call_ != nullptr && !serving_); });
+        if (done_)
+          break;
+      }
+      Serve();
+    }
+    wait();
+  }
+
+  // Main thread, which alone changes it: so no lock, for which the main thread might have to wait.
+  bool IsServing() const { return serving_; }
+
+  bool WasStarted() const { return isRunning() || isFinished(); }
+
+protected:
+  void run() override {
+    owner_.Run();
+    const std::lock_guard lock(mutex_);
+    done_ = true;
+    changed_.notify_all();
+  }
+
+  // The event of Offer.
+  void customEvent(QEvent*) override { Serve(); }
+
+private:
   // Main thread: runs the call that waits, if there is one that nobody has begun to run.
   void Serve() {
     std::unique_lock lock(mutex_);
@@ -71,32 +100,6 @@ public:
     changed_.notify_all();
   }
 
-  // Main thread, which alone changes it: so no lock, for which the main thread might have to wait.
-  bool IsServing() const { return serving_; }
-
-  // Main thread: serves calls until the body has returned.
-  void ServeToTheEnd() {
-    for (;;) {
-      {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return done_ || (call_ != nullptr && !serving_); });
-        if (done_)
-          break;
-      }
-      Serve();
-    }
-    wait();
-  }
-
-protected:
-  void run() override {
-    owner_.Run();
-    const std::lock_guard lock(mutex_);
-    done_ = true;
-    changed_.notify_all();
-  }
-
-private:
   // Leaves the call where WaitFor finds it, and an event for the main thread. The lock is not held while the event is
   // sent: the main thread wakes up by it, and must not have to wait until this thread, which may be of the lowest
   // priority, comes to give the lock back.
@@ -107,8 +110,7 @@ private:
       changed_.notify_all();
     }
     try {
-      QMetaObject::invokeMethod(
-          this, [this] { Serve(); }, Qt::QueuedConnection);
+      QCoreApplication::postEvent(this, new QEvent(QEvent::User));
     } catch (...) {
       TakeBack();
       throw;
@@ -138,17 +140,20 @@ TThread::~TThread() {
 }
 
 void TThread::Resume() {
-  if (impl_->isRunning() || impl_->isFinished())
+  if (impl_->WasStarted())
     return;
   if (freeOnTerminate_)
-    QObject::connect(impl_.get(), &QThread::finished, QCoreApplication::instance(), [this] { delete this; });
+    QObject::connect(impl_.get(), &QThread::finished, QCoreApplication::instance(), [this] {
+      WaitFor();
+      delete this;
+    });
   impl_->start();
-  if (!impl_->isRunning() && !impl_->isFinished())
+  if (!impl_->WasStarted())
     throw EThread("The system gives no further thread");
 }
 
 void TThread::WaitFor() {
-  if (!impl_->isRunning())
+  if (!impl_->WasStarted())
     return;
   if (impl_->IsServing())
     throw EThread("A thread cannot be waited for in a call that it waits for");
