@@ -74,6 +74,10 @@ bool TColPickDlg::event(QEvent* event) {
   case QEvent::ShortcutOverride: // keys are for the palette alone, not for actions of the windows below
     event->accept();
     return true;
+  case QEvent::WindowActivate:
+    if (!colorDialog_)
+      keepsOpen_ = false;
+    break;
   case QEvent::WindowDeactivate:
     LoseFocus();
     break;
@@ -84,7 +88,7 @@ bool TColPickDlg::event(QEvent* event) {
 }
 
 void TColPickDlg::LoseFocus() {
-  if (dialogOpen_ || closed_)
+  if (keepsOpen_ || closed_)
     return;
   if (button_)
     button_->PaletteLostFocus();
@@ -122,10 +126,6 @@ void TColPickDlg::FormKeyDown(const QKeyEvent& event) {
 }
 
 void TColPickDlg::closeEvent(QCloseEvent* event) {
-  if (dialogOpen_ && windowType() == Qt::Popup) {
-    event->ignore(); // any window that is shown closes open pop-ups
-    return;
-  }
   event->accept();
   if (std::exchange(closed_, true))
     return;
@@ -142,24 +142,24 @@ void TColPickDlg::FormClose() {
 }
 
 void TColPickDlg::AskColor(TColor preset, std::function<void(TColor)> accept) {
-  if (dialogOpen_)
+  if (colorDialog_)
     return;
-  dialogOpen_ = true;
+  keepsOpen_ = true;
   const bool hides = windowType() == Qt::Popup;
   const QColor color = platform::ToQColor(preset, palette(), palette().color(QPalette::Button));
-  auto* const dialog = new QColorDialog(color.isValid() ? color : QColor(Qt::white), hides ? parentWidget() : this);
-  dialog->setAttribute(Qt::WA_DeleteOnClose);
-  connect(dialog, &QColorDialog::finished, this, [this, dialog, hides, accept = std::move(accept)](int result) {
+  colorDialog_ = new QColorDialog(color.isValid() ? color : QColor(Qt::white), hides ? parentWidget() : this);
+  colorDialog_->setAttribute(Qt::WA_DeleteOnClose);
+  connect(colorDialog_, &QColorDialog::finished, this, [this, hides, accept = std::move(accept)](int result) {
+    const QColor answer = std::exchange(colorDialog_, nullptr)->selectedColor();
     if (result == QDialog::Accepted)
-      accept(platform::ToTColor(dialog->selectedColor()));
+      accept(platform::ToTColor(answer));
     if (hides)
       show();
     TakeFocus();
-    dialogOpen_ = false;
   });
   if (hides)
     hide();
-  dialog->open();
+  colorDialog_->open();
 }
 
 } // namespace quorvane

@@ -9,6 +9,8 @@
 
 #include <functional>
 
+class QColorDialog;
+
 namespace quorvane {
 
 class TColorBtn;
@@ -54,7 +56,8 @@ private:
   QPointer<TColorBtn> button_;
   bool accepted_ = false;
   bool closed_ = false;
-  bool dialogOpen_ = false; // the system's colour dialog, which may take the focus
+  QPointer<QColorDialog> colorDialog_; // while the user is asked for a colour
+  bool keepsOpen_ = false;             // then, and until the palette is active again, it may lose the focus
 };
 
 } // namespace quorvane
