@@ -22,7 +22,7 @@ constexpr int kSwatchMargin = 4;
 
 TColBtn::TColBtn(QWidget* parent) : QAbstractButton(parent) {
   setCheckable(true);
-  setFocusPolicy(Qt::ClickFocus);
+  setFocusPolicy(Qt::TabFocus); // the mouse picks by a click and leaves the focus alone
   setAttribute(Qt::WA_Hover);
   resize(sizeHint());
   Describe();

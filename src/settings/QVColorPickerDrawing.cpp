@@ -129,7 +129,7 @@ void DrawSwatch(QPainter& painter, const QRectF& area, const QColor& color, cons
     QPainterPath diagonal;
     diagonal.moveTo(whole.bottomLeft());
     diagonal.lineTo(whole.topRight());
-    StrokePath(painter, diagonal, palette.color(QPalette::ButtonText), 1.2);
+    StrokePath(painter, diagonal, edge, 1.2); // in a soft ink: a tick may stand on it
     painter.restore();
   }
   Frame(painter, whole, edge);

@@ -326,6 +326,15 @@ TEST_F(QVColorPickerDlg, ACancelledColourDialogChangesNothing) {
   EXPECT_EQ(UserColors.at(9), platform::clWhite);
 }
 
+TEST_F(QVColorPickerDlg, AChangedColourOfTheUserIsNotYetPicked) {
+  Open();
+  Answer([this] { QTest::mouseClick(&Picker().UserBtn(9), Qt::RightButton); },
+         [](QColorDialog& dialog) { Choose(dialog, QColor(1, 2, 3)); });
+  EXPECT_EQ(QApplication::focusWidget(), &Picker().FixedBtn(18));
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Button.ActiveColor(), kRed);
+}
+
 TEST_F(QVColorPickerDlg, ARightClickOnAnyOtherCellDoesNothing) {
   Open();
   for (TColBtn* cell : {&Picker().AutoBtn(), &Picker().FixedBtn(3), &Picker().SpareBtn(), &Picker().OtherBtn()})

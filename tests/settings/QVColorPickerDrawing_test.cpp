@@ -84,7 +84,7 @@ TEST_F(QVColorPickerDrawing, DrawsNoColourAsADiagonalLine) {
   const auto isInkedNear = [&](double x, double y) {
     for (int dy = -2; dy <= 2; ++dy) {
       for (int dx = -2; dx <= 2; ++dx) {
-        if (qGray(shot.pixel(static_cast<int>(x * ratio) + dx, static_cast<int>(y * ratio) + dy)) < 100)
+        if (qGray(shot.pixel(static_cast<int>(x * ratio) + dx, static_cast<int>(y * ratio) + dy)) < 170)
           return true;
       }
     }
