@@ -9,12 +9,10 @@ namespace {
 
 class QVColorPickerColors : public RegistryTest {};
 
-std::string Row(int row) {
+std::string Row(std::size_t row) {
   QStringList digits;
-  for (int column = 0; column < kColorsPerRow; ++column)
-    digits.append(QStringLiteral("%1")
-                      .arg(FixedColors.at(static_cast<std::size_t>(row * kColorsPerRow + column)), 6, 16, QChar(u'0'))
-                      .toUpper());
+  for (std::size_t column = 0; column < kColorsPerRow; ++column)
+    digits.append(QStringLiteral("%1").arg(FixedColors.at(row * kColorsPerRow + column), 6, 16, QChar(u'0')).toUpper());
   return digits.join(u' ').toStdString();
 }
 
