@@ -21,6 +21,8 @@ public:
     if (addIn == AddIn::On)
       quorvane::TQVEditorProxy::InjectExistingProxies();
     QCoreApplication::processEvents();
+    // The first pass also has the whole text served for the first time, which is part of opening a file.
+    unit_.control().Repaint();
   }
   ~Editor() { quorvane::TQVEditorProxy::RemoveExistingProxies(); }
   Editor(const Editor&) = delete;
