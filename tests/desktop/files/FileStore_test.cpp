@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/files/FileFixture.h"
-#include "desktop/files/LowerRights.h"
+#include "support/LowerRights.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -38,14 +38,14 @@ TEST_F(FileStoreTest, RefusesADevice) {
 TEST_F(FileStoreTest, RefusesAnUnreadableFileByNameAndReason) {
   const QString file = write("a");
   QFile::setPermissions(file, {});
-  const LowerRights lower(folder());
+  const support::LowerRights lower(folder());
   EXPECT_EQ(errorOf(file), "Cannot open " + file.toStdString() + ": Permission denied.");
 }
 
 TEST_F(FileStoreTest, OpensAFileThatMayNotBeWrittenReadOnly) {
   const QString file = write("a");
   QFile::setPermissions(file, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-  const LowerRights lower(folder());
+  const support::LowerRights lower(folder());
   const auto document = open(file);
   EXPECT_TRUE(document->isReadOnlyText());
   EXPECT_EQ(document->readOnlyReason(), QStringLiteral("The file may not be written."));
@@ -54,7 +54,7 @@ TEST_F(FileStoreTest, OpensAFileThatMayNotBeWrittenReadOnly) {
 TEST_F(FileStoreTest, MakesACopyOfAReadOnlyFileWritable) {
   const QString file = write("a");
   QFile::setPermissions(file, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-  const LowerRights lower(folder());
+  const support::LowerRights lower(folder());
   const auto document = open(file);
   const SaveResult result = save(*document, path("copy.pas"));
   ASSERT_TRUE(result.ok()) << result.error.toStdString();

@@ -1,15 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/files/FileFixture.h"
-#include "desktop/files/LowerRights.h"
+#include "support/FileSizeLimit.h"
+#include "support/LowerRights.h"
 
 #include <QDir>
 #include <QFileInfo>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <csignal>
 
 namespace desktop {
 namespace {
@@ -21,27 +19,6 @@ struct stat statusOf(const QString& path) {
   EXPECT_EQ(::lstat(QFile::encodeName(path).constData(), &status), 0);
   return status;
 }
-
-// While it lives, no file can grow beyond `bytes`: writing fails as it does on a full disk.
-class FileSizeLimit {
-public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    oldHandler_ = std::signal(SIGXFSZ, SIG_IGN);
-    ::getrlimit(RLIMIT_FSIZE, &old_);
-    const rlimit limit{bytes, old_.rlim_max};
-    EXPECT_EQ(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-  }
-  ~FileSizeLimit() {
-    ::setrlimit(RLIMIT_FSIZE, &old_);
-    std::signal(SIGXFSZ, oldHandler_);
-  }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-  rlimit old_ = {};
-  void (*oldHandler_)(int) = nullptr;
-};
 
 class FailedSaveTest : public FileTest {
 protected:
@@ -65,7 +42,7 @@ TEST_F(FailedSaveTest, KeepsFileAndTextWhenTheDiskIsFull) {
   const std::string bytes(100'000, 'a');
   const auto document = openBytes(bytes);
   type(*document, 0, 0, QStringLiteral("x"));
-  const FileSizeLimit limit(50'000);
+  const support::FileSizeLimit limit(50'000);
   expectFailure(*document, bytes, "File too large");
 }
 
@@ -74,7 +51,7 @@ TEST_F(FailedSaveTest, KeepsFileAndTextOfAFileWithTwoNamesWhenTheDiskIsFull) {
   const auto document = openBytes(bytes);
   ASSERT_EQ(::link(QFile::encodeName(path()).constData(), QFile::encodeName(path("other.pas")).constData()), 0);
   type(*document, 0, 0, QStringLiteral("x"));
-  const FileSizeLimit limit(100'000); // room for the backup
+  const support::FileSizeLimit limit(100'000); // room for the backup
   expectFailure(*document, bytes, "File too large");
   EXPECT_EQ(read(path("other.pas")), bytes);
 }
@@ -84,7 +61,7 @@ TEST_F(FailedSaveTest, LeavesAFileWithTwoNamesAloneWhenThereIsNoRoomForABackup) 
   const auto document = openBytes(bytes);
   ASSERT_EQ(::link(QFile::encodeName(path()).constData(), QFile::encodeName(path("other.pas")).constData()), 0);
   type(*document, 0, 0, QStringLiteral("x"));
-  const FileSizeLimit limit(50'000);
+  const support::FileSizeLimit limit(50'000);
   expectFailure(*document, bytes, "no backup can be made: File too large");
 }
 
@@ -100,7 +77,7 @@ TEST_F(FailedSaveTest, KeepsFileAndTextWhenTheFileMayNotBeWritten) {
   const auto document = openBytes("a");
   type(*document, 0, 0, QStringLiteral("x"));
   QFile::setPermissions(path(), QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
-  const LowerRights lower(folder());
+  const support::LowerRights lower(folder());
   expectFailure(*document, "a", "Permission denied");
 }
 
@@ -214,7 +191,7 @@ TEST_F(SavingTest, WritesAFileInAFolderThatTakesNoOthers) {
   ASSERT_EQ(::chmod(QFile::encodeName(file).constData(), 0666), 0);
   ASSERT_EQ(::chmod(QFile::encodeName(path("closed")).constData(), 0555), 0);
   {
-    const LowerRights lower(folder());
+    const support::LowerRights lower(folder());
     const auto document = open(file);
     type(*document, 0, 0, QStringLiteral("x"));
     saveOver(*document);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "desktop/files/LowerRights.h"
 #include "desktop/ui/UiFixture.h"
+#include "support/LowerRights.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -52,7 +52,7 @@ TEST_F(FileCommandsTest, ACopyOfAReadOnlyFileCanBeTypedInAtOnce) {
   write(QStringLiteral("locked.pas"), "begin\n");
   ASSERT_TRUE(QFile::setPermissions(path(QStringLiteral("locked.pas")),
                                     QFileDevice::ReadOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther));
-  const LowerRights rights(folder_.path());
+  const support::LowerRights rights(folder_.path());
   Page* const page = workspace.openFile(path(QStringLiteral("locked.pas")));
   ASSERT_NE(page, nullptr);
   ASSERT_TRUE(editor()->isReadOnly());

@@ -9,7 +9,7 @@
 
 #include <unistd.h>
 
-namespace desktop {
+namespace support {
 
 // While it lives, a process of the administrator acts as nobody, who is given `folder`. For anybody else it does
 // nothing.
@@ -35,4 +35,4 @@ private:
   bool lowered_ = false;
 };
 
-} // namespace desktop
+} // namespace support
