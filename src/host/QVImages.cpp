@@ -6,8 +6,9 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPixmap>
-#include <QRectF>
+#include <QRegion>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -18,20 +19,28 @@ namespace {
 // A blue that keeps its distance from light and dark grounds alike.
 constexpr QRgb kAccent = 0xFF4284D0;
 
-// Draws in units of a sixteenth of the image. Every edge is put on a whole device pixel, so nothing is blurred.
+// Draws in units of a sixteenth of the image. Every edge is put on a whole device pixel, so nothing is blurred, and all
+// lines are equally thick.
 class TGrid {
 public:
-  TGrid(QPainter& painter, const QRect& area) : painter_(painter), area_(area) {}
+  TGrid(QPainter& painter, const QRect& area)
+      : painter_(painter), area_(area), line_(std::max(static_cast<int>(std::lround(area.width() / 16.0)), 1)) {}
 
   void Fill(double left, double top, double right, double bottom, const QColor& color) {
     painter_.fillRect(Snapped(left, top, right, bottom), color);
   }
-  // A frame one unit wide, inside the given edges.
+  // A horizontal line below `top`.
+  void Rule(double left, double top, double right, const QColor& color) {
+    QRect rule = Snapped(left, top, right, top);
+    rule.setHeight(line_);
+    painter_.fillRect(rule, color);
+  }
+  // A frame inside the given edges.
   void Frame(double left, double top, double right, double bottom, const QColor& color) {
-    Fill(left, top, right, top + 1, color);
-    Fill(left, bottom - 1, right, bottom, color);
-    Fill(left, top + 1, left + 1, bottom - 1, color);
-    Fill(right - 1, top + 1, right, bottom - 1, color);
+    const QRect outside = Snapped(left, top, right, bottom);
+    const QRegion frame = QRegion(outside) - outside.adjusted(line_, line_, -line_, -line_);
+    for (const QRect& side : frame)
+      painter_.fillRect(side, color);
   }
   void Erase(double left, double top, double right, double bottom) {
     const QPainter::CompositionMode mode = painter_.compositionMode();
@@ -53,6 +62,7 @@ private:
 
   QPainter& painter_;
   QRect area_;
+  int line_; // in device pixels
 };
 
 struct TInks {
@@ -64,20 +74,27 @@ void DrawSections(TGrid grid, const TInks& inks) {
   grid.Frame(2, 0, 14, 16, inks.Line);
   for (const double top : {3.0, 9.0}) {
     grid.Fill(4, top, 12, top + 2, inks.Accent);
-    grid.Fill(5, top + 3, 11, top + 4, inks.Line);
+    grid.Rule(4, top + 3, 12, inks.Line);
   }
 }
 
 void DrawUnits(TGrid grid, const TInks& inks) {
   grid.Frame(0, 0, 10, 11, inks.Line);
-  grid.Fill(2, 3, 8, 4, inks.Line);
+  grid.Rule(2, 3, 8, inks.Line);
   grid.Erase(4, 4, 16, 16);
   grid.Frame(5, 5, 16, 16, inks.Line);
   grid.Fill(7, 7, 14, 14, inks.Accent);
 }
 
+void DrawWindows(TGrid grid, const TInks& inks) {
+  grid.Frame(0, 1, 16, 15, inks.Line);
+  grid.Fill(1, 4, 15, 5, inks.Line);
+  grid.Fill(2, 2, 14, 3, inks.Accent);
+  grid.Fill(2, 6, 6, 13, inks.Accent);
+}
+
 using TDrawing = void (*)(TGrid grid, const TInks& inks);
-constexpr std::array<TDrawing, qvImageCount> kDrawings = {DrawSections, DrawUnits};
+constexpr std::array<TDrawing, qvImageCount> kDrawings = {DrawSections, DrawUnits, DrawWindows};
 
 class TDrawnIcon : public QIconEngine {
 public:

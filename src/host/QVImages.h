@@ -6,10 +6,12 @@
 
 namespace quorvane {
 
-// The indexes, from 0. Other units keep them, so a new image goes to the end.
+// The indexes, from 0. Other units keep them, so a new image goes to the end. The pages of the options dialog have the
+// first three in turn; the buttons of the navigation toolbar share the first two with them.
 enum TQVImageIndex : int {
   qvSectionsImage, // a page with its sections
   qvUnitsImage,    // units beside each other
+  qvWindowsImage,  // a window with a bar at its side
   qvImageCount,
 };
 

@@ -12,7 +12,8 @@
 #include "host/QVStatManager.h"
 #include "platform/Debug.h"
 #include "platform/Package.h"
-#include "settings/model/QVOptions.h"
+#include "settings/QVColorPicker.h"
+#include "settings/QVOptionsForm.h"
 #include "toolbar/QVEditorToolbar.h"
 
 #include <type_traits>
@@ -26,11 +27,6 @@ using platform::OutputDebugString;
 void StopQVEditorProxy() {
   TQVEditorProxy::RemoveExistingProxies();
   OutputDebugString("QVEditorProxy Finalized");
-}
-
-void StopQVOptions() {
-  OutputDebugString("QVOptions Finalized");
-  OptStorageDir.clear();
 }
 
 void StopQVEditorToolbar() {
@@ -60,12 +56,14 @@ constexpr platform::TContainedUnit kContains[] = {
     {"QVLiteParse", nullptr},
     {"zkPasLexTypes", nullptr},
     {"zkPasLex", nullptr},
+    {"QVColorPicker", RegisterColorPicker},
     {"QVParseThread", RegisterNothing},
     {"zkSimplePasParTypes", nullptr},
     {"zkSimplePasPar", nullptr},
 };
 
 platform::TUnitEntry Units[] = {
+    {"QVColorPicker", nullptr, [] { OutputDebugString("QVColorPicker Finalized"); }},
     {"QVPasInfo", nullptr, [] { OutputDebugString("QVPasInfo Finalized"); }},
     {"QVOTAServices", nullptr, nullptr},
     {"QVSourceUtils", nullptr, [] { OutputDebugString("QVSourceUtils Finalized"); }},
@@ -78,7 +76,7 @@ platform::TUnitEntry Units[] = {
     {"QVEditorDraw", nullptr, [] { OutputDebugString("QVEditorDraw"); }},
     {"QVEditorProxy", nullptr, StopQVEditorProxy},
     {"QVLocalVars", nullptr, [] { OutputDebugString("QVLocalVars Finalized"); }},
-    {"QVOptions", nullptr, StopQVOptions},
+    {"QVOptions", StartQVOptions, StopQVOptions},
     {"QVEditorToolbar", nullptr, StopQVEditorToolbar},
     {"zkSimplePasParTypes", nullptr, [] { OutputDebugString("kzSimplePasParTypes Finalized"); }},
     {"zkSimplePasPar", nullptr, [] { OutputDebugString("zkSimplePasPar Finalized"); }},

@@ -8,6 +8,7 @@
 #include "platform/Package.h"
 #include "support/fakes/DebugRecorder.h"
 #include "support/fakes/FakeEditWindow.h"
+#include "support/fakes/FakeMainForm.h"
 #include "support/fakes/FakeServices.h"
 #include "support/fakes/FakeSource.h"
 
@@ -45,6 +46,7 @@ const Lines kStopLines = {
     "QVIDEHackUtils Finalized",
     "QVSourceUtils Finalized",
     "QVPasInfo Finalized",
+    "QVColorPicker Finalized",
 };
 
 // What the parse thread writes, between the lines of the main thread.
@@ -54,6 +56,13 @@ QList<QWidget*> LogForms() {
   QList<QWidget*> forms = QApplication::topLevelWidgets();
   forms.removeIf([](const QWidget* form) { return platform::ClassName(*form) != QStringLiteral("TQVLogForm"); });
   return forms;
+}
+
+// How many options dialogs there are, shown or not.
+qsizetype OptionsForms() {
+  const QList<QWidget*> forms = QApplication::topLevelWidgets();
+  return std::ranges::count_if(
+      forms, [](const QWidget* form) { return platform::ClassName(*form) == QStringLiteral("TQVOptionsForm"); });
 }
 
 QObject* ProxyOf(const QWidget& form) {
@@ -99,6 +108,7 @@ protected:
     return lines;
   }
 
+  fakes::FakeMainForm MainForm;
   fakes::DebugRecorder Debug;
   platform::TPackageProcedure Initialize = nullptr;
   platform::TPackageProcedure Finalize = nullptr;
@@ -118,19 +128,22 @@ TEST_F(Quorvane5, ListsItsUnitsInContainsOrder) {
   Lines names;
   for (const platform::TContainedUnit& unit : Table->Contains)
     names.emplace_back(unit.Name);
-  EXPECT_EQ(names, (Lines{"Quorvane5", "QVStatManager", "SysInit", "QVLog", "QVSourceUtils", "QVOTAServices",
-                          "QVOptions", "QVEditorProxy", "QVEditorDraw", "QVLocalVars", "QVIDEHackUtils", "QVPasInfo",
-                          "QVEditorToolbar", "QVLiteParse", "zkPasLexTypes", "zkPasLex", "QVParseThread",
-                          "zkSimplePasParTypes", "zkSimplePasPar"}));
+  EXPECT_EQ(
+      names,
+      (Lines{"Quorvane5",           "QVStatManager", "SysInit",       "QVLog",       "QVSourceUtils",  "QVOTAServices",
+             "QVOptions",           "QVEditorProxy", "QVEditorDraw",  "QVLocalVars", "QVIDEHackUtils", "QVPasInfo",
+             "QVEditorToolbar",     "QVLiteParse",   "zkPasLexTypes", "zkPasLex",    "QVColorPicker",  "QVParseThread",
+             "zkSimplePasParTypes", "zkSimplePasPar"}));
 }
 
 TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
   Lines names;
   for (const platform::TUnitEntry& unit : Table->Units)
     names.emplace_back(unit.Name);
-  EXPECT_EQ(names, (Lines{"QVPasInfo", "QVOTAServices", "QVSourceUtils", "QVIDEHackUtils", "QVLog", "zkPasLexTypes",
-                          "zkPasLex", "QVLiteParse", "QVStatManager", "QVEditorDraw", "QVEditorProxy", "QVLocalVars",
-                          "QVOptions", "QVEditorToolbar", "zkSimplePasParTypes", "zkSimplePasPar", "QVParseThread"}));
+  EXPECT_EQ(names, (Lines{"QVColorPicker", "QVPasInfo", "QVOTAServices", "QVSourceUtils", "QVIDEHackUtils", "QVLog",
+                          "zkPasLexTypes", "zkPasLex", "QVLiteParse", "QVStatManager", "QVEditorDraw", "QVEditorProxy",
+                          "QVLocalVars", "QVOptions", "QVEditorToolbar", "zkSimplePasParTypes", "zkSimplePasPar",
+                          "QVParseThread"}));
 }
 
 TEST_F(Quorvane5, ProxiesRegisterBeforeToolbarsAndTheThreadLast) {
@@ -139,7 +152,7 @@ TEST_F(Quorvane5, ProxiesRegisterBeforeToolbarsAndTheThreadLast) {
     if (unit.Register != nullptr)
       names.emplace_back(unit.Name);
   }
-  EXPECT_EQ(names, (Lines{"QVEditorProxy", "QVEditorToolbar", "QVParseThread"}));
+  EXPECT_EQ(names, (Lines{"QVEditorProxy", "QVEditorToolbar", "QVColorPicker", "QVParseThread"}));
 }
 
 TEST_F(Quorvane5, ExportsNothingButItsThreeEntryPoints) {
@@ -194,6 +207,7 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
                              "QVIDEHackUtils Finalized",
                              "QVSourceUtils Finalized",
                              "QVPasInfo Finalized",
+                             "QVColorPicker Finalized",
                          }));
   EXPECT_EQ(LogForms().size(), 0);
   EXPECT_TRUE(IsBare(first));
@@ -201,6 +215,29 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
   EXPECT_EQ(first.Editor().WindowProc(), firstProc);
   EXPECT_EQ(second.Editor().WindowProc(), secondProc);
   EXPECT_TRUE(first.Actions().Actions().isEmpty());
+}
+
+TEST_F(Quorvane5, ItsOptionsDialogLivesFromTheStartToTheStop) {
+  const QStringList before = MainForm.ToolsTexts();
+  Initialize();
+  EXPECT_EQ(OptionsForms(), 1);
+  EXPECT_EQ(MainForm.ToolsTexts().size(), before.size() + 1);
+  Finalize();
+  EXPECT_EQ(OptionsForms(), 0);
+  EXPECT_EQ(MainForm.ToolsTexts(), before);
+}
+
+TEST_F(Quorvane5, DoesNotStartWithoutTheMenuOfItsOptions) {
+  platform::Application().SetMainForm(nullptr);
+  try {
+    Initialize();
+    ADD_FAILURE() << "a host without a main form was accepted";
+  } catch (const platform::EPackageError& error) {
+    EXPECT_EQ(error.Unit(), "QVOptions");
+    EXPECT_NE(std::string(error.what()).find("Assertion failure (QVOptions, line 293)"), std::string::npos)
+        << error.what();
+  }
+  EXPECT_EQ(LogForms().size(), 0) << "what had started has stopped again";
 }
 
 TEST_F(Quorvane5, ItsThreadLivesFromTheStartToTheStop) {

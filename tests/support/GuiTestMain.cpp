@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 // The main function of every test program that needs Qt's widgets: an application without a screen, in a plain style
-// that looks the same on every machine, and warnings of Qt that fail the test.
+// that looks the same on every machine, an empty folder in place of the user's settings, and warnings of Qt that fail
+// the test.
 #include "support/QtWarnings.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTemporaryDir>
 
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QTemporaryDir settings;
+  qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
   testing::InitGoogleTest(&argc, argv);
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QApplication application(argc, argv);

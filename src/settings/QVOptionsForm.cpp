@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "settings/QVOptionsForm.h"
+
+#include "editor/QVEditorProxy.h"
+#include "host/QVIDEHackUtils.h"
+#include "host/QVImages.h"
+#include "platform/Actions.h"
+#include "platform/Application.h"
+#include "platform/Component.h"
+#include "platform/Debug.h"
+#include "platform/Errors.h"
+#include "settings/model/QVOptions.h"
+#include "settings/model/QVOptionsStore.h"
+#include "settings/QVOptionControls.h"
+#include "settings/QVOptionPages.h"
+#include "settings/QVOptionsRegistry.h"
+#include "toolbar/QVLineNumbers.h"
+#include "toolbar/QVLocalVars.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
+#include <QScreen>
+#include <QTabWidget>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace quorvane {
+
+TQVOptionsForm* QVOptionsForm = nullptr;
+
+namespace {
+
+constexpr QSize kDesignedSize(520, 416); // with fonts of the usual size
+constexpr QSize kButtonSize(75, 25);
+constexpr int kBottomHeight = 37;
+
+// Assertions name the line that they have always had, which users and their reports know.
+constexpr unsigned kNoMainForm = 293;
+constexpr unsigned kNoToolsMenu = 295;
+constexpr unsigned kNoGalleryItem = 297;
+
+void Assert(bool condition, unsigned line) {
+  platform::Require(condition, "QVOptions", "Assertion failure", line);
+}
+
+template <class TCall> void ForEachProxy(TCall call) {
+  for (const QWidget* form : platform::Screen().Forms()) {
+    if (platform::ClassName(*form) != EditorFormClassName)
+      continue;
+    if (TQVEditorProxy* const proxy = TQVEditorProxy::GetProxy(*form))
+      call(*proxy);
+  }
+}
+
+} // namespace
+
+TQVOptionsForm::TQVOptionsForm() : Pages(new QTabWidget(this)) {
+  setObjectName(QStringLiteral("QVOptionsForm"));
+  setWindowTitle(QStringLiteral("Virelle Options"));
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  BuildPages();
+  auto* const layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->setSpacing(0);
+  layout->setSizeConstraint(QLayout::SetNoConstraint); // FitContents decides
+  layout->addWidget(Pages, 1);
+  layout->addWidget(NewBottomPanel());
+  FormCreate();
+}
+
+TQVOptionsForm::~TQVOptionsForm() {
+  platform::Guarded([this] { FormDestroy(); });
+  delete MenuItem;
+  if (QVOptionsForm == this)
+    QVOptionsForm = nullptr;
+}
+
+void TQVOptionsForm::BuildPages() {
+  Pages->setObjectName(QStringLiteral("Pages"));
+  AddOptionPages(*Pages);
+  ShowValues(TQVOptionValues(), *this);
+}
+
+QWidget* TQVOptionsForm::NewBottomPanel() {
+  auto* const panel = new QWidget(this);
+  panel->setObjectName(QStringLiteral("BottomPanel"));
+  panel->setMinimumHeight(kBottomHeight);
+  auto* const layout = new QHBoxLayout(panel);
+  layout->setContentsMargins(6, 6, 6, 6);
+  layout->addStretch();
+  const auto addButton = [&](const char* name, const QString& caption, TModalResult result) {
+    auto* const button = new QPushButton(caption, panel);
+    button->setObjectName(QLatin1StringView(name));
+    button->setMinimumSize(kButtonSize);
+    layout->addWidget(button);
+    connect(button, &QPushButton::clicked, this, [this, result] { done(result); });
+    return button;
+  };
+  addButton("btnOK", QStringLiteral("OK"), mrOk)->setDefault(true);
+  addButton("btnCancel", QStringLiteral("Cancel"), mrCancel);
+  return panel;
+}
+
+void TQVOptionsForm::FormCreate() {
+  TQVOptionValues values = TakeValues(*this);
+  TQVOptionsRegistry registry;
+  LoadOptions(registry, values, platform::OutputDebugString);
+  ShowValues(values, *this);
+  InsertMenuItem();
+  SetGlobalVars();
+}
+
+void TQVOptionsForm::FormDestroy() {
+  TQVOptionsRegistry registry;
+  SaveOptions(TakeValues(*this), registry);
+}
+
+void TQVOptionsForm::InsertMenuItem() {
+  const QWidget* const mainForm = platform::Application().MainForm();
+  Assert(mainForm != nullptr, kNoMainForm);
+  auto* const menu = qobject_cast<QMenu*>(platform::FindComponent(*mainForm, QStringLiteral("ToolsMenu")));
+  Assert(menu != nullptr, kNoToolsMenu);
+  auto* const gallery = qobject_cast<QAction*>(platform::FindComponent(*mainForm, QStringLiteral("ToolsGalleryItem")));
+  Assert(gallery != nullptr, kNoGalleryItem);
+
+  auto* const item = new platform::TAction(this);
+  item->setText(QStringLiteral("Virelle Options..."));
+  item->OnExecute = [this] { MenuClick(); };
+  menu->insertAction(gallery, item);
+  MenuItem = item;
+}
+
+void TQVOptionsForm::MenuClick() {
+  if (ShowModal() == mrOk)
+    SetGlobalVars();
+}
+
+TQVOptionsForm::TModalResult TQVOptionsForm::ShowModal() {
+  // Owned by no window, the dialog has to be told above which one it belongs.
+  winId();
+  const QWidget* const active = QApplication::activeWindow();
+  windowHandle()->setTransientParent(active != nullptr ? active->windowHandle() : nullptr);
+  return exec() == mrOk ? mrOk : mrCancel;
+}
+
+void TQVOptionsForm::SetGlobalVars() {
+  TQVOptionValues values = TakeValues(*this);
+  ApplyOptions(values);
+  ShowValues(values, *this);
+
+  if (!OptShowLineNumbers || OptLinesInGutter)
+    HideLineNumbers();
+  else
+    ShowLineNumbers();
+  if (OptShowNavBar)
+    ShowNavBars();
+  else
+    HideNavBars();
+  ForEachProxy([](TQVEditorProxy& proxy) { proxy.RedefineHotKey(); });
+  ForEachProxy([](TQVEditorProxy& proxy) { proxy.Invalidate(); });
+}
+
+void TQVOptionsForm::setVisible(bool visible) {
+  if (visible) {
+    ensurePolished();
+    FitContents();
+  }
+  QDialog::setVisible(visible);
+}
+
+bool TQVOptionsForm::event(QEvent* event) {
+  const bool handled = QDialog::event(event);
+  if (event->type() == QEvent::LayoutRequest)
+    FitContents();
+  return handled;
+}
+
+void TQVOptionsForm::FitContents() {
+  setFixedSize(layout()->totalSizeHint().expandedTo(kDesignedSize).boundedTo(screen()->availableSize()));
+}
+
+void StartQVOptions() {
+  QVOptionsForm = new TQVOptionsForm;
+  platform::Application().InsertComponent(QVOptionsForm);
+}
+
+void StopQVOptions() {
+  delete QVOptionsForm;
+  platform::OutputDebugString("QVOptions Finalized");
+  OptStorageDir.clear();
+}
+
+} // namespace quorvane
