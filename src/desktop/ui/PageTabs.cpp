@@ -77,18 +77,21 @@ void PageTabs::setCurrentPage(Page* page) {
 
 void PageTabs::updateTitles() {
   const QList<Page*> all = pages();
+  QStringList names;
+  for (const Page* page : all)
+    names.append(page->title());
   for (int index = 0; index < count(); ++index) {
     const Page& page = *all[index];
-    const auto namesakes =
-        std::count_if(all.begin(), all.end(), [&page](const Page* other) { return other->title() == page.title(); });
-    QString title = page.title();
+    QString title = names[index];
     title.replace(u'&', QStringLiteral("&&"));
-    if (namesakes > 1)
+    if (names.count(names[index]) > 1)
       title += QStringLiteral(" \u2013 ") + folderName(page);
     if (page.document()->isModified())
       title += QStringLiteral(" \u2022");
-    setTabText(index, title);
-    setTabToolTip(index, page.document()->isUntitled() ? tr("%1 (never saved)").arg(page.title())
+    // Setting a text lays all tabs out anew, whatever it is.
+    if (title != tabText(index))
+      setTabText(index, title);
+    setTabToolTip(index, page.document()->isUntitled() ? tr("%1 (never saved)").arg(names[index])
                                                        : QDir::toNativeSeparators(page.document()->fileName()));
   }
 }
