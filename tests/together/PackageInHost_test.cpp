@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The package as the editor loads it, from its file, into the real host.
-#include "desktop/ide/IdeFixture.h"
+#include "together/PackageFixture.h"
 
-#include "desktop/ide/PackageLoader.h"
-#include "platform/Actions.h"
-#include "platform/ota/Services.h"
-#include "support/fakes/DebugRecorder.h"
-
-#include <QDir>
 #include <QImage>
 
 #include <algorithm>
@@ -17,52 +11,7 @@
 namespace desktop {
 namespace {
 
-const QString package = QStringLiteral(ADD_IN_FILE);
-const QString proxyName = QStringLiteral("TQVEditorProxy");
-const QStringList equipment = {QStringLiteral("TQVEditorProxy"), QStringLiteral("TQVEditorToolbar"),
-                               QStringLiteral("TQVLineNumbers")};
-
-// The threads of the process.
-qsizetype threadCount() {
-  return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
-}
-
-class PackageInHost : public IdeFixture {
-protected:
-  PackageInHost() {
-    platform::SetBorlandIDEServices(services);
-    platform::Application().SetReporter(
-        [](const QString& message, int) { ADD_FAILURE() << "reported: " << message.toStdString(); });
-  }
-  ~PackageInHost() override {
-    loader.unloadAll();
-    platform::SetBorlandIDEServices(nullptr);
-    platform::Application().ReportPending();
-    platform::Application().SetReporter({});
-  }
-
-  static QObject* proxyOf(const TEditWindow* window) { return platform::FindComponent(*window, proxyName); }
-
-  // The names of a window's components. What Qt itself hangs into a window for a while has no name.
-  static QStringList componentsOf(const TEditWindow* window) {
-    QStringList names;
-    for (const QObject* child : window->children()) {
-      if (!child->objectName().isEmpty())
-        names.append(child->objectName());
-    }
-    names.sort();
-    return names;
-  }
-  // Those that the package has added.
-  static QStringList equipmentOf(const TEditWindow* window) {
-    QStringList names = componentsOf(window);
-    names.removeIf([](const QString& name) { return !equipment.contains(name); });
-    return names;
-  }
-
-  fakes::DebugRecorder debug;
-  PackageLoader loader;
-};
+using PackageInHost = PackageFixture;
 
 TEST_F(PackageInHost, AttachesToEveryOpenWindow) {
   open("f(x);\n");
@@ -172,7 +121,7 @@ TEST_F(PackageInHost, WritesItsStopLinesInOrder) {
                        "QVLocalVars Finalized", "Enter TQVEditorProxy.Destroy", "Exit TQVEditorProxy.Destroy",
                        "QVEditorProxy Finalized", "QVEditorDraw", "QVLiteParse Finalized", "zkPasLex Finalized",
                        "zkPasLexTypes Finalized", "QVIDEHackUtils Finalized", "QVSourceUtils Finalized",
-                       "QVPasInfo Finalized"}));
+                       "QVPasInfo Finalized", "QVColorPicker Finalized"}));
 }
 
 TEST_F(PackageInHost, AClosedWindowTakesItsProxyAlong) {
