@@ -3,7 +3,6 @@
 
 #include "editor/QVMarkerStack.h"
 #include "host/QVIDEHackUtils.h"
-#include "platform/Application.h"
 #include "platform/Component.h"
 #include "platform/Debug.h"
 #include "platform/Errors.h"
@@ -22,11 +21,6 @@ const QString kProxyName = QStringLiteral("TQVEditorProxy");
 
 TQVEditorProxy* ProxyOn(const QWidget& form) {
   return qobject_cast<TQVEditorProxy*>(platform::FindComponent(form, kProxyName));
-}
-
-QWidget* FormOf(platform::IOTAEditView& view) {
-  const auto window = view.GetEditWindow();
-  return window ? window->GetForm() : nullptr;
 }
 
 } // namespace
@@ -62,21 +56,16 @@ TQVEditorProxy::~TQVEditorProxy() {
 }
 
 void TQVEditorProxy::InjectExistingProxies() {
-  for (QWidget* form : platform::Screen().Forms()) {
-    if (IsEditorForm(*form))
-      new TQVEditorProxy(form);
-  }
+  ForEachEditorForm([](QWidget& form) { new TQVEditorProxy(&form); });
 }
 
 void TQVEditorProxy::RemoveExistingProxies() {
-  for (const QWidget* form : platform::Screen().Forms()) {
-    if (!IsEditorForm(*form))
-      continue;
-    if (TQVEditorProxy* const proxy = GetProxy(*form)) {
+  ForEachEditorForm([](const QWidget& form) {
+    if (TQVEditorProxy* const proxy = GetProxy(form)) {
       proxy->Invalidate(); // what it has drawn goes with it
       delete proxy;
     }
-  }
+  });
 }
 
 TQVEditorProxy* TQVEditorProxy::GetProxy(const QWidget& form) {

@@ -2,7 +2,6 @@
 #include "host/QVIDEHackUtils.h"
 
 #include "host/QVOTAServices.h"
-#include "platform/Application.h"
 #include "platform/Component.h"
 #include "platform/Errors.h"
 
@@ -19,6 +18,11 @@ constexpr const char* kUnit = "QVIDEHackUtils";
 bool IsEditorForm(const QWidget& form) {
   return platform::ClassName(form) == EditorFormClassName &&
          form.objectName().startsWith(QStringLiteral("EditWindow_"));
+}
+
+QWidget* FormOf(platform::IOTAEditView& view) {
+  const auto window = view.GetEditWindow();
+  return window ? window->GetForm() : nullptr;
 }
 
 QWidget* GetEditorForm() {

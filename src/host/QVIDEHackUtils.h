@@ -5,6 +5,7 @@
 // form, the prefix of the form's name, and the names of the components on it. Main thread only.
 #pragma once
 
+#include "platform/Application.h"
 #include "platform/ota/Editor.h"
 #include "platform/ota/Module.h"
 
@@ -24,6 +25,17 @@ inline const QString EditorActionListName = QStringLiteral("ActionList1");
 // Whether `form` is an editor window: its class is named exactly "TEditWindow", and its own name begins with
 // "EditWindow_". A form of that class with another name is none.
 bool IsEditorForm(const QWidget& form);
+
+// Calls `act` with each editor window, in the order of the screen's forms. `act` may free what is on the window.
+template <class TAct> void ForEachEditorForm(TAct&& act) {
+  for (QWidget* form : platform::Screen().Forms()) {
+    if (IsEditorForm(*form))
+      act(*form);
+  }
+}
+
+// The form that shows `view`, or null when it is in no window or the window has no form.
+QWidget* FormOf(platform::IOTAEditView& view);
 
 // The first editor window in the order of the screen's forms. Assertion failure when there is none.
 QWidget* GetEditorForm();

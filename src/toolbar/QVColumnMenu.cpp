@@ -26,14 +26,14 @@ constexpr int kBarRoom = 7;
 TQVColumnMenu::TQVColumnMenu(QWidget* parent) : QMenu(parent) {
   setMouseTracking(true);
   connect(this, &QMenu::aboutToShow, this, [this] {
-    planned_ = false; // it may open on another screen than last time
-    entered_ = false;
+    FPlanned = false; // it may open on another screen than last time
+    FEntered = false;
   });
 }
 
 void TQVColumnMenu::SetBarBreak(QAction* action) {
-  bar_ = action;
-  planned_ = false;
+  FBar = action;
+  FPlanned = false;
 }
 
 void TQVColumnMenu::Clear() {
@@ -41,19 +41,19 @@ void TQVColumnMenu::Clear() {
     removeAction(action);
     action->deleteLater();
   }
-  bar_ = nullptr;
+  FBar = nullptr;
 }
 
 bool TQVColumnMenu::HasColumns() const {
-  return bar_ && Plan().Size.width() <= screen()->availableSize().width();
+  return FBar && Plan().Size.width() <= screen()->availableSize().width();
 }
 
 const TQVColumnMenu::TPlan& TQVColumnMenu::Plan() const {
-  if (!planned_) {
-    plan_ = MakePlan();
-    planned_ = true;
+  if (!FPlanned) {
+    FPlan = MakePlan();
+    FPlanned = true;
   }
-  return plan_;
+  return FPlan;
 }
 
 // One size for all items, so that the columns line up.
@@ -82,7 +82,7 @@ TQVColumnMenu::TPlan TQVColumnMenu::MakePlan() const {
   int row = 0;
   int tallest = 0;
   for (const QAction* action : actions()) {
-    if (action == bar_) {
+    if (action == FBar) {
       if (row > 0)
         x += item.width();
       plan.Bar = x + kBarRoom / 2;
@@ -128,12 +128,12 @@ bool TQVColumnMenu::event(QEvent* event) {
 }
 
 void TQVColumnMenu::actionEvent(QActionEvent* event) {
-  planned_ = false;
+  FPlanned = false;
   QMenu::actionEvent(event);
 }
 
 void TQVColumnMenu::changeEvent(QEvent* event) {
-  planned_ = false;
+  FPlanned = false;
   QMenu::changeEvent(event);
 }
 
@@ -178,7 +178,7 @@ void TQVColumnMenu::mouseMoveEvent(QMouseEvent* event) {
     QMenu::mouseMoveEvent(event);
     return;
   }
-  entered_ = true;
+  FEntered = true;
   Activate(ItemAt(event->position().toPoint()));
 }
 
@@ -188,7 +188,7 @@ void TQVColumnMenu::mousePressEvent(QMouseEvent* event) {
     QMenu::mousePressEvent(event);
     return;
   }
-  entered_ = true;
+  FEntered = true;
   Activate(ItemAt(event->position().toPoint()));
 }
 
@@ -199,7 +199,7 @@ void TQVColumnMenu::mouseReleaseEvent(QMouseEvent* event) {
   }
   QAction* const action = ItemAt(event->position().toPoint());
   // The release that belongs to the press on the menu's button chooses nothing.
-  if (!entered_ || action == nullptr)
+  if (!FEntered || action == nullptr)
     return;
   Activate(action);
   // Choosing the active item, with all that a menu does then, is open to keys only.

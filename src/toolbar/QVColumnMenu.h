@@ -23,7 +23,7 @@ public:
   // Lets `action`, which is in the menu, begin a new column with a separating bar. One action of a menu can do so.
   void SetBarBreak(QAction* action);
   // That action, or null.
-  QAction* BarBreak() const { return bar_; }
+  QAction* BarBreak() const { return FBar; }
   // Empties the menu. The actions go later, so one of them may be running now.
   void Clear();
 
@@ -61,10 +61,10 @@ private:
   void Activate(QAction* action);
   void MoveSideways(int direction);
 
-  QPointer<QAction> bar_;
-  mutable TPlan plan_;
-  mutable bool planned_ = false;
-  bool entered_ = false; // the mouse has been moved or pressed in the menu since it was opened
+  QPointer<QAction> FBar;
+  mutable TPlan FPlan;
+  mutable bool FPlanned = false;
+  bool FEntered = false; // the mouse has been moved or pressed in the menu since it was opened
 };
 
 } // namespace quorvane

@@ -6,7 +6,9 @@
 #include "platform/Application.h"
 #include "platform/Component.h"
 #include "platform/Errors.h"
+#include "platform/Hooks.h"
 #include "settings/model/QVOptions.h"
+#include "toolbar/QVEditorToolbarChecks.h"
 #include "toolbar/QVLineNumbers.h"
 #include "toolbar/QVLocalVars.h"
 
@@ -14,16 +16,8 @@ namespace quorvane {
 
 namespace {
 
-constexpr const char* kUnit = "QVEditorToolbar";
-
-const QString kToolbarName = QStringLiteral("TQVEditorToolbar");
-
 platform::HHOOK CBTHook;
 constexpr platform::HHOOK IdleHook; // never installed
-
-QObject* ToolbarOn(const QWidget& form) {
-  return platform::FindComponent(form, kToolbarName);
-}
 
 void InjectIntoForm(const QWidget& form) {
   if (const auto* const editor = qobject_cast<QWidget*>(platform::FindComponent(form, EditControlName)))
@@ -31,7 +25,7 @@ void InjectIntoForm(const QWidget& form) {
 }
 
 void EquipForm(QWidget* form) {
-  platform::Require(form != nullptr, kUnit);
+  RequireInEditorToolbar(form != nullptr, chForm);
   if (ToolbarOn(*form) == nullptr)
     InjectIntoForm(*form);
   if (TQVEditorProxy::GetProxy(*form) == nullptr)
@@ -51,15 +45,12 @@ void StopEditorToolbar() {
 }
 
 void InitializeOpenEditors() {
-  for (const QWidget* form : platform::Screen().Forms()) {
-    if (IsEditorForm(*form))
-      InjectIntoForm(*form);
-  }
+  ForEachEditorForm(InjectIntoForm);
 }
 
 void StartHooks() {
   CBTHook = platform::SetWindowsHookEx(platform::WH_CBT, CBTProc, nullptr, platform::GetCurrentThreadId());
-  platform::Require(CBTHook != nullptr, kUnit, "Error Installing CBT Hook");
+  RequireInEditorToolbar(CBTHook != nullptr, chHook, "Error Installing CBT Hook");
 }
 
 void EndHooks() {
@@ -73,7 +64,7 @@ std::intptr_t CBTProc(int code, std::uintptr_t wParam, std::intptr_t lParam) {
   if (code == platform::HCBT_ACTIVATE) {
     QWidget* const form = platform::FindControl(wParam);
     if (form != nullptr && IsEditorForm(*form))
-      EquipForm(form);
+      platform::Guarded([form] { EquipForm(form); });
   }
   return platform::CallNextHookEx(CBTHook, code, wParam, lParam);
 }
@@ -99,12 +90,10 @@ void InjectToolbar(const QWidget& editor) {
 }
 
 void FreeAllEditorToolbars() {
-  for (const QWidget* form : platform::Screen().Forms()) {
-    if (!IsEditorForm(*form))
-      continue;
-    delete GetLineNumbers(*form);
-    delete ToolbarOn(*form);
-  }
+  ForEachEditorForm([](const QWidget& form) {
+    delete GetLineNumbers(form);
+    delete ToolbarOn(form);
+  });
 }
 
 } // namespace quorvane

@@ -6,8 +6,6 @@
 // active again costs two look-ups. Main thread only.
 #pragma once
 
-#include "platform/Hooks.h"
-
 #include <QWidget>
 
 #include <cstdint>
@@ -27,7 +25,8 @@ void StartHooks();
 // Takes CBTProc out again.
 void EndHooks();
 
-// The hook: equips the editor window that becomes active with what it lacks.
+// The hook: equips the editor window that becomes active with what it lacks. What this throws goes to the application's
+// exception handling, and older hooks hear of the activation all the same.
 std::intptr_t CBTProc(int code, std::uintptr_t wParam, std::intptr_t lParam);
 
 // A hook that polls the line numbers while the program is idle. It is dormant: nothing installs it, since the proxies

@@ -9,6 +9,7 @@
 #include "platform/Errors.h"
 #include "platform/Metrics.h"
 #include "settings/model/QVOptions.h"
+#include "toolbar/QVEditorToolbarChecks.h"
 
 #include <QAbstractScrollArea>
 #include <QAction>
@@ -24,9 +25,6 @@
 namespace quorvane {
 
 namespace {
-
-// What assertions name: the unit that the control and its poll belong to.
-constexpr const char* kUnit = "QVEditorToolbar";
 
 // The component's name is the name of its class, which is how a form's control is found.
 const QString kName = QStringLiteral("TQVLineNumbers");
@@ -44,16 +42,9 @@ int SeparatorWidth() {
   return OptGutterSeparator ? platform::GetSystemMetrics(platform::SM_CYEDGE) : 0;
 }
 
-template <class TAct> void ForEachEditorForm(TAct&& act) {
-  for (const QWidget* form : platform::Screen().Forms()) {
-    if (IsEditorForm(*form))
-      act(*form);
-  }
-}
-
 } // namespace
 
-TQVLineNumbers::TQVLineNumbers(QWidget* owner) : QWidget(owner), FWidth(kFirstWidth), Canvas(*this) {
+TQVLineNumbers::TQVLineNumbers(QWidget* owner) : QWidget(owner), FWidth(kFirstWidth), FCanvas(*this) {
   setObjectName(kName);
   hide();
   platform::SetAlign(*this, WantedAlign());
@@ -65,8 +56,8 @@ TQVLineNumbers::~TQVLineNumbers() = default;
 
 QObject* TQVLineNumbers::GetEditor() {
   if (!FEditor) {
-    platform::Require(parent() != nullptr, kUnit);
-    platform::Require(platform::ClassName(*parent()) == EditorFormClassName, kUnit);
+    RequireInEditorToolbar(parent() != nullptr, chOwner);
+    RequireInEditorToolbar(platform::ClassName(*parent()) == EditorFormClassName, chOwnerClass);
     QObject* const editor = platform::FindComponent(*parent(), EditControlName);
     if (dynamic_cast<platform::TWinControl*>(editor) == nullptr)
       throw platform::EInvalidCast();
@@ -138,14 +129,14 @@ void TQVLineNumbers::AssignEditorFont() {
   const auto options = services ? services->GetEditOptions() : nullptr;
   // A host that is going away has no options any more; then the font stays.
   if (options)
-    Canvas.Font.Assign(options->GetFontName(), std::max(options->GetFontSize() - kSmallerBy, 1));
+    FCanvas.Font.Assign(options->GetFontName(), std::max(options->GetFontSize() - kSmallerBy, 1));
 }
 
 void TQVLineNumbers::SettleWidth(const QString& count) {
   if (!FAutoWidth)
     return;
-  Canvas.Font.SetBold(true);
-  const int width = Canvas.TextWidth(count) + platform::GetSystemMetrics(platform::SM_CYEDGE) + kMargin;
+  FCanvas.Font.SetBold(true);
+  const int width = FCanvas.TextWidth(count) + platform::GetSystemMetrics(platform::SM_CYEDGE) + kMargin;
   if (std::exchange(FWidth, width) != width)
     updateGeometry();
 }
@@ -154,36 +145,36 @@ void TQVLineNumbers::SettleWidth(const QString& count) {
 void TQVLineNumbers::PaintRows(int lineCount) {
   const int lineHeight = LineHeight();
   const QRect client = GetClientRect();
-  Canvas.Font.Color = OptLineNumberColor;
-  Canvas.Brush.Color = kGround;
+  FCanvas.Font.Color = OptLineNumberColor;
+  FCanvas.Brush.Color = kGround;
   for (int line = FLastTopLine; line <= FLastTopLine + FLastLinesInWindow + 1; ++line) {
     const int y = (line - FLastTopLine) * lineHeight;
-    Canvas.FillRect({client.x(), y, client.width(), lineHeight});
+    FCanvas.FillRect({client.x(), y, client.width(), lineHeight});
     if (line > lineCount)
       continue;
-    Canvas.Font.SetBold(line == FLastCaretLine);
-    Canvas.TextOut(client.x(), y, QString::number(line));
+    FCanvas.Font.SetBold(line == FLastCaretLine);
+    FCanvas.TextOut(client.x(), y, QString::number(line));
   }
 }
 
 void TQVLineNumbers::PaintStrip(const QString& count) {
   const QRect client = GetClientRect();
   const int top = client.y() + client.height();
-  Canvas.Brush.Color = platform::clActiveCaption;
-  Canvas.Font.Color = platform::clCaptionText;
-  Canvas.Font.SetBold(true);
-  Canvas.FillRect({client.x(), top, client.width(), height() - top});
-  Canvas.TextOut(client.x() + 1, top + 1, count);
+  FCanvas.Brush.Color = platform::clActiveCaption;
+  FCanvas.Font.Color = platform::clCaptionText;
+  FCanvas.Font.SetBold(true);
+  FCanvas.FillRect({client.x(), top, client.width(), height() - top});
+  FCanvas.TextOut(client.x() + 1, top + 1, count);
 }
 
 // An etched edge between numbers and text: a dark line and a bright one, on either side in this order.
 void TQVLineNumbers::PaintSeparator() {
   const bool onLeft = platform::Align(*this) == platform::TAlign::alRight;
   const int x = onLeft ? 0 : width() - platform::GetSystemMetrics(platform::SM_CYEDGE);
-  Canvas.Brush.Color = platform::clBtnShadow;
-  Canvas.FillRect({x, 0, 1, height()});
-  Canvas.Brush.Color = platform::clBtnHighlight;
-  Canvas.FillRect({x + 1, 0, 1, height()});
+  FCanvas.Brush.Color = platform::clBtnShadow;
+  FCanvas.FillRect({x, 0, 1, height()});
+  FCanvas.Brush.Color = platform::clBtnHighlight;
+  FCanvas.FillRect({x + 1, 0, 1, height()});
 }
 
 void TQVLineNumbers::ClickHandler(QObject*) {
@@ -310,7 +301,7 @@ void PollLineNumbers() {
 }
 
 void UpdateToolbar(const QObject* editor) {
-  platform::Require(editor != nullptr, kUnit);
+  RequireInEditorToolbar(editor != nullptr, chEditor);
   const QObject* const owner = editor->parent();
   if (TQVLineNumbers* const numbers = owner ? GetLineNumbers(*owner) : nullptr)
     numbers->DoTimer(numbers);

@@ -20,7 +20,9 @@ namespace quorvane {
 //
 // It is a component of its editor form, named like its class. It reads the edit control by its published properties and
 // is polled: whoever notices that the editor may have moved calls PollLineNumbers, and a control whose editor shows
-// other lines, or has its caret on another line, than at the last paint paints itself anew.
+// other lines, or has its caret on another line, than at the last paint paints itself anew. The poll does not look at
+// the number of lines: when lines below the caret are joined, the strip shows the old number until something else
+// moves. Intended.
 //
 // What is painted goes into a picture of the control's own and from there to the screen, so that it may be painted at
 // any time, also while the editor is being painted. The width follows the number of lines: it is settled before
@@ -113,7 +115,7 @@ private:
   QRegion FCopyOnly;        // to be shown again although only the picture has changed
   bool FPaintWanted = true; // the next paint event paints, whatever it is about
   bool FPainting = false;
-  platform::TCanvas Canvas;
+  platform::TCanvas FCanvas;
 };
 
 // Has the control of every editor window paint itself if its editor has moved.

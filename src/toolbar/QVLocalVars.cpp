@@ -17,6 +17,8 @@
 #include <QPainter>
 #include <QToolButton>
 
+#include <utility>
+
 namespace quorvane {
 
 namespace {
@@ -36,15 +38,6 @@ enum TCheck : unsigned {
 const QString kToolbarName = QStringLiteral("TQVEditorToolbar");
 
 constexpr int kImageSize = 16;
-
-TQVEditorToolbar* ToolbarOn(const QObject& form) {
-  return qobject_cast<TQVEditorToolbar*>(platform::FindComponent(form, kToolbarName));
-}
-
-QWidget* FormOf(platform::IOTAEditView& view) {
-  const auto window = view.GetEditWindow();
-  return window ? window->GetForm() : nullptr;
-}
 
 void FocusEditor(platform::IOTAEditView& view) {
   const QWidget* form = FormOf(view);
@@ -80,11 +73,26 @@ QString NotFoundMessage(const QString& unitName, const QStringList& folders) {
 }
 
 template <class TVisit> void ForEachToolbar(TVisit&& visit) {
-  for (const QWidget* form : platform::Screen().Forms()) {
-    TQVEditorToolbar* toolbar = IsEditorForm(*form) ? ToolbarOn(*form) : nullptr;
-    if (toolbar)
+  ForEachEditorForm([&](const QWidget& form) {
+    if (TQVEditorToolbar* const toolbar = ToolbarOn(form))
       visit(*toolbar);
+  });
+}
+
+// Brings a list up to date: `text` is what it shows, `entry` the name that it opens at. Of a list that has the focus
+// only the lines are touched.
+void Refresh(TQVNameCombo& combo, const QString& text, const QString& entry, const TQVNameList& names) {
+  if (combo.HasFocus()) {
+    combo.SetLines(names);
+    return;
   }
+  combo.SetText(text, entry);
+  combo.SetNames(names);
+}
+
+// The name under which the list of routines has the one at the caret.
+QString EntryOfProc(const QString& className, const QString& proc) {
+  return className.isEmpty() || proc.isEmpty() ? proc : className + u'.' + proc;
 }
 
 } // namespace
@@ -93,9 +101,10 @@ TQVEditorToolbar::TQVEditorToolbar(QWidget* owner)
     : QToolBar(owner),
       FMethodsCombo(NewCombo(QStringLiteral("Methods"), 300, QStringLiteral("Procedures and Functions"))),
       FClassesCombo(NewCombo(QStringLiteral("Classes"), 150, QStringLiteral("Classes, Interfaces, and Types"))),
-      FSectionsMenu(new TQVColumnMenu(this)), FUnitsMenu(new TQVColumnMenu(this)),
-      FSectionsButton(NewMenuButton(QStringLiteral("Sections"), FSectionsMenu, QStringLiteral("Sections"))),
-      FUnitsButton(NewMenuButton(QStringLiteral("UsedUnits"), FUnitsMenu, QStringLiteral("Used Units"))) {
+      FSectionsMenu{new TQVColumnMenu(this), &TQVEditorToolbar::FillSectionsMenu},
+      FUnitsMenu{new TQVColumnMenu(this), &TQVEditorToolbar::FillUnitsMenu},
+      FSectionsButton(NewMenuButton(QStringLiteral("Sections"), FSectionsMenu.Menu, QStringLiteral("Sections"))),
+      FUnitsButton(NewMenuButton(QStringLiteral("UsedUnits"), FUnitsMenu.Menu, QStringLiteral("Used Units"))) {
   setObjectName(kToolbarName);
   platform::SetAlign(*this, platform::TAlign::alTop);
   setMovable(false);
@@ -124,6 +133,7 @@ QToolButton* TQVEditorToolbar::NewMenuButton(const QString& name, TQVColumnMenu*
   // The arrow opens the menu by itself.
   connect(button, &QToolButton::clicked, button, &QToolButton::showMenu);
   button->setAutoRaise(true);
+  button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred); // as high as the lists beside it
   button->setToolTip(hint);
   button->setAccessibleName(hint);
   return button;
@@ -158,24 +168,18 @@ void TQVEditorToolbar::ClearMethods() {
 }
 
 void TQVEditorToolbar::SetCurrentClass(const QString& name) {
-  FClassesCombo->SetText(name);
+  FClassesCombo->SetText(name, name);
 }
 
 void TQVEditorToolbar::SetCurrentProc(const QString& name) {
-  FMethodsCombo->SetText(name);
+  FMethodsCombo->SetText(name, name);
 }
 
 void TQVEditorToolbar::UpdateToolBar(const IQVPasInfo& info) {
-  const bool classesFree = !FClassesCombo->HasFocus();
-  const bool methodsFree = !FMethodsCombo->HasFocus();
-  if (classesFree)
-    SetCurrentClass(QString::fromLatin1(info.GetCurrentClass()));
-  if (methodsFree)
-    SetCurrentProc(QString::fromLatin1(info.GetCurrentProc()));
-  if (methodsFree)
-    FMethodsCombo->SetNames(info.GetMethods());
-  if (classesFree)
-    FClassesCombo->SetNames(info.GetClasses());
+  const QString className = QString::fromLatin1(info.GetCurrentClass());
+  const QString proc = QString::fromLatin1(info.GetCurrentProc());
+  Refresh(*FClassesCombo, className, className, info.GetClasses());
+  Refresh(*FMethodsCombo, proc, EntryOfProc(className, proc), info.GetMethods());
   if (info.GetInterfaceLine() == FInterfaceLine && info.GetImplementationLine() == FImplementationLine)
     return;
   BuildMenus(info.GetInterfaceLine(), info.GetImplementationLine(), info.GetImplementationUsesLine(),
@@ -191,36 +195,38 @@ void TQVEditorToolbar::BuildMenus(int interfaceLine, int implementationLine, int
   FInterfaceUsesLine = interfaceUsesLine;
   FImplementationLine = implementationLine;
   FImplementationUsesLine = implementationUsesLine;
-  FillWhenClosed(FSectionsMenu, &TQVEditorToolbar::FillSectionsMenu);
+  FillWhenClosed(FSectionsMenu);
 }
 
 void TQVEditorToolbar::BuildUnitsMenu(const std::vector<std::string>& interfaceUses,
                                       const std::vector<std::string>& implementationUses) {
   FInterfaceUses = interfaceUses;
   FImplementationUses = implementationUses;
-  FillWhenClosed(FUnitsMenu, &TQVEditorToolbar::FillUnitsMenu);
+  FillWhenClosed(FUnitsMenu);
 }
 
-void TQVEditorToolbar::FillWhenClosed(TQVColumnMenu* menu, void (TQVEditorToolbar::*fill)()) {
-  if (!menu->isVisible()) {
-    (this->*fill)();
+void TQVEditorToolbar::FillWhenClosed(TFilledMenu& menu) {
+  if (!menu.Menu->isVisible()) {
+    (this->*menu.Fill)();
     return;
   }
-  // The menu closes before its chosen item is told, so the filling waits for the event loop. It may be asked for
-  // several times: what is filled in is always the latest.
+  // It may be asked for several times: what is filled in is always the latest.
+  if (std::exchange(menu.IsWaiting, true))
+    return;
+  // The menu closes before its chosen item is told, so the filling waits for the event loop.
+  const auto fill = [this, &menu] {
+    menu.IsWaiting = false;
+    FillWhenClosed(menu);
+  };
   connect(
-      menu, &QMenu::aboutToHide, this,
-      [this, menu, fill] {
-        QMetaObject::invokeMethod(
-            this, [this, menu, fill] { FillWhenClosed(menu, fill); }, Qt::QueuedConnection);
-      },
-      Qt::SingleShotConnection);
+      menu.Menu, &QMenu::aboutToHide, this,
+      [this, fill] { QMetaObject::invokeMethod(this, fill, Qt::QueuedConnection); }, Qt::SingleShotConnection);
 }
 
 void TQVEditorToolbar::FillSectionsMenu() {
-  FSectionsMenu->Clear();
+  FSectionsMenu.Menu->Clear();
   const auto add = [this](const QString& caption, int line, THandler handler) {
-    AddItem(FSectionsMenu, caption, handler)->setData(line);
+    AddItem(FSectionsMenu.Menu, caption, handler)->setData(line);
   };
   const auto addSection = [&](const QString& caption, int line) {
     if (line >= 0)
@@ -235,10 +241,10 @@ void TQVEditorToolbar::FillSectionsMenu() {
 }
 
 void TQVEditorToolbar::FillUnitsMenu() {
-  FUnitsMenu->Clear();
+  FUnitsMenu.Menu->Clear();
   const auto add = [this](const std::string& unitName) {
     const QString name = QString::fromLatin1(unitName);
-    QAction* const item = AddItem(FUnitsMenu, name, &TQVEditorToolbar::OpenUnit);
+    QAction* const item = AddItem(FUnitsMenu.Menu, name, &TQVEditorToolbar::OpenUnit);
     item->setToolTip(QStringLiteral("Open Unit %1.pas").arg(name));
     return item;
   };
@@ -246,8 +252,8 @@ void TQVEditorToolbar::FillUnitsMenu() {
     add(unitName);
   for (const std::string& unitName : FImplementationUses) {
     QAction* const item = add(unitName);
-    if (!FUnitsMenu->BarBreak())
-      FUnitsMenu->SetBarBreak(item);
+    if (!FUnitsMenu.Menu->BarBreak())
+      FUnitsMenu.Menu->SetBarBreak(item);
   }
 }
 
@@ -308,6 +314,10 @@ void TQVEditorToolbar::paintEvent(QPaintEvent*) {
   QColor edge = palette().color(QPalette::WindowText);
   edge.setAlphaF(0.25F);
   painter.fillRect(0, height() - 1, width(), 1, edge);
+}
+
+TQVEditorToolbar* ToolbarOn(const QObject& form) {
+  return qobject_cast<TQVEditorToolbar*>(platform::FindComponent(form, kToolbarName));
 }
 
 TQVEditorToolbar* GetEditorToolbar(const std::shared_ptr<platform::IOTAEditView>& view) {

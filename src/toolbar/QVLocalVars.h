@@ -9,7 +9,6 @@
 #include <QString>
 #include <QToolBar>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -49,12 +48,14 @@ public:
   void AddMethod(const QString& name, int line);
   void ClearClasses();
   void ClearMethods();
-  // The texts of the lists.
+  // The texts of the lists, and the entries of these names as those that the lists open at.
   void SetCurrentClass(const QString& name);
   void SetCurrentProc(const QString& name);
 
-  // Shows an outline. The menus follow only when one of the section lines is another than in the outline before: a
-  // change in the uses clauses alone shows in them when a section has moved. Intended.
+  // Shows an outline. The list of routines opens at the routine of the caret, which the text names without its class. A
+  // list that has the focus follows the lines alone, and only while its names are still those of the outline, so that
+  // what is chosen in it is found. The menus follow only when one of the section lines is another than in the outline
+  // before: a change in the uses clauses alone shows in them when a section has moved. Intended.
   void UpdateToolBar(const IQVPasInfo& info);
   // Fills the sections menu. Does nothing when interface and implementation line are those of the last time; at first
   // both are 0.
@@ -63,7 +64,9 @@ public:
   void BuildUnitsMenu(const std::vector<std::string>& interfaceUses,
                       const std::vector<std::string>& implementationUses);
 
-  // Goes to the entry that the text of the list `sender` names, and nowhere if there is none.
+  // Goes to the entry that the text of the list `sender` names, and nowhere if there is none. Every change of the text
+  // comes here, so typing goes to a name as soon as it is complete, although a longer one may begin with it; what is
+  // typed on goes into the text. Intended.
   void ComboGotoLine(QObject* sender);
   // Goes to the line that the menu item `sender` carries.
   void GotoSectionClick(QObject* sender);
@@ -83,16 +86,23 @@ private:
 
   TQVNameCombo* NewCombo(const QString& name, int width, const QString& hint);
   QToolButton* NewMenuButton(const QString& name, TQVColumnMenu* menu, const QString& hint);
-  // Calls `fill` at once or, while the menu is open, when it has closed.
-  void FillWhenClosed(TQVColumnMenu* menu, void (TQVEditorToolbar::*fill)());
+  // A menu of the toolbar and how it is filled.
+  struct TFilledMenu {
+    TQVColumnMenu* Menu;
+    void (TQVEditorToolbar::*Fill)();
+    bool IsWaiting = false; // until it has closed
+  };
+
+  // Fills the menu at once or, while it is open, when it has closed.
+  void FillWhenClosed(TFilledMenu& menu);
   void FillSectionsMenu();
   void FillUnitsMenu();
   QAction* AddItem(TQVColumnMenu* menu, const QString& caption, THandler handler);
 
   TQVNameCombo* FMethodsCombo;
   TQVNameCombo* FClassesCombo;
-  TQVColumnMenu* FSectionsMenu;
-  TQVColumnMenu* FUnitsMenu;
+  TFilledMenu FSectionsMenu;
+  TFilledMenu FUnitsMenu;
   QToolButton* FSectionsButton;
   QToolButton* FUnitsButton;
 
@@ -111,6 +121,8 @@ private:
 TQVEditorToolbar* GetEditorToolbar(const std::shared_ptr<platform::IOTAEditView>& view);
 // The toolbar of the form that owns `control`, which must not be null; null when there is none.
 TQVEditorToolbar* GetEditorToolbar(const QObject* control);
+// The toolbar of the editor form `form`, or null.
+TQVEditorToolbar* ToolbarOn(const QObject& form);
 // Shows `info` in the toolbar of the view's form, if there is one.
 void UpdateViewToolBar(const std::shared_ptr<platform::IOTAEditView>& view, const std::shared_ptr<IQVPasInfo>& info);
 

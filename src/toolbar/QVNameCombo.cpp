@@ -41,7 +41,7 @@ public:
 } // namespace
 
 bool TQVNameModel::Equals(const TQVNameList& names) const {
-  return std::ranges::equal(entries_, names,
+  return std::ranges::equal(FEntries, names,
                             [](const TEntry& entry, const auto& name) { return entry.Name == Served(name.first); });
 }
 
@@ -51,12 +51,12 @@ void TQVNameModel::Assign(const TQVNameList& names) {
   for (const auto& [name, line] : names)
     entries.push_back({Served(name), line});
   beginResetModel();
-  entries_.swap(entries);
+  FEntries.swap(entries);
   endResetModel();
 }
 
 void TQVNameModel::AssignLines(const TQVNameList& names) {
-  auto entry = entries_.begin();
+  auto entry = FEntries.begin();
   for (const auto& [name, line] : names)
     (entry++)->Line = line;
 }
@@ -64,30 +64,30 @@ void TQVNameModel::AssignLines(const TQVNameList& names) {
 void TQVNameModel::Add(const QString& name, int line) {
   const int row = rowCount();
   beginInsertRows({}, row, row);
-  entries_.push_back({name, line});
+  FEntries.push_back({name, line});
   endInsertRows();
 }
 
 void TQVNameModel::Clear() {
   beginResetModel();
-  entries_.clear();
+  FEntries.clear();
   endResetModel();
 }
 
 int TQVNameModel::IndexOf(const QString& name) const {
   const auto found = std::ranges::find_if(
-      entries_, [&](const TEntry& entry) { return entry.Name.compare(name, Qt::CaseInsensitive) == 0; });
-  return found == entries_.end() ? -1 : static_cast<int>(found - entries_.begin());
+      FEntries, [&](const TEntry& entry) { return entry.Name.compare(name, Qt::CaseInsensitive) == 0; });
+  return found == FEntries.end() ? -1 : static_cast<int>(found - FEntries.begin());
 }
 
 int TQVNameModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(entries_.size());
+  return parent.isValid() ? 0 : static_cast<int>(FEntries.size());
 }
 
 QVariant TQVNameModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid())
     return {};
-  const TEntry& entry = entries_[static_cast<std::size_t>(index.row())];
+  const TEntry& entry = FEntries[static_cast<std::size_t>(index.row())];
   switch (role) {
   case Qt::DisplayRole:
   case Qt::EditRole:
@@ -100,7 +100,7 @@ QVariant TQVNameModel::data(const QModelIndex& index, int role) const {
 }
 
 TQVNameCombo::TQVNameCombo(int width, QWidget* parent)
-    : QComboBox(parent), names_(new TQVNameModel(this)), width_(width) {
+    : QComboBox(parent), FNames(new TQVNameModel(this)), FWidth(width) {
   setEditable(true);
   setInsertPolicy(NoInsert);
   setCompleter(nullptr);
@@ -112,7 +112,7 @@ TQVNameCombo::TQVNameCombo(int width, QWidget* parent)
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   setFocusPolicy(Qt::StrongFocus);
 
-  setModel(names_);
+  setModel(FNames);
   auto* const list = new QListView(this);
   list->setUniformItemSizes(true);
   list->setTextElideMode(Qt::ElideMiddle);
@@ -129,13 +129,22 @@ void TQVNameCombo::Changed() {
     platform::Guarded(OnChange);
 }
 
-void TQVNameCombo::SetText(const QString& text) {
+void TQVNameCombo::SetText(const QString& text, const QString& entry) {
+  FEntry = entry;
+  GoToEntry();
   if (text == currentText())
     return;
   const QSignalBlocker silence(this);
-  setCurrentIndex(names_->IndexOf(text)); // so the list opens there, and the cursor keys go on from there
   setEditText(text);
   lineEdit()->home(false);
+}
+
+void TQVNameCombo::GoToEntry() {
+  if (itemText(currentIndex()).compare(FEntry, Qt::CaseInsensitive) == 0)
+    return;
+  const int index = FNames->IndexOf(FEntry);
+  if (index != currentIndex())
+    KeepingText([&] { setCurrentIndex(index); });
 }
 
 template <class TChange> void TQVNameCombo::KeepingText(TChange&& change) {
@@ -143,24 +152,35 @@ template <class TChange> void TQVNameCombo::KeepingText(TChange&& change) {
   const QString text = currentText();
   const int cursor = lineEdit()->cursorPosition();
   std::forward<TChange>(change)();
-  setCurrentIndex(names_->IndexOf(text));
   setEditText(text);
   lineEdit()->setCursorPosition(cursor);
 }
 
+template <class TChange> void TQVNameCombo::ChangeNames(TChange&& change) {
+  KeepingText([&] {
+    std::forward<TChange>(change)();
+    setCurrentIndex(FNames->IndexOf(FEntry));
+  });
+}
+
 void TQVNameCombo::SetNames(const TQVNameList& names) {
-  if (names_->Equals(names))
-    names_->AssignLines(names);
-  else
-    KeepingText([&] { names_->Assign(names); });
+  if (!SetLines(names))
+    ChangeNames([&] { FNames->Assign(names); });
+}
+
+bool TQVNameCombo::SetLines(const TQVNameList& names) {
+  const bool equal = FNames->Equals(names);
+  if (equal)
+    FNames->AssignLines(names);
+  return equal;
 }
 
 void TQVNameCombo::AddName(const QString& name, int line) {
-  KeepingText([&] { names_->Add(name, line); });
+  ChangeNames([&] { FNames->Add(name, line); });
 }
 
 void TQVNameCombo::ClearNames() {
-  KeepingText([&] { names_->Clear(); });
+  ChangeNames([&] { FNames->Clear(); });
 }
 
 bool TQVNameCombo::HasFocus() const {
@@ -168,11 +188,11 @@ bool TQVNameCombo::HasFocus() const {
 }
 
 QSize TQVNameCombo::sizeHint() const {
-  return {width_, QComboBox::sizeHint().height()};
+  return {FWidth, QComboBox::sizeHint().height()};
 }
 
 QSize TQVNameCombo::minimumSizeHint() const {
-  return {std::min(kLeastWidth, width_), QComboBox::minimumSizeHint().height()};
+  return {std::min(kLeastWidth, FWidth), QComboBox::minimumSizeHint().height()};
 }
 
 void TQVNameCombo::wheelEvent(QWheelEvent* event) {

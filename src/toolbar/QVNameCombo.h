@@ -37,7 +37,7 @@ public:
   // The index (from 0) of the first entry named `name`, without regard to case; -1 when there is none.
   int IndexOf(const QString& name) const;
   // The line of an entry that is there.
-  int LineAt(int index) const { return entries_.at(static_cast<std::size_t>(index)).Line; }
+  int LineAt(int index) const { return FEntries.at(static_cast<std::size_t>(index)).Line; }
 
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
@@ -47,7 +47,7 @@ private:
     QString Name;
     int Line;
   };
-  std::vector<TEntry> entries_;
+  std::vector<TEntry> FEntries;
 };
 
 // An editable combo box over a TQVNameModel.
@@ -56,6 +56,9 @@ private:
 // complete then. Setting text or entries by program tells nothing and never touches what the other has set: replacing
 // the entries keeps the text. There is no completion, and leaving the box with the name of an entry in it chooses
 // nothing.
+//
+// Beside its text the box has a current entry, where its list opens and from where the cursor keys go on. The two are
+// set together but may differ, as a text may name a thing more briefly than the list does.
 class TQVNameCombo final : public QComboBox {
   Q_OBJECT
 public:
@@ -65,10 +68,14 @@ public:
   // Called when the user has changed the text. What it throws goes to the application's exception handling.
   std::function<void()> OnChange;
 
-  const TQVNameModel& Names() const { return *names_; }
-  void SetText(const QString& text);
+  const TQVNameModel& Names() const { return *FNames; }
+  // Shows `text`, and makes the entry named `entry` (without regard to case) the current one, now or as soon as there
+  // is such an entry. An empty `entry` means none.
+  void SetText(const QString& text, const QString& entry);
   // Makes the entries those of `names`: when just the lines differ, only the lines are touched.
   void SetNames(const TQVNameList& names);
+  // Takes over the lines of `names` if the names are those of the entries, and nothing otherwise. Returns which.
+  bool SetLines(const TQVNameList& names);
   void AddName(const QString& name, int line);
   void ClearNames();
 
@@ -84,11 +91,16 @@ protected:
 
 private:
   void Changed();
-  // Calls `change`, which changes the entries, silently and with the text kept.
+  // Calls `change`, silently and with the text kept.
   template <class TChange> void KeepingText(TChange&& change);
+  // The same for a change of the entries.
+  template <class TChange> void ChangeNames(TChange&& change);
+  // Makes the entry that SetText has named the current one.
+  void GoToEntry();
 
-  TQVNameModel* names_;
-  int width_;
+  TQVNameModel* FNames;
+  int FWidth;
+  QString FEntry; // that SetText has named
 };
 
 } // namespace quorvane

@@ -7,9 +7,11 @@
 #include "toolbar/QVLineNumbers.h"
 #include "toolbar/QVLocalVars.h"
 
-#include <QCoreApplication>
+#include <QEvent>
 
+#include <initializer_list>
 #include <thread>
+#include <vector>
 
 namespace quorvane {
 namespace {
@@ -74,11 +76,32 @@ TEST_F(QVEditorToolbar, WindowOpenedLaterIsEquippedOnceByItsFirstActivation) {
   EXPECT_EQ(Components(second), kEquipped);
 }
 
+// The forms that are given components, one entry a component.
+class Arrivals : public QObject {
+public:
+  explicit Arrivals(std::initializer_list<QWidget*> forms) {
+    for (QWidget* form : forms)
+      form->installEventFilter(this);
+  }
+  QStringList Forms;
+
+protected:
+  bool eventFilter(QObject* form, QEvent* event) override {
+    if (event->type() == QEvent::ChildAdded)
+      Forms.append(form->objectName());
+    return false;
+  }
+};
+
 TEST_F(QVEditorToolbar, OpenWindowsAreEquippedInTheOrderOfTheForms) {
   fakes::TEditWindow second(QStringLiteral("EditWindow_1"));
+  fakes::TEditWindow third(QStringLiteral("EditWindow_2"));
+  Arrivals arrivals{&third, &Window, &second};
   InitializeOpenEditors();
-  EXPECT_EQ(Components(Window), kWithControls);
-  EXPECT_EQ(Components(second), kWithControls);
+  EXPECT_EQ(Components(third), kWithControls);
+  arrivals.Forms.removeDuplicates();
+  EXPECT_EQ(arrivals.Forms, (QStringList{QStringLiteral("EditWindow_0"), QStringLiteral("EditWindow_1"),
+                                         QStringLiteral("EditWindow_2")}));
 }
 
 TEST_F(QVEditorToolbar, OpenWindowWithoutEditControlGetsNothing) {
@@ -161,6 +184,7 @@ TEST_F(QVEditorToolbar, HookThatTheHostRefusesIsAnAssertion) {
   std::thread([&] { assertion = AssertionOf(StartHooks); }).join();
   EXPECT_EQ(assertion.Text(), "Error Installing CBT Hook");
   EXPECT_EQ(assertion.Unit(), "QVEditorToolbar");
+  EXPECT_EQ(assertion.Line(), 77U);
 }
 
 TEST_F(QVEditorToolbar, AfterEndHooksNoWindowIsCaughtAnyMore) {
@@ -196,21 +220,39 @@ struct Call {
 };
 std::vector<Call> EarlierCalls;
 
+// An older hook, installed while it lives, that records its calls and answers 42.
+class EarlierHook {
+public:
+  EarlierHook() { EarlierCalls.clear(); }
+  ~EarlierHook() { platform::UnhookWindowsHookEx(hook_); }
+  EarlierHook(const EarlierHook&) = delete;
+  EarlierHook& operator=(const EarlierHook&) = delete;
+
+private:
+  static std::intptr_t Proc(int code, std::uintptr_t wParam, std::intptr_t lParam) {
+    EarlierCalls.push_back({code, wParam, lParam});
+    return 42;
+  }
+
+  platform::HHOOK hook_ = platform::SetWindowsHookEx(platform::WH_CBT, Proc, nullptr, platform::GetCurrentThreadId());
+};
+
 TEST_F(QVEditorToolbar, HookPassesEveryEventOnAndReturnsTheAnswer) {
-  const platform::HHOOK earlier = platform::SetWindowsHookEx(
-      platform::WH_CBT,
-      [](int code, std::uintptr_t wParam, std::intptr_t lParam) -> std::intptr_t {
-        EarlierCalls.push_back({code, wParam, lParam});
-        return 42;
-      },
-      nullptr, platform::GetCurrentThreadId());
+  const EarlierHook earlier;
   StartHooks();
   const std::uintptr_t handle = platform::WindowHandle(Window);
-  EarlierCalls.clear();
   for (const int code : {-1, 3, static_cast<int>(platform::HCBT_ACTIVATE)})
     EXPECT_EQ(platform::CallHooks(platform::WH_CBT, code, handle, 9), 42) << code;
-  platform::UnhookWindowsHookEx(earlier);
-  EXPECT_EQ(std::exchange(EarlierCalls, {}), (std::vector<Call>{{-1, handle, 9}, {3, handle, 9}, {5, handle, 9}}));
+  EXPECT_EQ(EarlierCalls, (std::vector<Call>{{-1, handle, 9}, {3, handle, 9}, {5, handle, 9}}));
+}
+
+TEST_F(QVEditorToolbar, HookPassesTheActivationOnOfAWindowThatCannotBeEquipped) {
+  const EarlierHook earlier;
+  StartHooks();
+  Window.DropEditor(); // without which there can be no proxy
+  EXPECT_EQ(Activate(Window), 42);
+  EXPECT_EQ(EarlierCalls, (std::vector<Call>{{5, platform::WindowHandle(Window), 0}}));
+  EXPECT_EQ(TakeReported().size(), 1U);
 }
 
 TEST_F(QVEditorToolbar, IdleHookPollsTheNumbersWhenTheyAreWanted) {
@@ -224,15 +266,6 @@ TEST_F(QVEditorToolbar, IdleHookPollsTheNumbersWhenTheyAreWanted) {
   OptShowLineNumbers = true;
   EXPECT_EQ(IdleProc(0, 0, 0), 0);
   EXPECT_FALSE(numbers.Picture().isNull());
-}
-
-TEST_F(QVEditorToolbar, IdleHookIsNeverInstalled) {
-  RegisterEditorToolbar();
-  Activate(Window);
-  const TQVLineNumbers& numbers = *GetLineNumbers(Window);
-  ASSERT_TRUE(numbers.Picture().isNull());
-  QCoreApplication::processEvents();
-  EXPECT_TRUE(numbers.Picture().isNull());
 }
 
 // The end.

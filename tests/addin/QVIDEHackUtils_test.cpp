@@ -32,6 +32,26 @@ TEST(QVIDEHackUtils, FormOfAnotherClassIsNoEditorWhateverItsName) {
   EXPECT_FALSE(IsEditorForm(TOtherForm(QStringLiteral("EditWindow_0"))));
 }
 
+TEST(QVIDEHackUtils, EditorFormsAreVisitedInScreenOrderAndNoOthers) {
+  const TEditWindow first(QStringLiteral("EditWindow_7"));
+  const TOtherForm other(QStringLiteral("EditWindow_0"));
+  const TEditWindow misnamed(QStringLiteral("MyEditWindow_1"));
+  const TEditWindow second(QStringLiteral("EditWindow_1"));
+  std::vector<const QWidget*> visited;
+  ForEachEditorForm([&](const QWidget& form) { visited.push_back(&form); });
+  EXPECT_EQ(visited, (std::vector<const QWidget*>{&first, &second}));
+}
+
+TEST(QVIDEHackUtils, FormOfAViewIsThatOfItsWindow) {
+  TEditWindow form;
+  fakes::FakeView view(nullptr, &form);
+  EXPECT_EQ(FormOf(view), &form);
+  view.Window->Form = nullptr;
+  EXPECT_EQ(FormOf(view), nullptr);
+  view.Window = nullptr;
+  EXPECT_EQ(FormOf(view), nullptr);
+}
+
 TEST(QVIDEHackUtils, EditorFormIsTheFirstOneInScreenOrder) {
   const TOtherForm other(QStringLiteral("EditWindow_0"));
   const TEditWindow misnamed(QStringLiteral("MyEditWindow_1"));

@@ -45,6 +45,7 @@ TEST_F(QVLineNumbers, WithoutAnOwnerHaveNoEditor) {
   const platform::EAssertionFailed assertion = AssertionOf([&] { alone.GetEditor(); });
   EXPECT_EQ(assertion.Text(), "Assertion failure");
   EXPECT_EQ(assertion.Unit(), "QVEditorToolbar");
+  EXPECT_EQ(assertion.Line(), 269U);
 }
 
 TEST_F(QVLineNumbers, OnAFormOfAnotherClassHaveNoEditor) {
@@ -53,6 +54,7 @@ TEST_F(QVLineNumbers, OnAFormOfAnotherClassHaveNoEditor) {
   const platform::EAssertionFailed assertion = AssertionOf([&] { stranger.GetEditor(); });
   EXPECT_EQ(assertion.Text(), "Assertion failure");
   EXPECT_EQ(assertion.Unit(), "QVEditorToolbar");
+  EXPECT_EQ(assertion.Line(), 270U);
 }
 
 TEST_F(QVLineNumbers, OnAFormWithoutEditControlFailToCastIt) {
@@ -416,6 +418,7 @@ TEST_F(QVLineNumbers, UpdateNeedsAnEditor) {
   const platform::EAssertionFailed assertion = AssertionOf([] { UpdateToolbar(nullptr); });
   EXPECT_EQ(assertion.Text(), "Assertion failure");
   EXPECT_EQ(assertion.Unit(), "QVEditorToolbar");
+  EXPECT_EQ(assertion.Line(), 165U);
 }
 
 TEST_F(QVLineNumbers, AreShownAtTheEdgeThatTheOptionNamesByNow) {

@@ -113,6 +113,36 @@ TEST_F(QVLocalVarsMenus, AMenuThatIsOpenIsFilledAnewWhenItCloses) {
   EXPECT_EQ(Item(SectionsMenu(), "Interface Section").data().toInt(), 4);
 }
 
+// Counts the items that a menu is given.
+class ItemCount : public QObject {
+public:
+  explicit ItemCount(QMenu& menu) { menu.installEventFilter(this); }
+  int Count = 0;
+
+protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    Count += event->type() == QEvent::ActionAdded;
+    return false;
+  }
+};
+
+TEST_F(QVLocalVarsMenus, AMenuThatIsOpenIsFilledOnceHoweverManyOutlinesCame) {
+  Show();
+  Toolbar->UpdateToolBar(*AnOutline());
+  SectionsMenu().popup(QPoint(10, 10));
+  ASSERT_TRUE(support::waitUntil([this] { return SectionsMenu().isVisible(); }));
+  const auto next = AnOutline();
+  for (int line = 3; line < 10; ++line) {
+    next->SetInterfaceLine(line);
+    Toolbar->UpdateToolBar(*next);
+  }
+  const ItemCount items(SectionsMenu());
+  SectionsMenu().close();
+  support::settle();
+  EXPECT_EQ(Item(SectionsMenu(), "Interface Section").data().toInt(), 9);
+  EXPECT_EQ(items.Count, 6);
+}
+
 TEST_F(QVLocalVarsMenus, AnItemChosenInAMenuThatWaitsForItsFillingStillGoesToItsLine) {
   Show();
   Toolbar->UpdateToolBar(*AnOutline());

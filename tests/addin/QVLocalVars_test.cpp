@@ -77,6 +77,14 @@ TEST_F(QVLocalVars, HasListsOfTheDesignedSize) {
   EXPECT_EQ(Methods().maxVisibleItems(), 16);
 }
 
+TEST_F(QVLocalVars, HasButtonsLevelWithItsLists) {
+  Show();
+  for (const QToolButton* button : {&SectionsButton(), &UnitsButton()}) {
+    EXPECT_EQ(button->y(), Methods().y());
+    EXPECT_EQ(button->height(), Methods().height());
+  }
+}
+
 TEST_F(QVLocalVars, ExplainsItsControls) {
   EXPECT_EQ(Classes().toolTip(), QStringLiteral("Classes, Interfaces, and Types"));
   EXPECT_EQ(Methods().toolTip(), QStringLiteral("Procedures and Functions"));
@@ -125,7 +133,7 @@ TEST_F(QVLocalVars, EmptiesEachListByItself) {
   EXPECT_EQ(Methods().count(), 3);
   Toolbar->ClearMethods();
   EXPECT_EQ(Methods().count(), 0);
-  EXPECT_EQ(Methods().currentText(), QStringLiteral("TAnt.Walk")) << "the text is no part of the list";
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Walk")) << "the text is no part of the list";
 }
 
 TEST_F(QVLocalVars, SetsTheTextsWithoutGoingAnywhere) {
@@ -143,7 +151,7 @@ TEST_F(QVLocalVars, SetsTheTextsWithoutGoingAnywhere) {
 TEST_F(QVLocalVars, ShowsWhatHoldsTheCaret) {
   Toolbar->UpdateToolBar(*AnOutline());
   EXPECT_EQ(Classes().currentText(), QStringLiteral("TAnt"));
-  EXPECT_EQ(Methods().currentText(), QStringLiteral("TAnt.Walk"));
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Walk"));
 }
 
 TEST_F(QVLocalVars, ListsTypesAndRoutinesInTheOrderOfTheOutline) {
@@ -197,7 +205,7 @@ TEST_F(QVLocalVars, KeepsAListThatIsOpen) {
   next->SetCurrentProc("Another");
   Toolbar->UpdateToolBar(*next);
   EXPECT_EQ(Methods().count(), 3);
-  EXPECT_EQ(Methods().currentText(), QStringLiteral("TAnt.Walk"));
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Walk"));
   Methods().hidePopup();
   ASSERT_TRUE(support::waitUntil([this] { return !Methods().view()->isVisible(); }));
   Focus(Editor());
@@ -209,18 +217,85 @@ TEST_F(QVLocalVars, BringsLinesUpToDateInPlaceWhenTheNamesAreEqual) {
   Toolbar->UpdateToolBar(*AnOutline());
   const SignalCount resets(Methods().model(), &QAbstractItemModel::modelReset);
   const SignalCount texts(Methods().lineEdit(), &QLineEdit::textChanged);
-  Methods().lineEdit()->setSelection(1, 3);
+  Methods().lineEdit()->setSelection(1, 2);
   const auto next = std::make_shared<TQVPasInfo>();
   next->AddMethod("Main", 51);
   next->AddMethod("TAnt.Walk", 41);
   next->AddMethod("TBird.Sing", 31);
-  next->SetCurrentProc("TAnt.Walk");
+  next->SetCurrentClass("TAnt");
+  next->SetCurrentProc("Walk");
   Toolbar->UpdateToolBar(*next);
   EXPECT_EQ(Entries(Methods()),
             (QStringList{QStringLiteral("Main 51"), QStringLiteral("TAnt.Walk 41"), QStringLiteral("TBird.Sing 31")}));
   EXPECT_EQ(resets.count(), 0);
   EXPECT_EQ(texts.count(), 0);
-  EXPECT_EQ(Methods().lineEdit()->selectedText(), QStringLiteral("Ant"));
+  EXPECT_EQ(Methods().lineEdit()->selectedText(), QStringLiteral("al"));
+}
+
+TEST_F(QVLocalVars, BringsLinesUpToDateAlsoInAListThatHasTheFocus) {
+  Show();
+  Toolbar->UpdateToolBar(*AnOutline());
+  Focus(Methods());
+  Methods().lineEdit()->selectAll();
+  QTest::keyClicks(&Methods(), QStringLiteral("TBird.Son"));
+  Methods().lineEdit()->setSelection(2, 4);
+  const SignalCount resets(Methods().model(), &QAbstractItemModel::modelReset);
+  const SignalCount texts(Methods().lineEdit(), &QLineEdit::textChanged);
+  const int index = Methods().currentIndex();
+  const auto next = std::make_shared<TQVPasInfo>();
+  next->AddMethod("Main", 51);
+  next->AddMethod("TAnt.Walk", 41);
+  next->AddMethod("TBird.Sing", 31);
+  Toolbar->UpdateToolBar(*next);
+  EXPECT_EQ(Entries(Methods()),
+            (QStringList{QStringLiteral("Main 51"), QStringLiteral("TAnt.Walk 41"), QStringLiteral("TBird.Sing 31")}));
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("TBird.Son"));
+  EXPECT_EQ(Methods().lineEdit()->selectedText(), QStringLiteral("ird."));
+  EXPECT_EQ(Methods().currentIndex(), index);
+  EXPECT_EQ(resets.count(), 0);
+  EXPECT_EQ(texts.count(), 0);
+  QTest::keyClick(&Methods(), Qt::Key_Up);
+  EXPECT_EQ(View->Cursor, (TOTAEditPos{1, 52})) << "a choice goes to the line of now";
+}
+
+TEST_F(QVLocalVars, OpensTheListOfRoutinesAtTheMethodOfTheCaret) {
+  Show();
+  Toolbar->UpdateToolBar(*AnOutline());
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Walk")) << "without its class";
+  Methods().showPopup();
+  ASSERT_TRUE(support::waitUntil([this] { return Methods().view()->isVisible(); }));
+  EXPECT_EQ(Methods().view()->currentIndex().data().toString(), QStringLiteral("TAnt.Walk"));
+  EXPECT_EQ(LogForm.Take(), Lines{});
+}
+
+TEST_F(QVLocalVars, OpensTheListOfRoutinesAtTheRoutineOfTheCaretThatHasNoClass) {
+  const auto info = AnOutline();
+  info->SetCurrentClass({});
+  info->SetCurrentProc("Main");
+  Toolbar->UpdateToolBar(*info);
+  EXPECT_EQ(Methods().itemText(Methods().currentIndex()), QStringLiteral("Main"));
+}
+
+TEST_F(QVLocalVars, CursorKeysGoOnFromTheMethodOfTheCaret) {
+  Show();
+  Toolbar->UpdateToolBar(*AnOutline());
+  Focus(Methods());
+  QTest::keyClick(&Methods(), Qt::Key_Down);
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("TBird.Sing"));
+  EXPECT_EQ(View->Cursor, (TOTAEditPos{1, 31}));
+}
+
+TEST_F(QVLocalVars, FollowsTheCaretIntoAMethodOfTheSameNameInAnotherClass) {
+  const auto info = AnOutline();
+  info->AddMethod("TBird.Walk", 60);
+  Toolbar->UpdateToolBar(*info);
+  const int ofAnt = Methods().currentIndex();
+  info->SetCurrentClass("TBird");
+  Toolbar->UpdateToolBar(*info);
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Walk"));
+  EXPECT_NE(Methods().currentIndex(), ofAnt);
+  EXPECT_EQ(Methods().itemText(Methods().currentIndex()), QStringLiteral("TBird.Walk"));
+  EXPECT_EQ(LogForm.Take(), Lines{});
 }
 
 TEST_F(QVLocalVars, ReplacesAListInOneGoWhenANameDiffers) {
@@ -256,7 +331,7 @@ TEST_F(QVLocalVars, ReplacingAListKeepsTheTextAndGoesNowhere) {
   Toolbar->UpdateToolBar(*next);
   next->AddMethod("Aaa", 1);
   Toolbar->UpdateToolBar(*next);
-  EXPECT_EQ(Methods().currentText(), QStringLiteral("TAnt.Walk"));
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Walk"));
   EXPECT_EQ(Methods().currentIndex(), 2) << "the list opens at the routine of the caret";
   EXPECT_EQ(LogForm.Take(), Lines{});
 }
@@ -307,6 +382,22 @@ TEST_F(QVLocalVars, TypingANameGoesThereWhenItIsCompleteInAnyCase) {
   EXPECT_EQ(View->TopPos, (TOTAEditPos{1, 8}));
   EXPECT_TRUE(Editor().hasFocus());
   EXPECT_EQ(LogForm.Take(), Lines{"Combo Changed"});
+}
+
+TEST_F(QVLocalVars, ANameThatBeginsAnotherIsTakenAtOnce) {
+  Show();
+  TQVPasInfo info;
+  info.AddMethod("Main", 50);
+  info.AddMethod("MainLoop", 60);
+  Toolbar->UpdateToolBar(info);
+  Focus(Methods());
+  for (const QChar typed : QStringLiteral("MainLoop")) {
+    QWidget* const focused = QApplication::focusWidget();
+    QTest::keyClicks(focused, QString(typed));
+  }
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Main"));
+  EXPECT_EQ(View->Cursor, (TOTAEditPos{1, 51}));
+  EXPECT_TRUE(Editor().hasFocus()) << "which the rest of the name goes to";
 }
 
 TEST_F(QVLocalVars, LeavingAListChoosesNothing) {
@@ -423,7 +514,7 @@ TEST_F(QVLocalVars, ShowsTheOutlineThatItsProxyIsGiven) {
   const auto info = AnOutline();
   proxy.SetPasInfo(info);
   EXPECT_EQ(proxy.GetPasInfo(), info);
-  EXPECT_EQ(Methods().currentText(), QStringLiteral("TAnt.Walk"));
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Walk"));
 }
 
 // Showing and hiding all.

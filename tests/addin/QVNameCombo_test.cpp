@@ -4,8 +4,8 @@
 #include "ToolbarFixture.h"
 
 #include <QAbstractItemView>
+#include <QIdentityProxyModel>
 #include <QLineEdit>
-#include <QListView>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -62,11 +62,12 @@ TEST_F(QVNameCombo, TellsAnEntryChosenWithTheMouseAlsoIfItIsTheSameAgain) {
 }
 
 TEST_F(QVNameCombo, TellsNothingThatTheProgramSets) {
-  Combo.SetText(QStringLiteral("Beta"));
+  Combo.SetText(QStringLiteral("Beta"), QStringLiteral("Beta"));
+  Combo.SetText(QStringLiteral("Beta"), QStringLiteral("Gamma"));
   Combo.AddName(QStringLiteral("Delta"), 1);
   Combo.SetNames(AnOutline()->GetMethods());
   Combo.ClearNames();
-  Combo.SetText({});
+  Combo.SetText({}, {});
   EXPECT_EQ(Changes, QStringList());
 }
 
@@ -127,7 +128,7 @@ TEST_F(QVNameCombo, FindsTheFirstOfEqualNames) {
 TEST_F(QVNameCombo, ShowsALongTextFromItsStart) {
   ShowCombo();
   Focus(Editor());
-  Combo.SetText(QString(200, u'x'));
+  Combo.SetText(QString(200, u'x'), {});
   EXPECT_EQ(Combo.lineEdit()->cursorPosition(), 0);
 }
 
@@ -143,21 +144,68 @@ TEST_F(QVNameCombo, EntriesAreAtLeastFourteenPixelsHighAndAsHighAsTheirFont) {
   EXPECT_EQ(height(), Combo.fontMetrics().height());
 }
 
+// Passes a list on and counts what is asked of it.
+class AskedList : public QIdentityProxyModel {
+public:
+  QVariant data(const QModelIndex& index, int role) const override {
+    ++Asked;
+    return QIdentityProxyModel::data(index, role);
+  }
+  mutable int Asked = 0;
+};
+
 TEST_F(QVNameCombo, OpensALongListWithoutMeasuringEveryEntry) {
   TQVPasInfo info;
   for (int index = 0; index < 20000; ++index)
     info.AddMethod("Routine" + std::to_string(index), index);
   Combo.SetNames(info.GetMethods());
-  EXPECT_TRUE(qobject_cast<QListView*>(Combo.view())->uniformItemSizes());
+  AskedList list;
+  Combo.model()->setParent(&Window); // or the box would delete it when it is given another
+  list.setSourceModel(Combo.model());
+  Combo.setModel(&list);
   ShowCombo();
   Combo.showPopup();
   ASSERT_TRUE(support::waitUntil([this] { return Combo.view()->isVisible(); }));
+  support::settle();
   EXPECT_EQ(Combo.count(), 20000);
+  EXPECT_GT(list.Asked, 0);
+  EXPECT_LT(list.Asked, 2000);
   Combo.hidePopup();
 }
 
+TEST_F(QVNameCombo, OpensItsListAtTheCurrentEntryWhateverItsText) {
+  ShowCombo();
+  Combo.SetText(QStringLiteral("something else"), QStringLiteral("bETA"));
+  Combo.showPopup();
+  ASSERT_TRUE(support::waitUntil([this] { return Combo.view()->isVisible(); }));
+  EXPECT_EQ(Combo.view()->currentIndex().row(), 1);
+  EXPECT_EQ(Combo.currentText(), QStringLiteral("something else"));
+  Combo.hidePopup();
+}
+
+TEST_F(QVNameCombo, FindsItsCurrentEntryWhenTheEntriesComeLater) {
+  Combo.SetText(QStringLiteral("Walk"), QStringLiteral("TAnt.Walk"));
+  EXPECT_EQ(Combo.currentIndex(), -1);
+  Combo.SetNames(AnOutline()->GetMethods());
+  EXPECT_EQ(Combo.currentIndex(), 1);
+  EXPECT_EQ(Combo.currentText(), QStringLiteral("Walk"));
+}
+
+TEST_F(QVNameCombo, TakesOverLinesOnlyOfEqualNames) {
+  TQVPasInfo info;
+  info.AddMethod("Alpha", 1);
+  info.AddMethod("Beta", 2);
+  EXPECT_FALSE(Combo.SetLines(info.GetMethods()));
+  EXPECT_EQ(Entries(Combo),
+            (QStringList{QStringLiteral("Alpha 10"), QStringLiteral("Beta 11"), QStringLiteral("Gamma 12")}));
+  info.AddMethod("Gamma", 3);
+  EXPECT_TRUE(Combo.SetLines(info.GetMethods()));
+  EXPECT_EQ(Entries(Combo),
+            (QStringList{QStringLiteral("Alpha 1"), QStringLiteral("Beta 2"), QStringLiteral("Gamma 3")}));
+}
+
 TEST_F(QVNameCombo, KeepsTheCursorInItsTextWhenTheEntriesChange) {
-  Combo.SetText(QStringLiteral("Beta"));
+  Combo.SetText(QStringLiteral("Beta"), QStringLiteral("Beta"));
   Combo.lineEdit()->setCursorPosition(2);
   Combo.SetNames(AnOutline()->GetMethods());
   EXPECT_EQ(Combo.currentText(), QStringLiteral("Beta"));

@@ -126,7 +126,7 @@ TEST_F(QVUnitFinder, FollowsALinkThatIsItselfAFolderOfThePath) {
   EXPECT_EQ(Find("tools", {{Tree.Path("lib"), true}}), Tree.Path("lib/tools.pas"));
 }
 
-TEST_F(QVUnitFinder, ReadsATreeAgainForAUnitThatIsNotInIt) {
+TEST_F(QVUnitFinder, FindsAUnitThatCameIntoATreeThatWasSearched) {
   Tree.File("lib/sub/other.pas");
   const std::vector<TOTASearchFolder> path{{Tree.Path("lib"), true}};
   EXPECT_EQ(Find("tools", path), QString());
@@ -134,13 +134,36 @@ TEST_F(QVUnitFinder, ReadsATreeAgainForAUnitThatIsNotInIt) {
   EXPECT_EQ(Find("tools", path), file);
 }
 
-TEST_F(QVUnitFinder, ReadsATreeAgainForAUnitThatHasGone) {
+TEST_F(QVUnitFinder, FindsWhereAUnitWentThatWasFoundBefore) {
   const QString file = Tree.File("lib/sub/tools.pas");
   const std::vector<TOTASearchFolder> path{{Tree.Path("lib"), true}};
   EXPECT_EQ(Find("tools", path), file);
   ASSERT_TRUE(QFile::remove(file));
   const QString moved = Tree.File("lib/sub2/tools.pas");
   EXPECT_EQ(Find("tools", path), moved);
+}
+
+TEST_F(QVUnitFinder, FindsABetterFileThatCameBesideOneThatWasFoundBefore) {
+  const QString pp = Tree.File("lib/sub/tools.pp");
+  const std::vector<TOTASearchFolder> path{{Tree.Path("lib"), true}};
+  EXPECT_EQ(Find("tools", path), pp);
+  const QString pas = Tree.File("lib/sub/tools.pas");
+  EXPECT_EQ(Find("tools", path), pas);
+}
+
+TEST_F(QVUnitFinder, FindsANearerFileThatCameAfterOneThatWasFoundBefore) {
+  const QString far = Tree.File("lib/b/sub/tools.pas");
+  const std::vector<TOTASearchFolder> path{{Tree.Path("lib"), true}};
+  EXPECT_EQ(Find("tools", path), far);
+  const QString near = Tree.File("lib/a/tools.pas");
+  EXPECT_EQ(Find("tools", path), near);
+}
+
+TEST_F(QVUnitFinder, FindsAFileThatIsALink) {
+  const QString file = Tree.File("elsewhere/original.pas");
+  Tree.Folder("lib/sub");
+  ASSERT_TRUE(QFile::link(file, Tree.Path("lib/sub/tools.pas")));
+  EXPECT_EQ(Find("tools", {{Tree.Path("lib"), true}}), Tree.Path("lib/sub/tools.pas"));
 }
 
 TEST_F(QVUnitFinder, ReadsATreeUpToItsLimitNearestFirst) {

@@ -59,7 +59,7 @@ inline std::shared_ptr<TQVPasInfo> AnOutline() {
   info->AddMethod("TAnt.Walk", 40);
   info->AddMethod("Main", 50);
   info->SetCurrentClass("TAnt");
-  info->SetCurrentProc("TAnt.Walk");
+  info->SetCurrentProc("Walk");
   return info;
 }
 
