@@ -51,6 +51,13 @@ TEST_P(QVImages, AreSharpAtEveryRatioOfAScreen) {
   }
 }
 
+TEST(QVImagesList, HasSectionsThatAreTheSameSeenInAMirror) {
+  for (const int size : {16, 24, 32}) {
+    const QImage picture = Picture(qvSectionsImage, size);
+    EXPECT_EQ(picture, picture.mirrored(true, false)) << size;
+  }
+}
+
 TEST_P(QVImages, CanBeReadOnLightAndDarkGrounds) {
   const QPalette before = QApplication::palette();
   const auto restore = qScopeGuard([&] { QApplication::setPalette(before); });

@@ -303,6 +303,14 @@ TEST_F(WindowCommandsTest, ColoursAreChosenFromTheViewMenu) {
   EXPECT_TRUE(support::waitUntil([this] { return frame()->palette().color(QPalette::Window).lightness() > 128; }));
 }
 
+TEST_F(WindowCommandsTest, MenusAndListsStandOutFromDarkText) {
+  frame()->show();
+  trigger("ViewDarkCommand");
+  constexpr int apart = 8; // steps of lightness that an eye tells apart on a dark screen
+  const int text = editor()->colorScheme().ground.lightness();
+  EXPECT_GE(QApplication::palette().color(QPalette::Base).lightness(), text + apart);
+}
+
 TEST_F(WindowCommandsTest, AllWindowsShareTheColours) {
   TEditWindow* const other = workspace.newWindow();
   trigger("ViewDarkCommand");
