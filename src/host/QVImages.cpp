@@ -88,7 +88,7 @@ void DrawUnits(TGrid grid, const TInks& inks) {
 
 void DrawWindows(TGrid grid, const TInks& inks) {
   grid.Frame(0, 1, 16, 15, inks.Line);
-  grid.Fill(1, 4, 15, 5, inks.Line);
+  grid.Rule(1, 4, 15, inks.Line);
   grid.Fill(2, 2, 14, 3, inks.Accent);
   grid.Fill(2, 6, 6, 13, inks.Accent);
 }

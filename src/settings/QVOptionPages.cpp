@@ -110,9 +110,9 @@ void AddCodeTemplates(TQVScrollPage& page) {
   auto* const key = Named(new QLineEdit(group), TQVOption::TemplateKey);
   // One byte a character.
   key->setValidator(new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[\\x{01}-\\x{FF}]*")), key));
-  key->setMaximumWidth(key->sizeHint().width());
   AddLabelled(second, "lblTemplateKey", QStringLiteral("Template Key:"), key);
-  second->addStretch();
+  second->setStretchFactor(key, 1);
+  second->addStretch(6);
 }
 
 void AddLineNumbers(TQVScrollPage& page) {

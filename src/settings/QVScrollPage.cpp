@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QScreen>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace quorvane {
@@ -35,7 +36,11 @@ void TQVScrollPage::AddGroup(QWidget* group) {
 }
 
 QSize TQVScrollPage::sizeHint() const {
-  return widget()->sizeHint().boundedTo(screen()->availableSize() * kShareOfScreen);
+  const QSize room = screen()->availableSize() * kShareOfScreen;
+  const QSize contents = widget()->sizeHint();
+  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  const QSize bars(contents.height() > room.height() ? bar : 0, contents.width() > room.width() ? bar : 0);
+  return (contents + bars).boundedTo(room);
 }
 
 bool TQVScrollPage::event(QEvent* event) {
