@@ -9,7 +9,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -37,7 +36,7 @@ QByteArray BytesOf(const QString& path, QIODevice::OpenMode mode) {
   QFile file(path);
   if (!file.open(mode | QIODevice::ExistingOnly))
     Fail(file.errorString());
-  const QByteArray bytes = file.read(mostBytes + 1);
+  QByteArray bytes = file.read(mostBytes + 1);
   if (file.error() != QFile::NoError)
     Fail(file.errorString());
   if (bytes.size() > mostBytes)
