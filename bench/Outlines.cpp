@@ -17,6 +17,7 @@ class TTypingThread : public IQVParseThread {
 public:
   std::int32_t CaretPos() const override { return 1000; }
   std::int32_t StillCount() const override { return 0; }
+  bool IsEnding() const override { return false; }
   void Synchronize(const std::function<void()>& call) override { call(); }
   void UnderlineErr(std::int32_t, std::int32_t, std::int32_t) override {}
   void ShowMessage(const std::string&) override {}

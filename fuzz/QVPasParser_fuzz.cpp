@@ -37,6 +37,7 @@ public:
 
   std::int32_t CaretPos() const override { return FCaret; }
   std::int32_t StillCount() const override { return 5000; }
+  bool IsEnding() const override { return false; }
   void Synchronize(const std::function<void()>& call) override { call(); }
   void UnderlineErr(std::int32_t col, std::int32_t line, std::int32_t length) override {
     const auto size = static_cast<std::int32_t>(FText.size());
