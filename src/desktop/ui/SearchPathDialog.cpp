@@ -57,8 +57,8 @@ SearchPathDialog::SearchPathDialog(const QList<SearchFolder>& folders, QWidget* 
   resize(620, 300);
   connect(answers, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(answers, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  connect(list_, &QTreeWidget::currentItemChanged, this, &SearchPathDialog::update);
-  update();
+  connect(list_, &QTreeWidget::currentItemChanged, this, &SearchPathDialog::enableButtons);
+  enableButtons();
 }
 
 QPushButton* SearchPathDialog::makeButton(const char* name, const QString& text, void (SearchPathDialog::*run)()) {
@@ -109,25 +109,25 @@ void SearchPathDialog::add() {
 
 void SearchPathDialog::remove() {
   delete list_->currentItem();
-  update();
+  enableButtons();
 }
 
 void SearchPathDialog::moveUp() {
-  move(-1);
+  moveRow(-1);
 }
 
 void SearchPathDialog::moveDown() {
-  move(1);
+  moveRow(1);
 }
 
-void SearchPathDialog::move(int step) {
+void SearchPathDialog::moveRow(int step) {
   const int row = list_->indexOfTopLevelItem(list_->currentItem());
   QTreeWidgetItem* const item = list_->takeTopLevelItem(row);
   list_->insertTopLevelItem(row + step, item);
   list_->setCurrentItem(item);
 }
 
-void SearchPathDialog::update() {
+void SearchPathDialog::enableButtons() {
   const int row = list_->indexOfTopLevelItem(list_->currentItem());
   remove_->setEnabled(row >= 0);
   up_->setEnabled(row > 0);

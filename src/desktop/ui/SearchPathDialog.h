@@ -30,8 +30,8 @@ private:
   void remove();
   void moveUp();
   void moveDown();
-  void move(int step);
-  void update();
+  void moveRow(int step);
+  void enableButtons();
 
   QTreeWidget* list_;
   QPushButton* remove_;

@@ -10,6 +10,7 @@
 #include "desktop/ui/GoToLineDialog.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
+#include "desktop/ui/ModalDialog.h"
 #include "desktop/ui/PackagesDialog.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/SearchPathDialog.h"
@@ -19,6 +20,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -97,10 +99,10 @@ void WindowCommands::goToLine() {
     return;
   const QPointer<TEditWindow> window = workspace_.topWindow();
   TEditControl* const editor = window->editor();
-  GoToLineDialog dialog(editor->caretRow(), editor->lineCount(), workspace_.frameOf(window));
-  if (dialog.exec() != QDialog::Accepted || !window)
+  ModalDialog<GoToLineDialog> dialog(editor->caretRow(), editor->lineCount(), workspace_.frameOf(window));
+  if (!dialog.run() || !window)
     return;
-  editor->setCaret(dialog.line(), 1);
+  editor->setCaret(dialog->line(), 1);
   editor->showCaret();
   editor->setFocus(Qt::OtherFocusReason);
 }
@@ -127,14 +129,15 @@ void WindowCommands::previousTab() {
 
 void WindowCommands::showPackages() {
   if (workspace_.packages() != nullptr)
-    PackagesDialog(*workspace_.packages(), QApplication::activeWindow()).exec();
+    ModalDialog<PackagesDialog>(*workspace_.packages(), QApplication::activeWindow()).run();
 }
 
 void WindowCommands::editSearchPath() {
-  SearchPathDialog dialog(workspace_.searchPath().folders(), QApplication::activeWindow());
-  if (dialog.exec() != QDialog::Accepted)
+  const QPointer<WindowCommands> self = this;
+  ModalDialog<SearchPathDialog> dialog(workspace_.searchPath().folders(), QApplication::activeWindow());
+  if (!dialog.run() || !self)
     return;
-  const QString problem = workspace_.searchPath().setFolders(dialog.folders());
+  const QString problem = workspace_.searchPath().setFolders(dialog->folders());
   if (!problem.isEmpty() && workspace_.topWindow() != nullptr)
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Error, problem);
 }
@@ -157,7 +160,11 @@ void WindowCommands::stepTab(int step) {
 }
 
 QLineEdit* WindowCommands::focusedLine() const {
-  return qobject_cast<QLineEdit*>(frame_->focusWidget());
+  QWidget* const focused = frame_->focusWidget();
+  // An editable box has the focus of its line editor.
+  if (const auto* const box = qobject_cast<QComboBox*>(focused))
+    return box->lineEdit();
+  return qobject_cast<QLineEdit*>(focused);
 }
 
 void WindowCommands::follow() {

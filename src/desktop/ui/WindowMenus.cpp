@@ -59,7 +59,10 @@ void WindowCommands::buildEditMenu() {
       Row{},
       Row{"EditSelectAllCommand", QT_TR_NOOP("Select &All"), "Ctrl+A", "edit-select-all", &WindowCommands::selectAll},
   };
-  addRows(addMenu("EditMenu", tr("&Edit")), rows);
+  QMenu* const menu = addMenu("EditMenu", tr("&Edit"));
+  addRows(menu, rows);
+  // A line editor may have been worked on since it got the focus.
+  connect(menu, &QMenu::aboutToShow, this, &WindowCommands::update);
 }
 
 void WindowCommands::buildSearchMenu() {

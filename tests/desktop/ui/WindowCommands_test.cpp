@@ -10,9 +10,11 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QSet>
 #include <QSpinBox>
 #include <QTreeWidget>
@@ -182,8 +184,56 @@ TEST_F(WindowCommandsTest, TheGoToCommandOfAnEmptyMainFormServesTheWindowOnTop) 
   activate(window());
   TEditWindow* const other = workspace.newWindow();
   activate(other);
-  EXPECT_TRUE(frame()->close());
-  EXPECT_TRUE(action(QStringLiteral("SearchGoToCommand"))->isEnabled());
+  other->editor()->textCursor().insertText(QStringLiteral("1\n2\n3\n4"));
+  ASSERT_TRUE(frame()->close());
+  ASSERT_EQ(window()->currentPage(), nullptr);
+  ASSERT_TRUE(enabled("SearchGoToCommand"));
+  const support::ModalAnswer<GoToLineDialog> answer([](GoToLineDialog& dialog) {
+    dialog.findChild<QSpinBox*>()->setValue(3);
+    dialog.accept();
+  });
+  trigger("SearchGoToCommand");
+  EXPECT_EQ(other->editor()->caretRow(), 3);
+}
+
+class DialogInAFurtherWindow : public WindowCommandsTest {
+protected:
+  DialogInAFurtherWindow() {
+    workspace.setPackages(&packages_);
+    activate(window());
+    TEditWindow* const further = workspace.newWindow();
+    activate(further);
+    further_ = workspace.frameOf(further);
+  }
+
+  // Runs a command of a window, and closes the further window when the command's dialog is up.
+  template <class TDialog> void closeUnderDialogOf(const MainWindow* frame, const char* command) {
+    QPointer<TDialog> shown;
+    const support::ModalAnswer<TDialog> answer([&](TDialog& dialog) {
+      shown = &dialog;
+      EXPECT_TRUE(further_->close());
+    });
+    qobject_cast<QAction*>(platform::FindComponent(*frame, QString::fromLatin1(command)))->trigger();
+    EXPECT_TRUE(further_.isNull());
+    EXPECT_TRUE(shown.isNull());
+  }
+
+  QPointer<MainWindow> further_;
+
+private:
+  OnePackage packages_;
+};
+
+TEST_F(DialogInAFurtherWindow, ForALineNumberGoesWithTheWindow) {
+  closeUnderDialogOf<GoToLineDialog>(further_, "SearchGoToCommand");
+}
+
+TEST_F(DialogInAFurtherWindow, OfThePackagesGoesWithTheWindow) {
+  closeUnderDialogOf<PackagesDialog>(further_, "ComponentPackagesCommand");
+}
+
+TEST_F(DialogInAFurtherWindow, OfTheSearchPathGoesWithTheWindow) {
+  closeUnderDialogOf<SearchPathDialog>(frame(), "ToolsGalleryItem"); // the main form's, in the menus of all windows
 }
 
 TEST_F(WindowCommandsTest, GoesToALineNumber) {
@@ -277,6 +327,35 @@ TEST_F(WindowCommandsTest, WhileTheFindBarHasTheFocusTheEditMenuIsForItsText) {
   trigger("EditSelectAllCommand");
   EXPECT_EQ(line->selectedText(), QStringLiteral("needle"));
   EXPECT_FALSE(editor()->textCursor().hasSelection());
+}
+
+TEST_F(WindowCommandsTest, WhileABoxOfAToolbarHasTheFocusTheEditMenuIsForItsText) {
+  openText(QStringLiteral("a.pas"), "text");
+  auto* const box = new QComboBox(window());
+  box->setEditable(true);
+  activate(window());
+  box->show();
+  box->setFocus();
+  ASSERT_TRUE(box->hasFocus());
+  box->setEditText(QStringLiteral("needle"));
+  trigger("EditSelectAllCommand");
+  EXPECT_EQ(box->lineEdit()->selectedText(), QStringLiteral("needle"));
+  EXPECT_FALSE(editor()->textCursor().hasSelection());
+  Q_EMIT menu(QStringLiteral("EditMenu"))->aboutToShow();
+  trigger("EditCutCommand");
+  EXPECT_EQ(box->currentText(), QString());
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("text"));
+}
+
+TEST_F(WindowCommandsTest, ABoxWithoutATextOfItsOwnLeavesTheEditMenuToTheSource) {
+  openText(QStringLiteral("a.pas"), "text");
+  auto* const box = new QComboBox(window());
+  activate(window());
+  box->show();
+  box->setFocus();
+  ASSERT_TRUE(box->hasFocus());
+  trigger("EditSelectAllCommand");
+  EXPECT_EQ(editor()->textCursor().selectedText(), QStringLiteral("text"));
 }
 
 TEST_F(WindowCommandsTest, TabsAreSteppedThroughInARound) {
