@@ -254,6 +254,14 @@ TEST_F(QVParseThread, EndsAtOnceWhenItIsTerminatedBetweenTwoSteps) {
   EXPECT_EQ(Thread.Begun, 0);
 }
 
+TEST_F(QVParseThread, BeginsNoParseWhenItIsTerminatedInItsFirstHalf) {
+  Thread.OnBegin = [&] { Thread.Terminate(); };
+  Thread.Resume();
+  Thread.WaitFor();
+  EXPECT_EQ(Thread.Begun, 1);
+  EXPECT_EQ(Thread.Ended, 0);
+}
+
 TEST_F(QVParseThread, IsStoppedOnlyAfterTheParseUnderWay) {
   Show(kFaultyText, 40, 12, 0);
   RunCycles(99); // the caret rests; the mark comes with one of the next cycles

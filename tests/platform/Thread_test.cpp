@@ -2,6 +2,7 @@
 #include "platform/Thread.h"
 
 #include "platform/Application.h"
+#include "support/BusyProcessors.h"
 #include "support/Wait.h"
 
 #include <gtest/gtest.h>
@@ -205,15 +206,7 @@ TEST(Thread, ThatFreesItselfIsGoneAfterItsBody) {
 }
 
 TEST(Thread, StopsThoughAllProcessorsAreBusy) {
-  std::atomic<bool> stop = false;
-  std::vector<std::unique_ptr<QThread>> load;
-  for (int i = 0; i < 2 * QThread::idealThreadCount(); ++i) {
-    load.emplace_back(QThread::create([&] {
-      while (!stop) {
-      }
-    }));
-    load.back()->start();
-  }
+  const support::BusyProcessors busy;
   std::atomic<int> steps = 0;
   TBody thread([&](TBody& self) {
     while (!self.Terminated())
@@ -223,9 +216,6 @@ TEST(Thread, StopsThoughAllProcessorsAreBusy) {
   thread.Resume();
   thread.Terminate();
   thread.WaitFor();
-  stop = true;
-  for (const auto& worker : load)
-    worker->wait();
 }
 
 } // namespace

@@ -7,20 +7,18 @@
 #include "desktop/ide/InstalledPackages.h"
 #include "desktop/Program.h"
 #include "desktop/ui/PackagesDialog.h"
+#include "support/BusyProcessors.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
 #include <QFile>
 #include <QMenu>
-#include <QThread>
 #include <QTimer>
 #include <QToolButton>
 #include <QTreeWidget>
 
 #include <algorithm>
-#include <atomic>
-#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -38,31 +36,6 @@ QByteArray faultyUnit(int lines) {
   return "unit unit1;\ninterface\nimplementation\nprocedure Faulty;\nbegin\n" +
          QByteArray("  if a b;\n").repeated(lines) + "end;\nend.\n";
 }
-
-// Keeps every processor busy at the usual priority, twice over.
-class BusyProcessors {
-public:
-  BusyProcessors() {
-    for (int index = 0; index < 2 * QThread::idealThreadCount(); ++index) {
-      threads_.emplace_back(QThread::create([this] {
-        while (!stop_) {
-        }
-      }));
-      threads_.back()->start();
-    }
-  }
-  ~BusyProcessors() {
-    stop_ = true;
-    for (const auto& thread : threads_)
-      thread->wait();
-  }
-  BusyProcessors(const BusyProcessors&) = delete;
-  BusyProcessors& operator=(const BusyProcessors&) = delete;
-
-private:
-  std::atomic<bool> stop_ = false;
-  std::vector<std::unique_ptr<QThread>> threads_;
-};
 
 class Stopping : public PackageFixture {
 protected:
@@ -304,7 +277,7 @@ TEST_F(Stopping, WithAllProcessorsBusyInTheMiddleOfAParse) {
   ASSERT_NO_FATAL_FAILURE(openAtWork(hugeUnit()));
   ASSERT_TRUE(runIntoParse());
   {
-    const BusyProcessors busy;
+    const support::BusyProcessors busy;
     loader.unload(package);
   }
   expectGone();
@@ -314,7 +287,7 @@ TEST_F(Stopping, WithAllProcessorsBusyInsideAModalDialog) {
   ASSERT_NO_FATAL_FAILURE(openAtWork(hugeUnit()));
   QDialog dialog(frame());
   QTimer::singleShot(0, &dialog, [&] {
-    const BusyProcessors busy;
+    const support::BusyProcessors busy;
     loader.unload(package);
     dialog.reject();
   });
