@@ -9,6 +9,7 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QString>
 #include <QWidget>
 
 #include <cstdint>
@@ -37,6 +38,11 @@ public:
   ~TAction() override;
 
   std::function<void()> OnExecute;
+
+  // The menu in which the host shows the action, with its shortcut, while it is in the list "ActionList1" of an editor
+  // window: "Search", or empty for none. The action may fire while the window has no page. Set it, and the text, before
+  // the action is added.
+  QString Category;
 
   // 0 takes the shortcut away.
   void SetShortCut(TShortCut shortCut);

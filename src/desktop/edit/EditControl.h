@@ -111,6 +111,8 @@ public:
   TabInsertion tabInsertion() const { return tabInsertion_; }
   void setTabInsertion(TabInsertion insertion) { tabInsertion_ = insertion; }
 
+  IndentOptions indentOptions() const { return {indentWidth_, tabWidth_, tabInsertion_}; }
+
   // Moves every line that the selection touches (the caret's line without one) by one indent width, as one undo step. A
   // line that the selection only reaches the start of stays.
   void indentBlock();
@@ -124,6 +126,11 @@ public:
   void setCaret(int row, int column);
   // Scrolls as little as needed for the caret to be seen.
   void showCaret();
+
+  // Between the two nothing is painted, since the document's layout is out of date inside an edit block; the calls may
+  // be nested.
+  void holdPainting();
+  void releasePainting();
 
   // The first visible line and column, from 1.
   int topLine() const;
@@ -223,7 +230,6 @@ private:
   void alignHorizontalRange(int minimum, int maximum);
   void alignHorizontalValue(int value);
   QTextBlock lastVisibleBlock() const;
-  IndentOptions indentOptions() const { return {indentWidth_, tabWidth_, tabInsertion_}; }
 
   int borderStyle() const { return 0; } // frameless
   int left() const { return x(); }
@@ -269,6 +275,7 @@ private:
   bool keyAnnounced_ = false; // CN_KEYDOWN has been sent for the key press to come
   bool scrolled_ = false;     // the scroll message being sent has reached the default procedure
   bool aligning_ = false;     // the horizontal range is being aligned
+  int paintingHolds_ = 0;     // how often painting is held back
   int leftPixel_ = 0;         // the last aligned horizontal scroll position
   QEvent* wheel_ = nullptr;   // the wheel event being handled
 };

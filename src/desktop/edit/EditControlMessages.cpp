@@ -2,6 +2,7 @@
 // How the edit control turns Qt's events into messages, and messages into what the host does.
 #include "desktop/edit/CaretBlink.h"
 #include "desktop/edit/EditControl.h"
+#include "desktop/edit/Typing.h"
 #include "platform/Actions.h"
 #include "platform/Application.h"
 
@@ -17,10 +18,6 @@ namespace {
 
 template <class TEvent> TEvent* eventOf(const TMessage& message) {
   return reinterpret_cast<TEvent*>(message.LParam);
-}
-
-bool isTyped(char32_t character) {
-  return character >= 0x20 && (character < 0x7F || character >= 0xA0);
 }
 
 // Whether the key would put text in although a command modifier is held: Qt refuses only some of these, and a mistyped
@@ -218,22 +215,14 @@ void TEditControl::applyCharacter(char32_t character) {
   if (isReadOnly())
     return;
   QTextCursor cursor = textCursor();
-  if (character == U'\r') {
-    breakLine(cursor);
-  } else if (character == U'\t' && spansLines(cursor)) {
-    return indentBlock();
-  } else if (character == U'\t') {
-    insertTab(cursor, indentOptions());
-  } else if (isTyped(character)) {
-    const bool overwrites = !insertMode_ && !cursor.hasSelection() && !cursor.atBlockEnd();
-    if (overwrites) {
-      cursor.beginEditBlock();
-      cursor.deleteChar();
-    }
-    cursor.insertText(QString::fromUcs4(&character, 1));
-    if (overwrites)
-      cursor.endEditBlock();
+  const bool overwrites = !insertMode_ && isTyped(character) && !cursor.hasSelection() && !cursor.atBlockEnd();
+  if (overwrites) { // only then, since a run of typed characters is to be one undo step
+    cursor.beginEditBlock();
+    cursor.deleteChar();
   }
+  typeCharacter(cursor, character, indentOptions());
+  if (overwrites)
+    cursor.endEditBlock();
   setTextCursor(cursor);
 }
 

@@ -48,6 +48,18 @@ void TEditControl::Repaint() {
     viewport_->repaint();
 }
 
+void TEditControl::holdPainting() {
+  ++paintingHolds_;
+  viewport_->setUpdatesEnabled(false);
+}
+
+void TEditControl::releasePainting() {
+  if (--paintingHolds_ > 0)
+    return;
+  viewport_->setUpdatesEnabled(true);
+  requestPaint();
+}
+
 void TEditControl::requestPaint() {
   paintWanted_ = true;
   viewport_->update();

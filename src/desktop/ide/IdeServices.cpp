@@ -86,7 +86,7 @@ PageObjects IdeServices::topObjects() {
   if (known != pages_.end())
     return known->second;
   connect(page, &QObject::destroyed, this, [this](const QObject* gone) { pages_.erase(gone); });
-  return pages_.emplace(page, makePageObjects(*page, windowObject(*page->window()))).first->second;
+  return pages_.emplace(page, makePageObjects(*workspace_, *page, windowObject(*page->window()))).first->second;
 }
 
 std::shared_ptr<platform::INTAEditWindow> IdeServices::windowObject(TEditWindow& window) {

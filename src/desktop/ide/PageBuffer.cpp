@@ -3,8 +3,11 @@
 
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/SourceDocument.h"
+#include "desktop/ide/PageCaret.h"
+#include "desktop/ide/PageLineTracker.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/Workspace.h"
 #include "platform/Errors.h"
 
 #include <string>
@@ -31,7 +34,7 @@ private:
 
 } // namespace
 
-PageBuffer::PageBuffer(Page& page) : page_(&page) {}
+PageBuffer::PageBuffer(Workspace& workspace, Page& page) : workspace_(&workspace), page_(&page) {}
 PageBuffer::~PageBuffer() = default;
 
 Page& PageBuffer::page() const {
@@ -55,6 +58,35 @@ std::shared_ptr<platform::IOTABufferOptions> PageBuffer::GetBufferOptions() {
 
 bool PageBuffer::GetIsModified() const {
   return page().document()->isModified();
+}
+
+bool PageBuffer::GetIsReadOnly() const {
+  return page().document()->isReadOnlyText();
+}
+
+std::shared_ptr<platform::IOTAEditLineTracker> PageBuffer::GetEditLineTracker() {
+  if (tracker_ == nullptr)
+    tracker_ = std::make_shared<PageLineTracker>(page());
+  (void)page();
+  return tracker_;
+}
+
+void PageBuffer::settleLines() {
+  if (tracker_ != nullptr)
+    tracker_->settle();
+}
+
+std::shared_ptr<platform::IOTAUndoGroup> PageBuffer::BeginUndoGroup() {
+  std::shared_ptr<PageUndoGroup> group = undoGroup();
+  if (group == nullptr)
+    undoGroup_ = group = std::make_shared<PageUndoGroup>(page(), caretOf(page()));
+  return group;
+}
+
+void PageBuffer::Show() {
+  Page& shown = page();
+  if (workspace_)
+    workspace_->showPage(&shown);
 }
 
 std::shared_ptr<platform::IOTAEditView> PageBuffer::GetTopView() {

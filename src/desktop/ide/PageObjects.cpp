@@ -28,8 +28,8 @@ private:
 
 } // namespace
 
-PageObjects makePageObjects(Page& page, const std::shared_ptr<platform::INTAEditWindow>& window) {
-  auto buffer = std::make_shared<PageBuffer>(page);
+PageObjects makePageObjects(Workspace& workspace, Page& page, const std::shared_ptr<platform::INTAEditWindow>& window) {
+  auto buffer = std::make_shared<PageBuffer>(workspace, page);
   auto view = std::make_shared<PageView>(page, buffer, window);
   buffer->setView(view);
   return {buffer, view, std::make_shared<SourceModule>(buffer)};

@@ -10,6 +10,7 @@
 namespace desktop {
 
 class Page;
+class Workspace;
 
 struct PageObjects {
   std::shared_ptr<platform::IOTAEditBuffer> buffer;
@@ -17,7 +18,7 @@ struct PageObjects {
   std::shared_ptr<platform::IOTAModule> module; // whose one file is that buffer
 };
 
-// The objects for `page`, which is shown in `window`.
-PageObjects makePageObjects(Page& page, const std::shared_ptr<platform::INTAEditWindow>& window);
+// The objects for `page` of `workspace`, which is shown in `window`.
+PageObjects makePageObjects(Workspace& workspace, Page& page, const std::shared_ptr<platform::INTAEditWindow>& window);
 
 } // namespace desktop

@@ -3,8 +3,10 @@
 
 #include "desktop/edit/EditControl.h"
 #include "desktop/edit/TextColumns.h"
+#include "desktop/edit/Typing.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/files/TextView.h"
+#include "desktop/ide/PageCaret.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/Page.h"
 #include "platform/Errors.h"
@@ -19,15 +21,6 @@ namespace desktop {
 
 using platform::TOTACharPos;
 using platform::TOTAEditPos;
-
-namespace {
-
-// The first visible one of `visible` lines or cells, after scrolling as little as needed for `wanted` to be seen.
-int scrolledTo(int wanted, int first, int visible) {
-  return std::clamp(first, wanted - visible + 1, wanted);
-}
-
-} // namespace
 
 PageView::PageView(Page& page, std::shared_ptr<PageBuffer> buffer, std::shared_ptr<platform::INTAEditWindow> window)
     : page_(&page), buffer_(std::move(buffer)), window_(std::move(window)) {}
@@ -62,40 +55,49 @@ std::shared_ptr<platform::IOTAEditPosition> PageView::GetPosition() {
   return shared_from_this();
 }
 
+QTextCursor PageView::caret() const {
+  const auto group = buffer_->undoGroup();
+  return group != nullptr ? group->caret() : caretOf(page());
+}
+
+void PageView::setCaret(const QTextCursor& caret, Scrolling scrolling) {
+  const bool scrolls = scrolling == Scrolling::ToCaret;
+  if (const auto group = buffer_->undoGroup())
+    group->setCaret(caret, scrolls);
+  else
+    putCaret(page(), caret, scrolls);
+}
+
 int PageView::GetRow() const {
-  return page().document()->findBlock(page().state().caret).blockNumber() + 1;
+  (void)page();
+  return caret().blockNumber() + 1;
 }
 
 int PageView::GetColumn() const {
-  const int caret = page().state().caret;
-  const QTextBlock block = page().document()->findBlock(caret);
-  return columnOfUnit(block.text(), caret - block.position(), control().tabWidth());
+  (void)page();
+  const QTextCursor cursor = caret();
+  return columnOfUnit(cursor.block().text(), cursor.positionInBlock(), control().tabWidth());
 }
 
 TOTAEditPos PageView::GetCursorPos() {
   return {static_cast<std::int16_t>(GetColumn()), GetRow()};
 }
 
-void PageView::setCaret(int row, int column) {
-  if (page().isCurrent()) {
-    control().setCaret(row, column);
-    return;
-  }
+// Clipped to the text.
+QTextCursor PageView::cursorAt(int row, int column) const {
   const SourceDocument& document = *page().document();
   const QTextBlock block = document.findBlockByNumber(std::clamp(row, 1, document.blockCount()) - 1);
-  EditState state = page().state();
-  state.caret = block.position() + static_cast<int>(unitOfColumn(block.text(), column, control().tabWidth()));
-  state.anchor = state.caret;
-  page().setState(state);
+  QTextCursor cursor(block);
+  cursor.setPosition(block.position() + static_cast<int>(unitOfColumn(block.text(), column, control().tabWidth())));
+  return cursor;
 }
 
 void PageView::SetCursorPos(const TOTAEditPos& position) {
-  setCaret(position.Line, position.Col);
+  setCaret(cursorAt(position.Line, position.Col), Scrolling::None);
 }
 
 void PageView::Move(int row, int column) {
-  setCaret(row, column);
-  MoveViewToCursor();
+  setCaret(cursorAt(row, column), Scrolling::ToCaret);
 }
 
 void PageView::GotoLine(int row) {
@@ -103,11 +105,38 @@ void PageView::GotoLine(int row) {
 }
 
 void PageView::MoveEOF() {
-  EditState state = page().state();
-  state.caret = page().document()->characterCount() - 1;
-  state.anchor = state.caret;
-  page().setState(state);
-  MoveViewToCursor();
+  QTextCursor cursor(page().document());
+  cursor.movePosition(QTextCursor::End);
+  setCaret(cursor, Scrolling::ToCaret);
+}
+
+void PageView::MoveViewToCursor() {
+  if (const auto group = buffer_->undoGroup())
+    group->setCaret(group->caret(), true);
+  else
+    scrollToCaret(page());
+}
+
+template <class TChange> void PageView::edit(TChange&& change) {
+  if (page().document()->isReadOnlyText())
+    return;
+  QTextCursor cursor = caret();
+  change(cursor);
+  setCaret(cursor, Scrolling::ToCaret);
+  buffer_->settleLines();
+}
+
+void PageView::InsertCharacter(char32_t character) {
+  edit([&](QTextCursor& cursor) { typeCharacter(cursor, character, control().indentOptions()); });
+}
+
+void PageView::BackspaceDelete(int count) {
+  edit([&](QTextCursor& cursor) {
+    cursor.beginEditBlock();
+    for (int deleted = 0; deleted < count && (cursor.hasSelection() || !cursor.atStart()); ++deleted)
+      cursor.deletePreviousChar();
+    cursor.endEditBlock();
+  });
 }
 
 void PageView::SetTopLeft(int row, int column) {
@@ -119,21 +148,6 @@ void PageView::SetTopLeft(int row, int column) {
   EditState state = page().state();
   state.topLine = std::clamp(row, 1, page().document()->blockCount()) - 1;
   state.leftCell = std::max(column, 1) - 1;
-  page().setState(state);
-}
-
-void PageView::MoveViewToCursor() {
-  if (page().isCurrent())
-    control().showCaret();
-  else
-    scrollHiddenToCaret();
-}
-
-void PageView::scrollHiddenToCaret() {
-  EditState state = page().state();
-  const QSize visible = GetViewSize();
-  state.topLine = scrolledTo(GetRow() - 1, state.topLine, visible.height());
-  state.leftCell = scrolledTo(GetColumn() - 1, state.leftCell, visible.width());
   page().setState(state);
 }
 

@@ -6,6 +6,7 @@
 #include "platform/ota/Editor.h"
 
 #include <QPointer>
+#include <QTextCursor>
 
 #include <memory>
 
@@ -13,7 +14,6 @@ namespace desktop {
 
 class Page;
 class TEditControl;
-struct EditState;
 
 // The view of one page, and its caret as something that moves. While the page is not in front of its window the caret
 // and the scroll position are those with which it will come back. When the page has been closed every operation raises
@@ -45,14 +45,22 @@ public:
   void Move(int row, int column) override;
   void GotoLine(int row) override;
   void MoveEOF() override;
+  void InsertCharacter(char32_t character) override;
+  void BackspaceDelete(int count) override;
 
 private:
+  enum class Scrolling { None, ToCaret };
+
   Page& page() const;
   TEditControl& control() const;
   // The text of line `line` (from 1); empty outside the text.
   QString lineText(int line) const;
-  void setCaret(int row, int column);
-  void scrollHiddenToCaret();
+  // The caret with its selection; inside an undo group the one that the page will have.
+  QTextCursor caret() const;
+  void setCaret(const QTextCursor& caret, Scrolling scrolling);
+  QTextCursor cursorAt(int row, int column) const;
+  // Changes the text at the caret, unless it can only be read. `change` takes the caret and moves it.
+  template <class TChange> void edit(TChange&& change);
 
   QPointer<Page> page_;
   std::shared_ptr<PageBuffer> buffer_;

@@ -94,6 +94,7 @@ MainWindow* Workspace::addFrame() {
 }
 
 void Workspace::showFrame(MainWindow* frame) {
+  frame->setWindowState(frame->windowState() & ~Qt::WindowMinimized);
   frame->show();
   frame->raise();
   frame->activateWindow();
@@ -136,9 +137,7 @@ Page* Workspace::findPage(const QString& path) const {
 Page* Workspace::openFileIn(TEditWindow* window, const QString& path) {
   const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
   if (Page* const open = findPage(absolute)) {
-    open->window()->showPage(open);
-    if (open->window() != window)
-      showFrame(frameOf(open->window()));
+    showPage(open);
     return open;
   }
   QGuiApplication::setOverrideCursor(Qt::WaitCursor); // a very large file takes its time
@@ -158,6 +157,13 @@ Page* Workspace::openFileIn(TEditWindow* window, const QString& path) {
   else if (page->document()->isPlain())
     window->messageBar()->addMessage(MessageBar::Kind::Information, page->document()->plainReason());
   return page;
+}
+
+// The desktop activates the window when it likes, if at all; whoever asked goes on with the page at once.
+void Workspace::showPage(Page* page) {
+  page->window()->showPage(page);
+  showFrame(frameOf(page->window()));
+  bringToTop(page->window());
 }
 
 Page* Workspace::newFileIn(TEditWindow* window) {

@@ -53,6 +53,8 @@ public:
   Page* newFileIn(TEditWindow* window);
   // Shows a further editor window with an empty page.
   TEditWindow* newWindow();
+  // Brings `page` to the front of its window, and that window to the top.
+  void showPage(Page* page);
   // The page that shows the file at `path`, in whichever window, or null.
   Page* findPage(const QString& path) const;
   // The folder of the file that was opened last, or the current one.

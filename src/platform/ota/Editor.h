@@ -77,6 +77,64 @@ public:
   virtual void GotoLine(int row) = 0;
   // Moves as Move does, behind the last character of the text.
   virtual void MoveEOF() = 0;
+
+  // Types `character`, a code point, as the keyboard does, but never sends WM_CHAR: 13 is Return and begins a line with
+  // the indentation of the one before, 9 is Tab, a selection goes as it does for the key. It inserts also while the
+  // user's typing overwrites. What cannot be typed (another control character, no code point) is ignored, as is
+  // everything in a text that is only read. Scrolls to the caret; inside an undo group when that is closed.
+  virtual void InsertCharacter(char32_t character) = 0;
+  // Deletes as `count` presses of Backspace would that take exactly one character each, a line end being one: the first
+  // takes the selection if there is one, and at the start of the text there is nothing more to take. Otherwise as
+  // InsertCharacter.
+  virtual void BackspaceDelete(int count) = 0;
+};
+
+// Hears of tracked lines that an edit has moved.
+class VIRELLE_PLATFORM IOTAEditLineNotifier : public virtual IInterface {
+public:
+  ~IOTAEditLineNotifier() override;
+  // The line tracked as `oldLine` with `data` is `newLine` now; both from 1, and they differ. Must not edit the text.
+  // What it throws goes to TApplication::HandleException.
+  virtual void LineChanged(int oldLine, int newLine, int data) = 0;
+};
+
+// Follows lines of one buffer through insertions, deletions, undo and redo, whether or not its page is in front.
+//
+// An edit that puts whole lines in front of a tracked line moves it down with its text, as Return in its first column
+// does; a line that is broken further right stays. A line that is joined to the one above it becomes that one, and one
+// whose text is deleted the line where the deletion begins. Undo does not bring back what was lost so.
+//
+// An edit is reported when it is complete; inside an undo group, after each call of InsertCharacter or BackspaceDelete.
+// Each tracked line that has moved is reported once to every notifier: first those that moved down, the last line
+// first, then those that moved up, the first line first. So a notifier that keeps a line's number never takes a line
+// that has just been moved for one that is still to be moved. A line may be tracked more than once; each is reported.
+//
+// Every operation raises EViewClosed when the page has been closed; notifiers hear of nothing then. Main thread only.
+class VIRELLE_PLATFORM IOTAEditLineTracker : public virtual IInterface {
+public:
+  ~IOTAEditLineTracker() override;
+  // Tracks line `line`, from 1, under a value of the caller's. A line outside the text is not tracked.
+  virtual void AddLine(int line, int data) = 0;
+  // The index (from 0) of the tracked line that was last reported, or added, as `line`; the first of several; -1 when
+  // there is none.
+  virtual int IndexOfLine(int line) const = 0;
+  // Ends tracking the line at `index`, which must be in range; the indexes of those behind it go down by one.
+  virtual void Delete(int index) = 0;
+  // Reports to `notifier`, which is held weakly, until it is removed by the index returned. Indexes are not used again.
+  virtual int AddNotifier(const std::shared_ptr<IOTAEditLineNotifier>& notifier) = 0;
+  // Does nothing for an index that is not in use.
+  virtual void RemoveNotifier(int index) = 0;
+};
+
+// While it lives, all edits of one buffer are a single step of undo and redo.
+//
+// Groups may be nested; the outermost counts. Its end lays the text out, colours it and scrolls to the caret, so close
+// the group before moving the view. Asking for positions and for the text inside a group gives what is there at that
+// moment; the window is painted after the group only. A page may be closed while a group is open.
+class VIRELLE_PLATFORM IOTAUndoGroup : public virtual IInterface {
+public:
+  // Ends the group.
+  ~IOTAUndoGroup() override;
 };
 
 class IOTAEditView;
@@ -97,6 +155,15 @@ public:
   virtual std::shared_ptr<IOTAEditReader> CreateReader() = 0;
   virtual std::shared_ptr<IOTABufferOptions> GetBufferOptions() = 0;
   virtual bool GetIsModified() const = 0;
+  // Whether the text can only be read.
+  virtual bool GetIsReadOnly() const = 0;
+  // The one tracker of the buffer.
+  virtual std::shared_ptr<IOTAEditLineTracker> GetEditLineTracker() = 0;
+  // Opens a group of edits; let the handle go to close it.
+  virtual std::shared_ptr<IOTAUndoGroup> BeginUndoGroup() = 0;
+  // Brings the page to the front of its window and the window to the front of all, so that the buffer's view is the top
+  // view when the call returns.
+  virtual void Show() = 0;
   // The view that shows this buffer, or null.
   virtual std::shared_ptr<IOTAEditView> GetTopView() = 0;
 };

@@ -32,8 +32,8 @@ public:
 class VIRELLE_PLATFORM IOTAActionServices : public virtual IInterface {
 public:
   ~IOTAActionServices() override;
-  // Opens `fileName`, or brings its page to the front when it is open. False when it cannot be opened; the host has
-  // then told the user why.
+  // Opens `fileName`, or brings its page and its window to the front when it is open, so that it is the top view when
+  // the call returns. False when it cannot be opened; the host has then told the user why.
   virtual bool OpenFile(const QString& fileName) = 0;
 };
 

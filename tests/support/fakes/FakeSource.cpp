@@ -53,12 +53,85 @@ public:
     view_->ConvertPos(false, cell, character);
     Move(cell.Line, cell.Col);
   }
+  void InsertCharacter(char32_t character) override {
+    if (view_->Buffer->ReadOnly)
+      return;
+    const std::string_view line = view_->Buffer->Line(view_->Cursor.Line);
+    const std::size_t indentation = std::min(line.find_first_not_of(" \t"), line.size());
+    const std::string typed = character == U'\r' ? "\r\n" + std::string(line.substr(0, std::min(indentation, Index())))
+                                                 : std::string(1, static_cast<char>(character));
+    const std::size_t place = Place();
+    view_->Buffer->Text.insert(place, typed);
+    MoveTo(place + typed.size());
+  }
+  void BackspaceDelete(int count) override {
+    if (view_->Buffer->ReadOnly)
+      return;
+    std::string& text = view_->Buffer->Text;
+    std::size_t place = Place();
+    for (; count > 0 && place > 0; --count) {
+      const std::size_t length = std::string_view(text).substr(0, place).ends_with("\r\n") ? 2 : 1;
+      text.erase(place -= length, length);
+    }
+    MoveTo(place);
+  }
 
 private:
+  // The caret as an index into its line, and into the text.
+  std::size_t Index() const {
+    platform::TOTAEditPos cell = view_->Cursor;
+    platform::TOTACharPos character;
+    view_->ConvertPos(true, cell, character);
+    return std::min(static_cast<std::size_t>(character.CharIndex), view_->Buffer->Line(cell.Line).size());
+  }
+  std::size_t Place() const { return view_->Buffer->LineStart(view_->Cursor.Line) + Index(); }
+  void MoveTo(std::size_t place) {
+    platform::TOTACharPos character = view_->PosToCharPos(static_cast<std::int32_t>(place));
+    view_->ConvertPos(false, view_->Cursor, character);
+  }
+
   std::shared_ptr<FakeView> view_;
 };
 
+class FakeUndoGroup : public platform::IOTAUndoGroup {
+public:
+  explicit FakeUndoGroup(std::shared_ptr<FakeBuffer> buffer) : buffer_(std::move(buffer)) {
+    ++buffer_->OpenGroups;
+    ++buffer_->GroupsOpened;
+  }
+  ~FakeUndoGroup() override { --buffer_->OpenGroups; }
+
+private:
+  std::shared_ptr<FakeBuffer> buffer_;
+};
+
 } // namespace
+
+int FakeLineTracker::LiveNotifiers() const {
+  return static_cast<int>(std::ranges::count_if(Notifiers, [](const auto& notifier) { return !notifier.expired(); }));
+}
+
+void FakeLineTracker::MoveLine(int oldLine, int newLine) {
+  for (TrackedLine& tracked : Lines) {
+    if (tracked.Line != oldLine)
+      continue;
+    tracked.Line = newLine;
+    for (const auto& notifier : std::vector(Notifiers)) {
+      if (const auto listening = notifier.lock())
+        listening->LineChanged(oldLine, newLine, tracked.Data);
+    }
+  }
+}
+
+int FakeLineTracker::IndexOfLine(int line) const {
+  const auto found = std::ranges::find(Lines, line, &TrackedLine::Line);
+  return found == Lines.end() ? -1 : static_cast<int>(found - Lines.begin());
+}
+
+int FakeLineTracker::AddNotifier(const std::shared_ptr<platform::IOTAEditLineNotifier>& notifier) {
+  Notifiers.push_back(notifier);
+  return static_cast<int>(Notifiers.size()) - 1;
+}
 
 FakeBuffer::FakeBuffer(QString fileName, std::string text) : FileName(std::move(fileName)), Text(std::move(text)) {}
 
@@ -85,6 +158,10 @@ std::shared_ptr<platform::IOTAEditReader> FakeBuffer::CreateReader() {
 
 std::shared_ptr<platform::IOTABufferOptions> FakeBuffer::GetBufferOptions() {
   return std::make_shared<FakeBufferOptions>(LeftGutterWidth);
+}
+
+std::shared_ptr<platform::IOTAUndoGroup> FakeBuffer::BeginUndoGroup() {
+  return std::make_shared<FakeUndoGroup>(shared_from_this());
 }
 
 FakeView::FakeView(std::shared_ptr<FakeBuffer> buffer, QWidget* form)

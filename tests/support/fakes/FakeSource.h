@@ -21,6 +21,31 @@ struct ReadRequest {
   friend bool operator==(const ReadRequest&, const ReadRequest&) = default;
 };
 
+// The tracked lines and the notifiers of a buffer. Only MoveLine moves a line; edits of the text do not.
+class FakeLineTracker : public platform::IOTAEditLineTracker {
+public:
+  struct TrackedLine {
+    int Line = 0;
+    int Data = 0;
+
+    friend bool operator==(const TrackedLine&, const TrackedLine&) = default;
+  };
+  std::vector<TrackedLine> Lines;
+  // By index; null where one has been removed.
+  std::vector<std::weak_ptr<platform::IOTAEditLineNotifier>> Notifiers;
+
+  // How many notifiers are registered and alive.
+  int LiveNotifiers() const;
+  // Each line tracked as `oldLine` becomes `newLine`, and the notifiers are told.
+  void MoveLine(int oldLine, int newLine);
+
+  void AddLine(int line, int data) override { Lines.push_back({line, data}); }
+  int IndexOfLine(int line) const override;
+  void Delete(int index) override { Lines.erase(Lines.begin() + index); }
+  int AddNotifier(const std::shared_ptr<platform::IOTAEditLineNotifier>& notifier) override;
+  void RemoveNotifier(int index) override { Notifiers.at(static_cast<std::size_t>(index)).reset(); }
+};
+
 // A file that is open with `Text` as its served text; a line ends with CR LF or LF.
 class FakeBuffer : public platform::IOTAEditBuffer, public std::enable_shared_from_this<FakeBuffer> {
 public:
@@ -30,6 +55,11 @@ public:
   std::string Text;
   int LeftGutterWidth = 0;
   bool Modified = false;
+  bool ReadOnly = false;
+  std::shared_ptr<FakeLineTracker> Tracker = std::make_shared<FakeLineTracker>();
+  int OpenGroups = 0;   // undo groups open at present
+  int GroupsOpened = 0; // and ever opened
+  int Shown = 0;        // how often it was brought to the front
   // What its readers were asked.
   std::vector<ReadRequest> Requests;
   // When set, a read throws this instead.
@@ -45,6 +75,10 @@ public:
   std::shared_ptr<platform::IOTAEditReader> CreateReader() override;
   std::shared_ptr<platform::IOTABufferOptions> GetBufferOptions() override;
   bool GetIsModified() const override { return Modified; }
+  bool GetIsReadOnly() const override { return ReadOnly; }
+  std::shared_ptr<platform::IOTAEditLineTracker> GetEditLineTracker() override { return Tracker; }
+  std::shared_ptr<platform::IOTAUndoGroup> BeginUndoGroup() override;
+  void Show() override { ++Shown; }
   std::shared_ptr<platform::IOTAEditView> GetTopView() override { return View.lock(); }
 };
 
@@ -56,7 +90,8 @@ public:
   QWidget* GetForm() const override { return Form; }
 };
 
-// A view of a buffer with a caret; tabs reach to multiples of TabWidth.
+// A view of a buffer with a caret; tabs reach to multiples of TabWidth. What is typed goes into the buffer's text: a
+// line end with the indentation of the line before, any other character (up to 0xFF) as it is.
 class FakeView : public platform::IOTAEditView, public std::enable_shared_from_this<FakeView> {
 public:
   FakeView(std::shared_ptr<FakeBuffer> buffer, QWidget* form);

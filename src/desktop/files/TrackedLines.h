@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <functional>
+#include <vector>
+
+namespace desktop {
+
+// Lines of one document that are followed through its edits.
+//
+// A tracked line is known by the place where it starts and by its first character, which is its line end when it is
+// empty. What an edit puts in front of that character moves the line down if it ends with a line end, so that the
+// character begins a line again; otherwise the line stays where its start is. When the character is gone the line is
+// the one in which its start has come to lie. Since the document's own cursors mark both places, changes that it
+// reports as one, as undo does, are followed exactly. Main thread only.
+class TrackedLines : public QObject {
+  Q_OBJECT
+
+public:
+  // Receives one moved line; lines are counted from 0.
+  using Report = std::function<void(int oldLine, int newLine, int data)>;
+
+  // `document` must outlive the tracked lines. `report` must not edit the document.
+  TrackedLines(QTextDocument& document, Report report);
+  ~TrackedLines() override;
+
+  // Tracks line `line`, which is not tracked if there is no such line.
+  void add(int line, int data);
+  // The first tracked line whose number, as it was last reported, is `line`; -1 when there is none.
+  int indexOf(int line) const;
+  // `index` must be below size().
+  void remove(int index);
+  int size() const { return static_cast<int>(lines_.size()); }
+
+  // Reports what has moved: first the lines that moved down, the last one first, then those that moved up, the first
+  // one first. The end of every edit does this; inside an edit block it may be asked for.
+  void settle();
+
+private:
+  struct Line {
+    int number;
+    int data;
+    QTextCursor start;
+    QTextCursor second; // behind the first character; null for an empty last line
+  };
+
+  void place(Line& line) const;
+  int lineNow(const Line& line) const;
+
+  QTextDocument& document_;
+  Report report_;
+  std::vector<Line> lines_;
+};
+
+} // namespace desktop

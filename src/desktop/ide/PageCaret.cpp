@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ide/PageCaret.h"
+
+#include "desktop/edit/EditControl.h"
+#include "desktop/edit/TextColumns.h"
+#include "desktop/files/SourceDocument.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/Page.h"
+
+#include <QTextBlock>
+
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+// The first visible one of `visible` lines or cells, after scrolling as little as needed for `wanted` to be seen.
+int scrolledTo(int wanted, int first, int visible) {
+  return std::clamp(first, wanted - visible + 1, wanted);
+}
+
+} // namespace
+
+QTextCursor caretOf(const Page& page) {
+  if (page.isCurrent())
+    return page.window()->editor()->textCursor();
+  const EditState state = page.state();
+  const int last = page.document()->characterCount() - 1;
+  QTextCursor caret(page.document());
+  caret.setPosition(std::clamp(state.anchor, 0, last));
+  caret.setPosition(std::clamp(state.caret, 0, last), QTextCursor::KeepAnchor);
+  return caret;
+}
+
+void putCaret(Page& page, const QTextCursor& caret, bool scrolls) {
+  EditState state = page.state();
+  state.caret = caret.position();
+  state.anchor = caret.anchor();
+  page.setState(state);
+  if (scrolls)
+    scrollToCaret(page);
+}
+
+void scrollToCaret(Page& page) {
+  TEditControl& control = *page.window()->editor();
+  if (page.isCurrent())
+    return control.showCaret();
+  const QTextCursor caret = caretOf(page);
+  const int column = columnOfUnit(caret.block().text(), caret.positionInBlock(), control.tabWidth());
+  const QSize visible = control.viewSize();
+  EditState state = page.state();
+  state.topLine = scrolledTo(caret.blockNumber(), state.topLine, visible.height());
+  state.leftCell = scrolledTo(column - 1, state.leftCell, visible.width());
+  page.setState(state);
+}
+
+} // namespace desktop

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "platform/ota/Editor.h"
+
+#include <QPointer>
+#include <QTextCursor>
+
+namespace desktop {
+
+class Page;
+class TEditControl;
+
+// An edit block of a page's document, open for as long as the group lives.
+//
+// Inside an edit block the document's layout is out of date. So the window's control is neither painted nor moved, and
+// the group has the caret with which the page goes on afterwards.
+class PageUndoGroup : public platform::IOTAUndoGroup {
+public:
+  // Begins with `caret` as the caret of `page`.
+  PageUndoGroup(Page& page, QTextCursor caret);
+  ~PageUndoGroup() override;
+
+  const QTextCursor& caret() const { return caret_; }
+  // Where the page's caret will be; `scrolls` if it is to be in sight then.
+  void setCaret(const QTextCursor& caret, bool scrolls);
+
+private:
+  QPointer<Page> page_;
+  QPointer<TEditControl> control_;
+  QTextCursor caret_;
+  QTextCursor block_; // the edit block
+  bool hasCaret_ = false;
+  bool scrolls_ = false;
+};
+
+} // namespace desktop
