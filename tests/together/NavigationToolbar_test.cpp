@@ -150,6 +150,27 @@ TEST_F(NavigationToolbar, FollowsTheCaret) {
   EXPECT_TRUE(comesTo(classes(), ""));
 }
 
+TEST_F(NavigationToolbar, TheListOfRoutinesOpensAtTheMethodOfTheCaret) {
+  openParsed(aUnit());
+  putCaret(rowOf("procedure TAnt.Walk") + 1, 1);
+  ASSERT_TRUE(comesTo(methods(), "Walk"));
+  methods().showPopup();
+  ASSERT_TRUE(support::waitUntil([this] { return methods().view()->isVisible(); }));
+  EXPECT_EQ(methods().view()->currentIndex().data().toString(), QStringLiteral("TAnt.Walk"));
+  methods().hidePopup();
+}
+
+TEST_F(NavigationToolbar, WhileAListHasTheFocusTheEditMenuIsForItsText) {
+  openParsed(aUnit());
+  ASSERT_TRUE(support::waitUntil([this] { return methods().count() == 2; }));
+  methods().setFocus();
+  ASSERT_TRUE(support::waitUntil([this] { return methods().hasFocus(); }));
+  QTest::keyClicks(&methods(), QStringLiteral("needle"));
+  action(QStringLiteral("EditSelectAllCommand"))->trigger();
+  EXPECT_EQ(methods().lineEdit()->selectedText(), QStringLiteral("needle"));
+  EXPECT_FALSE(editor()->textCursor().hasSelection());
+}
+
 TEST_F(NavigationToolbar, ChoosingARoutinePutsItsLineAtTheTopAndTheKeyboardIntoTheText) {
   openParsed(aUnit());
   ASSERT_TRUE(support::waitUntil([this] { return methods().count() == 2; }));
@@ -231,6 +252,21 @@ TEST_F(NavigationToolbar, BringsAUsedUnitToTheFrontThatIsOpen) {
   ASSERT_TRUE(choose(menu("UsedUnits"), "helper"));
   EXPECT_EQ(window()->currentPage(), helper);
   EXPECT_EQ(window()->pages().size(), 2);
+}
+
+TEST_F(NavigationToolbar, BringsAUsedUnitToTheFrontThatIsOpenInAnotherWindow) {
+  openParsed(aUnit());
+  ASSERT_TRUE(hasMenus());
+  TEditWindow* const second = workspace.newWindow();
+  activate(second);
+  desktop::Page* const helper = workspace.openFile(write(QStringLiteral("helper.pas"), "unit helper;\n"));
+  desktop::Page* const other = workspace.openFile(write(QStringLiteral("other.pas"), "unit other;\n"));
+  ASSERT_EQ(second->currentPage(), other);
+  activate(window());
+  ASSERT_TRUE(choose(menu("UsedUnits"), "helper"));
+  EXPECT_EQ(second->currentPage(), helper);
+  EXPECT_EQ(window()->pages().size(), 1) << "it is open once";
+  EXPECT_TRUE(support::waitUntil([&] { return workspace.topWindow() == second; }));
 }
 
 TEST_F(NavigationToolbar, TellsWhereAUnitWasLookedForThatIsNotThere) {

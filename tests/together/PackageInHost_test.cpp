@@ -2,6 +2,7 @@
 // The package as the editor loads it, from its file, into the real host.
 #include "together/PackageFixture.h"
 
+#include <QComboBox>
 #include <QImage>
 
 #include <algorithm>
@@ -45,8 +46,13 @@ TEST_F(PackageInHost, MarksTheBracketsAtTheCaret) {
   EXPECT_NE(editor()->picture(), inside);
 }
 
+// What a gutter shows beside a row, from 0, of so many pixels.
+QImage besideRow(QWidget& gutter, int row, int height) {
+  return gutter.grab(QRect(0, row * height, gutter.width(), height)).toImage();
+}
+
 TEST_F(PackageInHost, UnloadingLeavesEveryEditorAsItWasHoweverOften) {
-  open("f(x);\n");
+  open("unit unit1;\ninterface\nimplementation\nprocedure Walk;\nbegin\nend;\nend.\n");
   TEditWindow* const second = workspace.newWindow();
   activate(second);
   support::settle();
@@ -77,6 +83,20 @@ TEST_F(PackageInHost, UnloadingLeavesEveryEditorAsItWasHoweverOften) {
     ASSERT_EQ(stateOf(second), other) << round;
     ASSERT_TRUE(support::waitUntil([&] { return threadCount() == threads; })) << round;
   }
+  // What is loaded after all that works, still and again.
+  loader.load(package);
+  activate(window());
+  const auto* const methods = window()->findChild<QComboBox*>(QStringLiteral("Methods"));
+  ASSERT_NE(methods, nullptr);
+  ASSERT_TRUE(support::waitUntil([&] { return methods->count() == 1; }));
+  EXPECT_EQ(methods->itemText(0), QStringLiteral("Walk"));
+  auto* const numbers = qobject_cast<QWidget*>(platform::FindComponent(*window(), equipment.at(2)));
+  ASSERT_NE(numbers, nullptr);
+  const int height = editor()->cellSize().height();
+  EXPECT_NE(besideRow(*numbers, 0, height), besideRow(*numbers, 10, height)) << "which is behind the end of the text";
+  loader.unload(package);
+  support::settle();
+  EXPECT_EQ(stateOf(window()), first);
   // No hook is left either.
   TEditWindow* const third = workspace.newWindow();
   activate(third);
