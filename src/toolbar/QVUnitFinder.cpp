@@ -62,7 +62,7 @@ QString TQVUnitFinder::FindInTree(const QString& root, const QString& unitName) 
   for (qsizetype next = 0; next < folders.size() && next < FFolderLimit; ++next) {
     const QFileInfoList entries =
         QDir(folders.at(next)).entryInfoList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    if (const QString found = FindAmong(entries, unitName); !found.isEmpty())
+    if (QString found = FindAmong(entries, unitName); !found.isEmpty())
       return found;
     for (const QFileInfo& entry : entries) {
       if (entry.isDir() && !entry.isSymLink())
