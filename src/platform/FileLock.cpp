@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/FileLock.h"
 
-#include "platform/Registry.h"
+#include "platform/SafeFile.h"
 
 #include <QFile>
 
@@ -20,7 +20,7 @@ constexpr std::chrono::milliseconds betweenAttempts{5};
 int Open(const QString& path) {
   const int file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
   if (file < 0)
-    throw ERegistryException(path.toStdString() + ": " + qt_error_string(errno).toStdString());
+    throw EFileError(path.toStdString() + ": " + qt_error_string(errno).toStdString());
   return file;
 }
 
@@ -42,7 +42,7 @@ TFileLock::TFileLock(const QString& path, std::chrono::milliseconds longestWait)
   const std::string reason =
       errno == EWOULDBLOCK ? "another program is writing it" : qt_error_string(errno).toStdString();
   ::close(file_);
-  throw ERegistryException(reason);
+  throw EFileError(reason);
 }
 
 TFileLock::~TFileLock() {

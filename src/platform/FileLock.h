@@ -13,7 +13,7 @@ namespace platform {
 class TFileLock {
 public:
   // Makes the file at `path` if it is missing and waits for its lock, but no longer than `longestWait`. Raises
-  // ERegistryException if the lock cannot be had.
+  // EFileError if the lock cannot be had.
   TFileLock(const QString& path, std::chrono::milliseconds longestWait);
   ~TFileLock();
 

@@ -2,106 +2,21 @@
 #include "platform/RegistryFile.h"
 
 #include "platform/Debug.h"
-#include "platform/FileLock.h"
 #include "platform/Registry.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-
-#include <unistd.h>
-
-#include <cerrno>
-#include <chrono>
-#include <cstdio>
 
 namespace platform {
 namespace {
 
-constexpr qint64 mostBytes = 64LL << 20;
-constexpr std::chrono::seconds longestWait{5};
-
-[[noreturn]] void Fail(const QString& reason) {
-  throw ERegistryException(reason.toStdString());
-}
-
-// The file's bytes, none if there is no file. `mode` says what the user must have the right to. Raises
-// ERegistryException.
-QByteArray BytesOf(const QString& path, QIODevice::OpenMode mode) {
-  const QFileInfo info(path);
-  if (path.isEmpty() || !info.exists())
-    return {};
-  if (!info.isFile())
-    Fail(QStringLiteral("it is no regular file"));
-  QFile file(path);
-  if (!file.open(mode | QIODevice::ExistingOnly))
-    Fail(file.errorString());
-  QByteArray bytes = file.read(mostBytes + 1);
-  if (file.error() != QFile::NoError)
-    Fail(file.errorString());
-  if (bytes.size() > mostBytes)
-    Fail(QStringLiteral("it is larger than %1 MB").arg(mostBytes >> 20));
-  return bytes;
-}
-
-std::string_view View(const QByteArray& bytes) {
-  return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
-}
-
-void MakeFolder(const QString& path) {
-  const QString folder = QFileInfo(path).absolutePath();
-  if (!QDir().mkpath(folder))
-    Fail(QStringLiteral("the folder %1 cannot be made").arg(folder));
-}
-
-// A file that goes unless it is kept.
-class TNewFile {
-public:
-  // Makes the file, in place of one that was left behind.
-  explicit TNewFile(const QString& path) : file_(path) {
-    QFile::remove(path);
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-      Fail(file_.errorString());
-  }
-  ~TNewFile() {
-    if (!kept_)
-      file_.remove();
-  }
-  TNewFile(const TNewFile&) = delete;
-  TNewFile& operator=(const TNewFile&) = delete;
-
-  // Down to the disk.
-  void Write(std::string_view bytes) {
-    // A disk that fills up takes a part at first; only the next attempt tells the reason.
-    while (!bytes.empty()) {
-      const qint64 written = file_.write(bytes.data(), static_cast<qint64>(bytes.size()));
-      if (written <= 0)
-        Fail(file_.errorString());
-      bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    if (::fsync(file_.handle()) != 0)
-      Fail(qt_error_string(errno));
-  }
-  void SetPermissions(QFile::Permissions permissions) { file_.setPermissions(permissions); }
-  // Gives it the name of `path`, whose file goes.
-  void Rename(const QString& path) {
-    if (::rename(QFile::encodeName(file_.fileName()).constData(), QFile::encodeName(path).constData()) != 0)
-      Fail(qt_error_string(errno));
-    kept_ = true;
-  }
-
-private:
-  QFile file_;
-  bool kept_ = false;
-};
-
-// Gives the damaged file at `path` another name as well. Raises ERegistryException.
+// Gives the damaged file at `path` another name as well. Raises EFileError.
 void KeepDamaged(const QString& path) {
   QString aside = path + QStringLiteral(".damaged");
   for (int number = 2; QFileInfo(aside).exists(); ++number)
     aside = path + QStringLiteral(".damaged%1").arg(number);
   if (!QFile::copy(path, aside))
-    Fail(QStringLiteral("it is damaged, and cannot be kept as %1").arg(aside));
+    throw EFileError("it is damaged, and cannot be kept as " + aside.toStdString());
   OutputDebugString(QStringLiteral("The registry in %1 is damaged; it was kept as %2").arg(path, aside).toStdString());
 }
 
@@ -109,41 +24,34 @@ void KeepDamaged(const QString& path) {
 
 TRegistryDocument TRegistryFile::Read() const {
   try {
-    return TRegistryDocument(View(BytesOf(path_, QIODevice::ReadOnly)));
-  } catch (const ERegistryException& error) {
-    OutputDebugString("The registry in " + path_.toStdString() + " cannot be read: " + error.what());
+    return TRegistryDocument(file_.Read());
+  } catch (const EFileError& error) {
+    OutputDebugString("The registry in " + file_.Path().toStdString() + " cannot be read: " + error.what());
     return {};
   }
 }
 
 void TRegistryFile::Write(const std::vector<TRegistryKeyWrites>& writes) const {
-  if (path_.isEmpty())
-    Fail(QStringLiteral("The registry cannot be written: there is no home directory"));
-  try {
-    MakeFolder(path_);
-    const TFileLock lock(path_ + QStringLiteral(".lock"), longestWait);
-    const QByteArray bytes = BytesOf(path_, QIODevice::ReadWrite);
-    TRegistryDocument document(View(bytes));
+  if (file_.Path().isEmpty())
+    throw ERegistryException("The registry cannot be written: there is no home directory");
+  bool damaged = false;
+  const auto change = [&writes, &damaged](std::string_view bytes) {
+    TRegistryDocument document(bytes);
+    damaged = document.Damaged();
     for (const TRegistryKeyWrites& keyWrites : writes)
       document.Write(keyWrites);
-    if (const std::string newBytes = document.Bytes(); newBytes != View(bytes))
-      Replace(newBytes, document.Damaged());
-  } catch (const ERegistryException& error) {
-    throw ERegistryException("The registry in " + path_.toStdString() + " cannot be written: " + error.what());
+    return document.Bytes();
+  };
+  const auto keepDamaged = [&damaged](const QString& path) {
+    if (damaged)
+      KeepDamaged(path);
+  };
+  try {
+    file_.MakeFolder();
+    file_.Change(change, keepDamaged);
+  } catch (const EFileError& error) {
+    throw ERegistryException("The registry in " + file_.Path().toStdString() + " cannot be written: " + error.what());
   }
-}
-
-void TRegistryFile::Replace(std::string_view bytes, bool keepOld) const {
-  const QFileInfo old(path_);
-  // A link stays one: the file that it leads to is replaced.
-  const QString path = old.exists() ? old.canonicalFilePath() : path_;
-  TNewFile file(path + QStringLiteral(".new"));
-  file.Write(bytes);
-  if (old.exists())
-    file.SetPermissions(old.permissions());
-  if (keepOld)
-    KeepDamaged(path);
-  file.Rename(path);
 }
 
 } // namespace platform

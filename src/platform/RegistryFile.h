@@ -3,6 +3,7 @@
 #pragma once
 
 #include "platform/registry/RegistryDocument.h"
+#include "platform/SafeFile.h"
 
 #include <QString>
 
@@ -11,18 +12,13 @@
 namespace platform {
 
 // The file of the user's registry, registry.reg in the folder of settings: a registry export, so that it can be read
-// and edited, and an export from another machine can be put in its place (see RegistryDocument.h). A file of more than
-// 64 MB is refused: it is neither read nor changed.
-//
-// It is replaced in one step: what is new is written to "registry.reg.new" and takes the old file's name when it is on
-// the disk. Who writes holds a lock on "registry.reg.lock", an empty file that stays. The lock is the system's, which
-// takes it back from a process that has ended in whatever way, so it is never left behind, and a "registry.reg.new"
-// that was left behind is nobody's and can be overwritten. Any thread.
+// and edited, and an export from another machine can be put in its place (see RegistryDocument.h). SafeFile.h says how
+// it is kept whole. Any thread.
 class TRegistryFile {
 public:
   // For a file at `path`, which need not exist. An empty path is no place: there is nothing to be read and writing
   // fails.
-  explicit TRegistryFile(QString path) : path_(std::move(path)) {}
+  explicit TRegistryFile(QString path) : file_(std::move(path)) {}
 
   // The file's contents; empty if there are none. If they cannot be read they count as empty, and a line in the
   // debugger output says why. Never throws but for lack of memory.
@@ -34,9 +30,7 @@ public:
   void Write(const std::vector<TRegistryKeyWrites>& writes) const;
 
 private:
-  void Replace(std::string_view bytes, bool keepOld) const;
-
-  QString path_;
+  TSafeFile file_;
 };
 
 } // namespace platform
