@@ -10,7 +10,7 @@ namespace quorvane {
 
 namespace {
 
-// Whether the lines shown or the caret's line may be others after a message.
+// Whether the lines shown or the caret's line may be others after a message, or the file another.
 bool MayMoveLines(unsigned code) {
   switch (code) {
   case platform::WM_SETFOCUS:
@@ -27,6 +27,9 @@ bool MayMoveLines(unsigned code) {
 
 void TQVEditorProxy::EditorWndProc(platform::TMessage& message) {
   const unsigned code = message.Msg;
+  // Nobody tells of a file that has been opened, but no key reaches it before one of these.
+  if (MayMoveLines(code))
+    ResumeMarkers();
   Dispatch(message);
   // The proxy may be gone by now.
   if (OptShowLineNumbers && !OptLinesInGutter && MayMoveLines(code))
@@ -97,7 +100,8 @@ void TQVEditorProxy::EditorWMKeyDown(platform::TMessage& message) {
 }
 
 void TQVEditorProxy::EditorWMChar(platform::TMessage& message) {
-  Forward(message);
+  if (!ExpandsTemplate(static_cast<char32_t>(message.WParam)))
+    Forward(message);
 }
 
 void TQVEditorProxy::EditorCNKeyDown(platform::TMessage& message) {

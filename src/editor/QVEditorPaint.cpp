@@ -58,7 +58,7 @@ void TQVEditorProxy::PaintEditor(platform::TMessage& message) {
   const QScopedValueRollback painting(painting_, true);
   BlockColorIndex = 0;
   PaintStructure(*buffer);
-  PaintMarkers(buffer->GetFileName());
+  PaintMarkers(*view);
   if (OptShowLineNumbers && OptLinesInGutter)
     PaintLineNumbers(DrawingCanvas());
 }
@@ -73,12 +73,21 @@ void TQVEditorProxy::PaintStructure(platform::IOTAEditBuffer& buffer) {
   }
 }
 
-void TQVEditorProxy::PaintMarkers(const QString& fileName) {
+void TQVEditorProxy::PaintMarkers(platform::IOTAEditView& view) {
   if (!QVMarkerStackManager)
     return;
   const int top = EdGetTopLine();
-  QVMarkerStackManager->Enumerate(fileName, top, top + EdGetLinesInWindow(),
-                                  [this](int row, int col, int count) { PaintSubInteger(row, col, count); });
+  const int lineCount = EdGetLineCount();
+  const auto paint = [&](int row, int col, int count) {
+    platform::TOTAEditPos cell{static_cast<std::int16_t>(col), row};
+    // A file that has become shorter since may lack the line, and what is further right is no position for the host.
+    if (row > lineCount || cell.Col != col)
+      return;
+    platform::TOTACharPos character;
+    view.ConvertPos(true, cell, character);
+    PaintSubInteger(row, character.CharIndex + 1, count);
+  };
+  QVMarkerStackManager->Enumerate(view.GetBuffer()->GetFileName(), top, top + EdGetLinesInWindow(), paint);
 }
 
 void TQVEditorProxy::PaintBlock(std::span<const TQVLitePasElement>) {

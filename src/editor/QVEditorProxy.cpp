@@ -19,6 +19,9 @@ namespace {
 // The component's name is the name of its class, which is how a form's proxy is found.
 const QString kProxyName = QStringLiteral("TQVEditorProxy");
 
+constexpr platform::TShortCut kDropMarkerKey = platform::scShift | platform::scAlt | 0x2D;   // Insert
+constexpr platform::TShortCut kPickupMarkerKey = platform::scShift | platform::scAlt | 0x2E; // Delete
+
 TQVEditorProxy* ProxyOn(const QWidget& form) {
   return qobject_cast<TQVEditorProxy*>(platform::FindComponent(form, kProxyName));
 }
@@ -42,6 +45,11 @@ TQVEditorProxy::TQVEditorProxy(QObject* owner) : QObject(owner), EditorForm(qobj
   DrawAction->OnExecute = [this] { DrawActionExecute(); };
   ActionList->Add(DrawAction);
   RedefineHotKey();
+  DropMarkerAction = AddSearchAction(QStringLiteral("Drop Marker"), kDropMarkerKey, [this] {
+    if (GetOTAEditView())
+      DropMarker();
+  });
+  PickupMarkerAction = AddSearchAction(QStringLiteral("Pick Up Marker"), kPickupMarkerKey, [this] { PickupMarker(); });
 
   OldEditorWndProc = Control().WindowProc();
   Control().SetWindowProc(platform::TWndMethod::Of<&TQVEditorProxy::EditorWndProc>(*this));
@@ -51,7 +59,8 @@ TQVEditorProxy::~TQVEditorProxy() {
   platform::OutputDebugString("Enter TQVEditorProxy.Destroy");
   if (parent() && platform::FindComponent(*parent(), EditControlName))
     UnSubclass();
-  delete DrawAction;
+  for (platform::TAction* const action : {DrawAction.data(), DropMarkerAction.data(), PickupMarkerAction.data()})
+    delete action;
   platform::OutputDebugString("Exit TQVEditorProxy.Destroy");
 }
 
@@ -109,6 +118,17 @@ void TQVEditorProxy::RedefineHotKey() {
   platform::OutputDebugString("Done RedefineHotKey");
 }
 
+platform::TAction* TQVEditorProxy::AddSearchAction(const QString& text, platform::TShortCut shortCut,
+                                                   std::function<void()> execute) {
+  auto* const action = new platform::TAction(this);
+  action->setText(text);
+  action->Category = QStringLiteral("Search");
+  action->SetShortCut(shortCut);
+  action->OnExecute = std::move(execute);
+  ActionList->Add(action);
+  return action;
+}
+
 void TQVEditorProxy::Invalidate() {
   if (platform::TWinControl* control = FindControl())
     control->Invalidate();
@@ -130,13 +150,20 @@ void TQVEditorProxy::DropMarker() {
   platform::Require(view != nullptr, kUnit);
   if (QVMarkerStackManager)
     QVMarkerStackManager->Push(view);
-  RepaintControl();
+  if (TemplateGuard) // else the picture follows when the expansion picks its first marker up
+    RepaintControl();
 }
 
 void TQVEditorProxy::PickupMarker() {
   if (QVMarkerStackManager)
     QVMarkerStackManager->Pop();
   RepaintControl();
+}
+
+void TQVEditorProxy::ResumeMarkers() {
+  const auto view = QVMarkerStackManager && QVMarkerStackManager->Count() > 0 ? GetOTAEditView() : nullptr;
+  if (view)
+    QVMarkerStackManager->Resume(view);
 }
 
 } // namespace quorvane

@@ -16,6 +16,7 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <shared_mutex>
 #include <span>
@@ -45,8 +46,8 @@ enum class TQVCellEdge { Top, Bottom };
 // that names the unit QVEditorProxy. Main thread only, but for GetPasInfo.
 //
 // The class is cut over several files by concern: QVEditorProxy.cpp (attaching, registry, outline, markers),
-// QVEditorMessages.cpp (the window procedure), QVEditorPaint.cpp (the paint pass, and the underline) and
-// QVEditorGeometry.cpp (the control's state, and pixels).
+// QVEditorMessages.cpp (the window procedure), QVEditorPaint.cpp (the paint pass, and the underline),
+// QVEditorGeometry.cpp (the control's state, and pixels) and QVEditorTemplates.cpp (the expansion of templates).
 class TQVEditorProxy final : public QObject {
   Q_OBJECT
 public:
@@ -88,6 +89,12 @@ public:
   // Drops a marker at the caret, which needs a view, or picks the last one up, and repaints the control at once.
   void DropMarker();
   void PickupMarker();
+
+  // Types the text of the template `name`, which stands before the caret, in its place, as one step of undo. The caret
+  // goes to the first caret stop of the text, markers to the further ones, so that each PickupMarker goes on to the
+  // next. False, with nothing changed, when templates are off, when there is no such template or it may not expand
+  // there, when the text can only be read, and while another expansion is typing.
+  bool DoTemplate(const QString& name);
 
   // The control's published state; see the host for what each value means. Each needs the control. Caret column and
   // line count from 1 and are 16 bits wide: what is beyond is narrowed by a cast.
@@ -139,8 +146,8 @@ public:
   // Writes the numbers of the visible lines into the host's gutter, the caret's in bold.
   void PaintLineNumbers(platform::TCanvas& canvas);
 
-  // Underlines `length` cells from a character position on (index from 0, line from 1) with a red zigzag, on the control
-  // as it is shown now. Needs control, canvas and view. The next paint of the host removes it.
+  // Underlines `length` cells from a character position on (index from 0, line from 1) with a red zigzag, on the
+  // control as it is shown now. Needs control, canvas and view. The next paint of the host removes it.
   void UnderlineErr(std::int32_t column, std::int32_t line, std::int32_t length);
 
   // When set, every drawing goes here instead of to the control's canvas. Not owned.
@@ -176,10 +183,18 @@ private:
   bool Forward(platform::TMessage& message);
   void RepaintControl();
 
+  // Whether `character`, just typed, was the key of a template that has expanded now. With a selection it never is.
+  bool ExpandsTemplate(char32_t character);
+  QString NameBeforeCaret() const;
+
+  // A new action of the list, which the host's menu for searching shows.
+  platform::TAction* AddSearchAction(const QString& text, platform::TShortCut shortCut, std::function<void()> execute);
+  // Lets the markers of a file that has been opened again follow its text.
+  void ResumeMarkers();
   void DrawActionExecute();
   void PaintEditor(platform::TMessage& message);
   void PaintStructure(platform::IOTAEditBuffer& buffer);
-  void PaintMarkers(const QString& fileName);
+  void PaintMarkers(platform::IOTAEditView& view);
   void PaintBlock(std::span<const TQVLitePasElement> elements);
   void ProcessRounds(std::span<const TQVLitePasElement> elements);
   platform::TOTAEditPos ToEditPos(platform::TOTACharPos position) const;
@@ -193,6 +208,10 @@ private:
   std::shared_ptr<IQVPasInfo> PasInfo; // guarded by PasInfoLock
   mutable std::shared_mutex PasInfoLock;
   QPointer<platform::TAction> DrawAction;
+  QPointer<platform::TAction> DropMarkerAction;
+  QPointer<platform::TAction> PickupMarkerAction;
+  // Whether a template may expand: not while one does, so that what it types starts no other.
+  bool TemplateGuard = true;
   platform::TWndMethod OldEditorWndProc;
 
   // Of the pass under way. The caret is read once, since a text may hold a hundred thousand pairs of brackets; both its

@@ -10,8 +10,8 @@ namespace quorvane {
 class IQVEditorStatClient {
 public:
   virtual ~IQVEditorStatClient();
-  // A template expansion has typed `character`.
-  virtual void CharTyped(char character) = 0;
+  // A template expansion has typed `character`, a code point.
+  virtual void CharTyped(char32_t character) = 0;
 };
 
 // The client, empty unless somebody outside the add-in has set it: nothing here assigns it, and users test it before

@@ -8,6 +8,7 @@
 // zkSimplePasParTypes turns its first two letters around, both as intended.
 #include "analysis/QVParseThread.h"
 #include "editor/QVEditorProxy.h"
+#include "editor/QVMarkerStack.h"
 #include "host/QVLog.h"
 #include "host/QVStatManager.h"
 #include "platform/Debug.h"
@@ -49,6 +50,7 @@ constexpr platform::TContainedUnit kContains[] = {
     {"QVOptions", nullptr},
     {"QVEditorProxy", TQVEditorProxy::InjectExistingProxies},
     {"QVEditorDraw", nullptr},
+    {"QVMarkerStack", nullptr},
     {"QVLocalVars", nullptr},
     {"QVIDEHackUtils", nullptr},
     {"QVPasInfo", nullptr},
@@ -73,6 +75,7 @@ platform::TUnitEntry Units[] = {
     {"zkPasLex", nullptr, [] { OutputDebugString("zkPasLex Finalized"); }},
     {"QVLiteParse", nullptr, [] { OutputDebugString("QVLiteParse Finalized"); }},
     {"QVStatManager", StartQVStatManager, StopQVStatManager},
+    {"QVMarkerStack", StartQVMarkerStack, StopQVMarkerStack},
     {"QVEditorDraw", nullptr, [] { OutputDebugString("QVEditorDraw"); }},
     {"QVEditorProxy", nullptr, StopQVEditorProxy},
     {"QVLocalVars", nullptr, [] { OutputDebugString("QVLocalVars Finalized"); }},

@@ -419,6 +419,7 @@ public:
   }
   int Count() const override { return static_cast<int>(Markers.size()); }
   void ReverseTop(int) override {}
+  void Resume(const std::shared_ptr<platform::IOTAEditView>&) override {}
 };
 
 class QVEditorPaintMarkers : public QVEditorPaint {
@@ -474,6 +475,28 @@ TEST_F(QVEditorPaintMarkers, BehindATabStandWhereTheHostShowsTheCharacter) {
   PictureOfTheHost();
   Proxy->PaintSubInteger(1, 2, 12);
   EXPECT_EQ(Editor().Picture(), expected);
+}
+
+TEST_F(QVEditorPaintMarkers, TakeTheirColumnsAsCellsOfTheScreen) {
+  Show("\tx", 20, 5, 0);
+  const QSize cell = Editor().CellSize();
+  const QImage expected = HostWithNumber({8 * cell.width() - cell.width() / 2, cell.height() - cell.height() / 2}, 3);
+  Stack->Markers = {{1, 9, 3}};
+  EXPECT_EQ(PictureAfterPaint(), expected);
+}
+
+TEST_F(QVEditorPaintMarkers, ShowNoNumberWhereTheTextHasNoLine) {
+  Show("begin\r\nend.", 20, 5, 0);
+  const QImage host = PictureOfTheHost();
+  Stack->Markers = {{3, 1, 7}};
+  EXPECT_EQ(PictureAfterPaint(), host);
+}
+
+TEST_F(QVEditorPaintMarkers, ShowNoNumberAtAColumnThatIsNoPosition) {
+  Show("begin", 20, 5, 0);
+  const QImage host = PictureOfTheHost();
+  Stack->Markers = {{1, 65536 + 3, 7}};
+  EXPECT_EQ(PictureAfterPaint(), host);
 }
 
 // Line numbers in the host's gutter.

@@ -80,7 +80,7 @@ TEST(QVLog, AnotherFormsEndLeavesTheOneFormInPlace) {
 
 class SilentClient : public IQVEditorStatClient {
 public:
-  void CharTyped(char) override {}
+  void CharTyped(char32_t) override {}
 };
 
 TEST(QVStatManager, StartAndStopLeaveTheSlotEmpty) {

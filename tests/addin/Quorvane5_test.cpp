@@ -40,6 +40,7 @@ const Lines kStopLines = {
     "QVLocalVars Finalized",
     "QVEditorProxy Finalized",
     "QVEditorDraw",
+    "QVMarkerStack Finalized",
     "QVLiteParse Finalized",
     "zkPasLex Finalized",
     "zkPasLexTypes Finalized",
@@ -128,12 +129,11 @@ TEST_F(Quorvane5, ListsItsUnitsInContainsOrder) {
   Lines names;
   for (const platform::TContainedUnit& unit : Table->Contains)
     names.emplace_back(unit.Name);
-  EXPECT_EQ(
-      names,
-      (Lines{"Quorvane5",           "QVStatManager", "SysInit",       "QVLog",       "QVSourceUtils",  "QVOTAServices",
-             "QVOptions",           "QVEditorProxy", "QVEditorDraw",  "QVLocalVars", "QVIDEHackUtils", "QVPasInfo",
-             "QVEditorToolbar",     "QVLiteParse",   "zkPasLexTypes", "zkPasLex",    "QVColorPicker",  "QVParseThread",
-             "zkSimplePasParTypes", "zkSimplePasPar"}));
+  EXPECT_EQ(names, (Lines{"Quorvane5",     "QVStatManager",  "SysInit",       "QVLog",           "QVSourceUtils",
+                          "QVOTAServices", "QVOptions",      "QVEditorProxy", "QVEditorDraw",    "QVMarkerStack",
+                          "QVLocalVars",   "QVIDEHackUtils", "QVPasInfo",     "QVEditorToolbar", "QVLiteParse",
+                          "zkPasLexTypes", "zkPasLex",       "QVColorPicker", "QVParseThread",   "zkSimplePasParTypes",
+                          "zkSimplePasPar"}));
 }
 
 TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
@@ -141,9 +141,9 @@ TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
   for (const platform::TUnitEntry& unit : Table->Units)
     names.emplace_back(unit.Name);
   EXPECT_EQ(names, (Lines{"QVColorPicker", "QVPasInfo", "QVOTAServices", "QVSourceUtils", "QVIDEHackUtils", "QVLog",
-                          "zkPasLexTypes", "zkPasLex", "QVLiteParse", "QVStatManager", "QVEditorDraw", "QVEditorProxy",
-                          "QVLocalVars", "QVOptions", "QVEditorToolbar", "zkSimplePasParTypes", "zkSimplePasPar",
-                          "QVParseThread"}));
+                          "zkPasLexTypes", "zkPasLex", "QVLiteParse", "QVStatManager", "QVMarkerStack", "QVEditorDraw",
+                          "QVEditorProxy", "QVLocalVars", "QVOptions", "QVEditorToolbar", "zkSimplePasParTypes",
+                          "zkSimplePasPar", "QVParseThread"}));
 }
 
 TEST_F(Quorvane5, ProxiesRegisterBeforeToolbarsAndTheThreadLast) {
@@ -201,6 +201,7 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
                              "Exit TQVEditorProxy.Destroy",
                              "QVEditorProxy Finalized",
                              "QVEditorDraw",
+                             "QVMarkerStack Finalized",
                              "QVLiteParse Finalized",
                              "zkPasLex Finalized",
                              "zkPasLexTypes Finalized",

@@ -135,13 +135,26 @@ TEST_F(PackageInHost, WritesItsStopLinesInOrder) {
   // The parse thread writes when it pleases.
   std::erase_if(lines,
                 [](const std::string& line) { return line == "Execute Parse Thread" || line == "Exit Parse Thread"; });
-  EXPECT_EQ(lines, (std::vector<std::string>{
-                       "QVThread.Terminage", "QVThread.Free", "QVParse Thread Finalized", "zkSimplePasPar Finalized",
-                       "kzSimplePasParTypes Finalized", "QVEditorToolbar Finalized", "QVOptions Finalized",
-                       "QVLocalVars Finalized", "Enter TQVEditorProxy.Destroy", "Exit TQVEditorProxy.Destroy",
-                       "QVEditorProxy Finalized", "QVEditorDraw", "QVLiteParse Finalized", "zkPasLex Finalized",
-                       "zkPasLexTypes Finalized", "QVIDEHackUtils Finalized", "QVSourceUtils Finalized",
-                       "QVPasInfo Finalized", "QVColorPicker Finalized"}));
+  EXPECT_EQ(lines, (std::vector<std::string>{"QVThread.Terminage",
+                                             "QVThread.Free",
+                                             "QVParse Thread Finalized",
+                                             "zkSimplePasPar Finalized",
+                                             "kzSimplePasParTypes Finalized",
+                                             "QVEditorToolbar Finalized",
+                                             "QVOptions Finalized",
+                                             "QVLocalVars Finalized",
+                                             "Enter TQVEditorProxy.Destroy",
+                                             "Exit TQVEditorProxy.Destroy",
+                                             "QVEditorProxy Finalized",
+                                             "QVEditorDraw",
+                                             "QVMarkerStack Finalized",
+                                             "QVLiteParse Finalized",
+                                             "zkPasLex Finalized",
+                                             "zkPasLexTypes Finalized",
+                                             "QVIDEHackUtils Finalized",
+                                             "QVSourceUtils Finalized",
+                                             "QVPasInfo Finalized",
+                                             "QVColorPicker Finalized"}));
 }
 
 TEST_F(PackageInHost, AClosedWindowTakesItsProxyAlong) {
