@@ -20,11 +20,13 @@ bool EndsWithLineEnd(std::string_view text) {
 TIniDocument::TIniDocument(std::string_view bytes) : text_(bytes) {
   const std::optional<quorvane::TEncoding> marked = quorvane::MarkedEncoding(bytes);
   if (marked && marked->Kind != quorvane::TEncodingKind::Utf8) {
-    encoding_ = *marked;
-    const quorvane::TDecodedText decoded = quorvane::DecodeAs(bytes, encoding_);
+    const quorvane::TDecodedText decoded = quorvane::DecodeAs(bytes, *marked);
     std::optional<std::string> text = quorvane::EncodeUtf8(decoded.Text);
     damaged_ = decoded.FirstLostByte || !text;
-    text_ = damaged_ ? std::string() : *std::move(text);
+    if (damaged_)
+      return;
+    encoding_ = *marked;
+    text_ = *std::move(text);
   }
   FindSections();
 }

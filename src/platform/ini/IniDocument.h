@@ -28,8 +28,7 @@ public:
   // names and values that are none. Linear in the number of bytes but for the order of the sections' names.
   explicit TIniDocument(std::string_view bytes);
 
-  // Whether saving would lose something of the bytes: they are marked as UTF-16 and are none. There are no sections
-  // then.
+  // Whether the bytes are marked as UTF-16 and are none. There are no sections then, and nothing may be written.
   bool Damaged() const { return damaged_; }
 
   // The names of all sections in the order of the file, each once, spelled as in its first line.
