@@ -13,8 +13,9 @@ constexpr std::string_view codeKey = "code";
 constexpr std::string_view blanks = " \t\r\n";
 constexpr char breakMark = '\\';
 
-constexpr char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+// Unsigned, so that letters beyond ASCII come after the others.
+constexpr unsigned char Lower(char c) {
+  return static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c - 'A' + 'a' : c);
 }
 
 bool NameLess(std::string_view left, std::string_view right) {
