@@ -29,7 +29,9 @@ namespace {
 QGroupBox* AddGroup(TQVScrollPage& page, const char* name, const QString& caption) {
   auto* const group = new QGroupBox(caption, &page.Contents());
   group->setObjectName(QLatin1StringView(name));
-  new QVBoxLayout(group);
+  auto* const layout = new QVBoxLayout(group);
+  layout->setContentsMargins(9, 5, 9, 5); // closer than usual, as there is much to show
+  layout->setSpacing(3);
   page.AddGroup(group);
   return group;
 }
@@ -41,6 +43,7 @@ QVBoxLayout& LayoutOf(QGroupBox* group) {
 // A line of controls that begins at the left.
 QHBoxLayout* AddLine(QGroupBox* group) {
   auto* const line = new QHBoxLayout;
+  line->setSpacing(6);
   LayoutOf(group).addLayout(line);
   return line;
 }

@@ -23,6 +23,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -140,9 +141,11 @@ void TQVOptionsForm::MenuClick() {
 
 TQVOptionsForm::TModalResult TQVOptionsForm::ShowModal() {
   // Owned by no window, the dialog has to be told above which one it belongs.
+  const QWidget* owner = QApplication::activeWindow();
+  if (owner == nullptr || owner == this)
+    owner = platform::Application().MainForm();
   winId();
-  const QWidget* const active = QApplication::activeWindow();
-  windowHandle()->setTransientParent(active != nullptr ? active->windowHandle() : nullptr);
+  windowHandle()->setTransientParent(owner != nullptr ? owner->window()->windowHandle() : nullptr);
   return exec() == mrOk ? mrOk : mrCancel;
 }
 
@@ -178,8 +181,24 @@ bool TQVOptionsForm::event(QEvent* event) {
   return handled;
 }
 
+// Pages that were never shown would keep the sizes that they had with the font before: Qt only tells layouts that are
+// in use.
+void TQVOptionsForm::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange)
+    return;
+  for (QLayout* layout : findChildren<QLayout*>())
+    layout->invalidate();
+  for (QWidget* control : findChildren<QWidget*>())
+    control->updateGeometry();
+}
+
 void TQVOptionsForm::FitContents() {
-  setFixedSize(layout()->totalSizeHint().expandedTo(kDesignedSize).boundedTo(screen()->availableSize()));
+  const QSize room = screen()->availableSize();
+  QSize size = layout()->totalSizeHint().expandedTo(kDesignedSize);
+  if (size.height() > room.height())
+    size.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+  setFixedSize(size.boundedTo(room));
 }
 
 void StartQVOptions() {

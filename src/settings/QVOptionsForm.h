@@ -43,6 +43,7 @@ public:
 
 protected:
   bool event(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
 private:
   void BuildPages();

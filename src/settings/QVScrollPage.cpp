@@ -2,18 +2,9 @@
 #include "settings/QVScrollPage.h"
 
 #include <QEvent>
-#include <QScreen>
-#include <QStyle>
 #include <QVBoxLayout>
 
 namespace quorvane {
-
-namespace {
-
-// How much of the screen a page may take; the rest is the dialog's frame, tabs and buttons.
-constexpr double kShareOfScreen = 0.8;
-
-} // namespace
 
 TQVScrollPage::TQVScrollPage(QWidget* parent) : QScrollArea(parent) {
   setFrameShape(QFrame::NoFrame);
@@ -21,6 +12,7 @@ TQVScrollPage::TQVScrollPage(QWidget* parent) : QScrollArea(parent) {
   setFocusPolicy(Qt::NoFocus);
   auto* const contents = new QWidget(this);
   auto* const layout = new QVBoxLayout(contents);
+  layout->setContentsMargins(9, 5, 9, 5);
   layout->addStretch();
   setWidget(contents);
   // The ground is that of the page control.
@@ -36,11 +28,7 @@ void TQVScrollPage::AddGroup(QWidget* group) {
 }
 
 QSize TQVScrollPage::sizeHint() const {
-  const QSize room = screen()->availableSize() * kShareOfScreen;
-  const QSize contents = widget()->sizeHint();
-  const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-  const QSize bars(contents.height() > room.height() ? bar : 0, contents.width() > room.width() ? bar : 0);
-  return (contents + bars).boundedTo(room);
+  return widget()->sizeHint();
 }
 
 bool TQVScrollPage::event(QEvent* event) {

@@ -5,7 +5,7 @@
 
 namespace quorvane {
 
-// A page of the options dialog: as large as its contents, and with scroll bars only on a screen that has no room for
+// A page of the options dialog: it wants to be as large as its contents, and has scroll bars where there is no room for
 // them. The controls are put on Contents(), which lays them out from the top.
 class TQVScrollPage final : public QScrollArea {
   Q_OBJECT
@@ -18,7 +18,6 @@ public:
   void AddGroup(QWidget* group);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
   bool event(QEvent* event) override;

@@ -1,0 +1,333 @@
+// SPDX-License-Identifier: MIT
+// How the options dialog looks: what stands on it, in which order, and that all of it can be seen.
+#include "settings/OptionsFormFixture.h"
+
+#include "host/QVImages.h"
+#include "settings/model/QVOptionsStore.h"
+#include "settings/QVOptionControls.h"
+
+#include <QAccessible>
+#include <QGroupBox>
+#include <QImage>
+#include <QPainter>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QStyle>
+#include <QStyleFactory>
+
+#include <set>
+
+namespace quorvane {
+namespace {
+
+// The dialog is started, but not shown.
+class QVOptionsFormLayout : public OptionsFormTest {
+protected:
+  QVOptionsFormLayout() { StartQVOptions(); }
+  ~QVOptionsFormLayout() override { QApplication::setFont(font_); }
+
+  // Shows the dialog without waiting for its end.
+  static void Show() {
+    QVOptionsForm->show();
+    QVOptionsForm->activateWindow();
+    ASSERT_TRUE(support::waitUntil([] { return QVOptionsForm->isActiveWindow(); }));
+    support::settle();
+  }
+  // What stands on a page, from the top: the captions of groups, boxes, buttons and labels in the order of their
+  // creation.
+  static QStringList Captions(const QWidget& page) {
+    QStringList captions;
+    for (const QWidget* widget : page.findChildren<QWidget*>()) {
+      if (const auto* group = qobject_cast<const QGroupBox*>(widget))
+        captions.append(group->title());
+      else if (const auto* button = qobject_cast<const QAbstractButton*>(widget); button && !button->text().isEmpty())
+        captions.append(button->text());
+      else if (const auto* label = qobject_cast<const QLabel*>(widget))
+        captions.append(label->text());
+    }
+    captions.sort();
+    return captions;
+  }
+  static QStringList Sorted(QStringList texts) {
+    texts.sort();
+    return texts;
+  }
+
+private:
+  QFont font_ = QApplication::font();
+};
+
+TEST_F(QVOptionsFormLayout, HasItsCaptionAndPages) {
+  EXPECT_EQ(QVOptionsForm->windowTitle(), QStringLiteral("Virelle Options"));
+  const char* const names[] = {"tsEditor", "tsSmartHiliter", "tsIDEWindows"};
+  const char* const captions[] = {"Source Editor", "Smart Highlighter", "IDE Windows"};
+  ASSERT_EQ(Pages().count(), 3);
+  for (int page = 0; page < 3; ++page) {
+    EXPECT_EQ(Pages().widget(page)->objectName(), QLatin1StringView(names[page]));
+    EXPECT_EQ(Pages().tabText(page), QLatin1StringView(captions[page]));
+  }
+}
+
+TEST_F(QVOptionsFormLayout, PagesHaveTheFirstThreeImages) {
+  for (int page = 0; page < 3; ++page) {
+    const auto picture = [](const QIcon& icon) { return icon.pixmap(16).toImage(); };
+    EXPECT_EQ(picture(Pages().tabIcon(page)), picture(Images(page))) << page;
+  }
+}
+
+TEST_F(QVOptionsFormLayout, SourceEditorPageHasItsControls) {
+  EXPECT_EQ(Captions(*Pages().widget(0)),
+            Sorted({QStringLiteral("Code Templates"),
+                    QStringLiteral("Enable Code Templates (Does Not Disable Native Templates)"),
+                    QStringLiteral("Edit..."), QStringLiteral("Template Key:"), QStringLiteral("Line Numbers"),
+                    QStringLiteral("Show Line Numbers"), QStringLiteral("Show Line Numbers in Second Gutter"),
+                    QStringLiteral("Show Separator Between Gutters (Second Gutter Only)"),
+                    QStringLiteral("Second Gutter On Left (Second Gutter Only)"), QStringLiteral("Color:"),
+                    QStringLiteral("Navigation Toolbar"), QStringLiteral("Show Navigation Toolbar"),
+                    QStringLiteral("Live Syntax Check"), QStringLiteral("Enable Live Syntax Checking")}));
+}
+
+TEST_F(QVOptionsFormLayout, SmartHighlighterPageHasItsControls) {
+  EXPECT_EQ(Captions(*Pages().widget(1)),
+            Sorted({QStringLiteral("Block Highlighter"),
+                    QStringLiteral("Block Markers"),
+                    QStringLiteral("Mark Current Block(s)"),
+                    QStringLiteral("Mark All Blocks"),
+                    QStringLiteral("Do Not Mark Blocks"),
+                    QStringLiteral("Marker Shape"),
+                    QStringLiteral("Brackets"),
+                    QStringLiteral("Blocks"),
+                    QStringLiteral("Draw Connecting Lines For Uneven Blocks (Brackets Only)"),
+                    QStringLiteral("Color 1:"),
+                    QStringLiteral("Color 2:"),
+                    QStringLiteral("Color 3:"),
+                    QStringLiteral("Color 4:"),
+                    QStringLiteral("Line Width (Brackets Only):"),
+                    QStringLiteral("Marker Activation"),
+                    QStringLiteral("Activate Live (Always Active)"),
+                    QStringLiteral("Activate on Hotkey"),
+                    QStringLiteral("Hotkey:"),
+                    QStringLiteral("Parenthesis Matcher"),
+                    QStringLiteral("Mark Matching Parenthesis"),
+                    QStringLiteral("Color:")}));
+}
+
+TEST_F(QVOptionsFormLayout, IDEWindowsPageHasItsControls) {
+  EXPECT_EQ(Captions(*Pages().widget(2)),
+            Sorted({QStringLiteral("Flyout Bar"), QStringLiteral("Show Flyout Bar On Startup"),
+                    QStringLiteral("Flyout Delay (in milliseconds):")}));
+}
+
+TEST_F(QVOptionsFormLayout, ControlsHaveTheirNamesAndGroups) {
+  const std::pair<const char*, QStringList> groups[] = {
+      {"gbCodeTemplates",
+       {QStringLiteral("EnableTemplatesCheck"), QStringLiteral("EditTemplatesBtn"), QStringLiteral("lblTemplateKey"),
+        QStringLiteral("TemplateKeyEdit")}},
+      {"LineNumbersBox",
+       {QStringLiteral("ShowLineNumbersCheck"), QStringLiteral("SecondGutterCheck"),
+        QStringLiteral("GutterSeparatorCheck"), QStringLiteral("LineNumbersLeftCheck"), QStringLiteral("ColorLabel"),
+        QStringLiteral("LineNumberColorBox")}},
+      {"NavToolbarBox", {QStringLiteral("ShowNavBarCheck")}},
+      {"SyntaxCheckBox", {QStringLiteral("LiveSyntaxCheckCheck")}},
+      {"BlocksBox",
+       {QStringLiteral("BlockMarkerGroup"), QStringLiteral("BlockMarkerShapeGroup"),
+        QStringLiteral("UnevenBracketsCheck"), QStringLiteral("BlockColorBox1"), QStringLiteral("BlockColorBox2"),
+        QStringLiteral("BlockColorBox3"), QStringLiteral("BlockColorBox4"), QStringLiteral("LineWidthSpin"),
+        QStringLiteral("MarkerActivationGroup"), QStringLiteral("MarkerActivateHotkey")}},
+      {"ParensBox", {QStringLiteral("MarkParensCheck"), QStringLiteral("ParenColorBox")}},
+      {"gbFlyoutBar", {QStringLiteral("ShowFlyoutBarCheck"), QStringLiteral("FlyDelaySpin")}},
+      {"BottomPanel", {QStringLiteral("btnOK"), QStringLiteral("btnCancel")}},
+  };
+  for (const auto& [group, names] : groups) {
+    for (const QString& name : names)
+      EXPECT_NE(Control<QWidget>(group).findChild<QWidget*>(name), nullptr) << group << ' ' << name.toStdString();
+  }
+}
+
+TEST_F(QVOptionsFormLayout, ControlsHoldEveryValueAsItIs) {
+  TQVOptionValues values;
+  for (const TQVOptionRow& row : QVOptionTable) {
+    switch (row.Kind) {
+    case TQVOptionKind::Item:
+    case TQVOptionKind::Spin:
+      for (const std::int32_t number : {row.Limits.First, row.Limits.Last}) {
+        values.SetNumber(row.Option, number);
+        ShowValues(values, *QVOptionsForm);
+        EXPECT_EQ(TakeValues(*QVOptionsForm), values) << row.Control << ' ' << number;
+      }
+      break;
+    case TQVOptionKind::Color:
+      for (const std::int32_t color : {0x1FFFFFFF, static_cast<std::int32_t>(0x80000005), 0x123456}) {
+        values.SetNumber(row.Option, color);
+        ShowValues(values, *QVOptionsForm);
+        EXPECT_EQ(TakeValues(*QVOptionsForm), values) << row.Control << ' ' << color;
+      }
+      break;
+    case TQVOptionKind::Flag:
+      values.SetFlag(row.Option, !values.Flag(row.Option));
+      break;
+    case TQVOptionKind::Character:
+      values.SetText(row.Option, "\x01\xFF ab");
+      break;
+    case TQVOptionKind::HotKey:
+      values.SetNumber(row.Option, 0xE0FF); // no key has this code
+      break;
+    case TQVOptionKind::Folder:
+      break;
+    }
+    ShowValues(values, *QVOptionsForm);
+    EXPECT_EQ(TakeValues(*QVOptionsForm), values) << row.Value;
+  }
+}
+
+TEST_F(QVOptionsFormLayout, ControlsTakeNoMoreThanTheLimits) {
+  for (const TQVOptionRow& row : QVOptionTable) {
+    if (row.Kind == TQVOptionKind::Item) {
+      const auto& group = *QVOptionsForm->findChild<TRadioGroup*>(ControlName(row.Option));
+      EXPECT_EQ(group.ItemCount(), row.Limits.Last + 1) << row.Control;
+    }
+  }
+  EXPECT_EQ(Control<QSpinBox>("LineWidthSpin").minimum(), 1);
+  EXPECT_EQ(Control<QSpinBox>("LineWidthSpin").maximum(), 9);
+  EXPECT_EQ(Control<QSpinBox>("FlyDelaySpin").minimum(), 0);
+  EXPECT_EQ(Control<QSpinBox>("FlyDelaySpin").maximum(), 9999);
+}
+
+TEST_F(QVOptionsFormLayout, ColorButtonsOfferAutomaticAndOtherColors) {
+  const QList<TColorBtn*> buttons = QVOptionsForm->findChildren<TColorBtn*>();
+  EXPECT_EQ(buttons.size(), 6);
+  for (const TColorBtn* button : buttons) {
+    EXPECT_EQ(button->AutoBtnCaption(), QStringLiteral("Automatic"));
+    EXPECT_EQ(button->OtherBtnCaption(), QStringLiteral("&Other colors..."));
+    EXPECT_EQ(button->AutomaticColor(), platform::clBlack);
+    EXPECT_EQ(button->DDArrowWidth(), 12);
+    EXPECT_FALSE(button->Flat());
+    EXPECT_TRUE(button->DropDownFlat());
+  }
+}
+
+TEST_F(QVOptionsFormLayout, HotKeyIsRefusedWithoutModifiersAndWithShiftAlone) {
+  const auto& field = Control<THotKey>("MarkerActivateHotkey");
+  EXPECT_EQ(field.InvalidKeys(), (std::vector<platform::TShortCut>{0, platform::scShift}));
+  EXPECT_EQ(field.Modifiers(), platform::scShift | platform::scAlt);
+  EXPECT_EQ(field.text(), QStringLiteral("Shift+Alt+0"));
+}
+
+TEST_F(QVOptionsFormLayout, TemplatesCannotBeEditedYetAndItSaysSo) {
+  EXPECT_FALSE(Button("EditTemplatesBtn").isEnabled());
+  EXPECT_FALSE(Button("EditTemplatesBtn").toolTip().isEmpty());
+}
+
+TEST_F(QVOptionsFormLayout, TabLeadsThroughThePageInReadingOrder) {
+  Show();
+  Pages().setCurrentIndex(1);
+  auto* const first = Control<TRadioGroup>("BlockMarkerGroup").findChildren<QRadioButton*>().constFirst();
+  first->setFocus();
+  QStringList names;
+  do {
+    const QWidget* focus = QVOptionsForm->focusWidget();
+    names.append(qobject_cast<const QRadioButton*>(focus) ? focus->parent()->objectName() : focus->objectName());
+    QTest::keyClick(QVOptionsForm->focusWidget(), Qt::Key_Tab);
+  } while (QVOptionsForm->focusWidget() != first && names.size() < 50);
+  const QString tabs = Pages().focusProxy() ? Pages().focusProxy()->objectName() : QString();
+  EXPECT_EQ(names, (QStringList{QStringLiteral("BlockMarkerGroup"), QStringLiteral("BlockMarkerShapeGroup"),
+                                QStringLiteral("UnevenBracketsCheck"), QStringLiteral("BlockColorBox1"),
+                                QStringLiteral("BlockColorBox2"), QStringLiteral("BlockColorBox3"),
+                                QStringLiteral("BlockColorBox4"), QStringLiteral("LineWidthSpin"),
+                                QStringLiteral("MarkerActivationGroup"), QStringLiteral("MarkerActivateHotkey"),
+                                QStringLiteral("MarkParensCheck"), QStringLiteral("ParenColorBox"),
+                                QStringLiteral("btnOK"), QStringLiteral("btnCancel"), tabs}));
+}
+
+TEST_F(QVOptionsFormLayout, EveryControlHasANameOfItsOwnForThoseWhoCannotSeeIt) {
+  std::set<QString> names;
+  for (const TQVOptionRow& row : QVOptionTable) {
+    if (row.Control.empty())
+      continue;
+    auto* const control = QVOptionsForm->findChild<QWidget*>(ControlName(row.Option));
+    QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(control);
+    ASSERT_NE(accessible, nullptr);
+    QString name = accessible->text(QAccessible::Name);
+    const auto labels = accessible->relations(QAccessible::Label);
+    if (name.isEmpty() && !labels.isEmpty())
+      name = labels.constFirst().first->text(QAccessible::Name);
+    EXPECT_FALSE(name.isEmpty()) << row.Control;
+    EXPECT_TRUE(names.insert(name).second) << row.Control << ' ' << name.toStdString();
+  }
+}
+
+TEST_F(QVOptionsFormLayout, HasItsDesignedSizeWithSmallFonts) {
+  QFont small = QApplication::font();
+  small.setPixelSize(9);
+  QApplication::setFont(small);
+  Show();
+  EXPECT_EQ(QVOptionsForm->width(), 520);
+  EXPECT_EQ(QVOptionsForm->height(), 416);
+}
+
+TEST_F(QVOptionsFormLayout, CannotBeResized) {
+  Show();
+  EXPECT_EQ(QVOptionsForm->minimumSize(), QVOptionsForm->maximumSize());
+  EXPECT_EQ(QVOptionsForm->minimumSize(), QVOptionsForm->size());
+}
+
+// Whether all of `widget` is inside what shows it, and it is as large as its text needs.
+testing::AssertionResult IsWhole(const QWidget& widget) {
+  if (!widget.visibleRegion().boundingRect().contains(widget.rect()))
+    return testing::AssertionFailure() << widget.objectName().toStdString() << " is cut off";
+  const QSize needed = widget.minimumSizeHint();
+  if (widget.width() < needed.width() || widget.height() < needed.height())
+    return testing::AssertionFailure() << widget.objectName().toStdString() << " has no room for its text";
+  return testing::AssertionSuccess();
+}
+
+void ExpectAllIsWhole(QTabWidget& pages) {
+  for (int page = 0; page < pages.count(); ++page) {
+    pages.setCurrentIndex(page);
+    support::settle();
+    for (const QWidget* widget : pages.widget(page)->findChildren<QWidget*>()) {
+      if (widget->objectName().startsWith(QStringLiteral("qt_")))
+        continue; // a part of a control that says itself what room it needs
+      const bool shown = qobject_cast<const QAbstractButton*>(widget) || qobject_cast<const QLabel*>(widget) ||
+                         qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QAbstractSpinBox*>(widget) ||
+                         qobject_cast<const QGroupBox*>(widget);
+      if (shown) {
+        EXPECT_TRUE(IsWhole(*widget)) << page;
+      }
+    }
+  }
+}
+
+TEST_F(QVOptionsFormLayout, ClipsNothingWithTheUsualFont) {
+  Show();
+  ExpectAllIsWhole(Pages());
+}
+
+TEST_F(QVOptionsFormLayout, GrowsWithLargerFontsAndClipsNothing) {
+  Show();
+  const QSize usual = QVOptionsForm->size();
+  QFont larger = QApplication::font();
+  larger.setPointSizeF(larger.pointSizeF() * 1.2);
+  QApplication::setFont(larger);
+  ASSERT_TRUE(support::waitUntil([&] { return QVOptionsForm->height() > usual.height(); }));
+  ExpectAllIsWhole(Pages());
+}
+
+TEST_F(QVOptionsFormLayout, ScrollsWhatTheScreenHasNoRoomFor) {
+  QFont huge = QApplication::font();
+  huge.setPointSizeF(huge.pointSizeF() * 3);
+  QApplication::setFont(huge);
+  Show();
+  const QSize room = QVOptionsForm->screen()->availableSize();
+  EXPECT_LE(QVOptionsForm->width(), room.width());
+  EXPECT_LE(QVOptionsForm->height(), room.height());
+  Pages().setCurrentIndex(1);
+  support::settle();
+  auto& last = Control<TColorBtn>("ParenColorBox");
+  static_cast<QScrollArea*>(Pages().widget(1))->ensureWidgetVisible(&last);
+  EXPECT_TRUE(IsWhole(last));
+  EXPECT_TRUE(IsWhole(Button("btnOK")));
+}
+
+} // namespace
+} // namespace quorvane
