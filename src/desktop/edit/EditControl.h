@@ -201,6 +201,7 @@ private:
   void sendCharacters(const QString& text, QEvent& event);
   void sendScroll(Qt::Orientation orientation);
   void applyKey(QKeyEvent& event);
+  bool unindentCaret();
   void applyCharacter(char32_t character);
   void applyScroll(Qt::Orientation orientation);
   QScrollBar& scrollBar(Qt::Orientation orientation) const;

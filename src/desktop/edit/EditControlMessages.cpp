@@ -20,11 +20,15 @@ template <class TEvent> TEvent* eventOf(const TMessage& message) {
   return reinterpret_cast<TEvent*>(message.LParam);
 }
 
+// Whether the keys' text is to be typed.
+bool isTypedText(const QString& text) {
+  return !text.isEmpty() && isTyped(text.toUcs4().constFirst());
+}
+
 // Whether the key would put text in although a command modifier is held: Qt refuses only some of these, and a mistyped
 // shortcut must not change the source.
 bool isUnboundText(const QKeyEvent& event) {
-  return event.modifiers() & (Qt::AltModifier | Qt::MetaModifier) && !event.text().isEmpty() &&
-         isTyped(event.text().at(0).unicode());
+  return event.modifiers() & (Qt::AltModifier | Qt::MetaModifier) && isTypedText(event.text());
 }
 
 // The characters that a key press types: none for commands, CR for Enter, a tab for Tab.
@@ -36,8 +40,7 @@ QString typedText(const QKeyEvent& event) {
     return QStringLiteral("\r");
   if (event.key() == Qt::Key_Tab)
     return QStringLiteral("\t");
-  const QString text = event.text();
-  return !text.isEmpty() && isTyped(text.at(0).unicode()) ? text : QString();
+  return isTypedText(event.text()) ? event.text() : QString();
 }
 
 } // namespace
@@ -206,9 +209,20 @@ void TEditControl::applyKey(QKeyEvent& event) {
       unindentBlock();
     return event.accept();
   }
+  if (event.key() == Qt::Key_Backspace && !(event.modifiers() & ~Qt::ShiftModifier) && unindentCaret())
+    return event.accept();
   if (isUnboundText(event))
     return event.ignore();
   QPlainTextEdit::keyPressEvent(&event);
+}
+
+// False when the caret does not stand behind indentation that could be shortened.
+bool TEditControl::unindentCaret() {
+  QTextCursor cursor = textCursor();
+  if (isReadOnly() || !unindentToLineAbove(cursor, indentOptions()))
+    return false;
+  setTextCursor(cursor);
+  return true;
 }
 
 void TEditControl::applyCharacter(char32_t character) {

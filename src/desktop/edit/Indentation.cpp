@@ -36,6 +36,32 @@ template <class TChange> void forEachLine(const QTextCursor& selection, TChange&
   cursor.endEditBlock();
 }
 
+// Shortens the first `length` units of `line`, all white space, to `cells` cells. `cursor` is at the start of the line
+// and ends behind what has been changed.
+void shortenWhiteSpace(QTextCursor& cursor, QStringView line, qsizetype length, int cells, int tabWidth) {
+  const qsizetype kept = unitOfColumn(line.left(length), cells + 1, tabWidth);
+  const int keptCells = columnOfUnit(line, kept, tabWidth) - 1;
+  cursor.setPosition(cursor.position() + static_cast<int>(kept));
+  cursor.setPosition(cursor.position() + static_cast<int>(length - kept), QTextCursor::KeepAnchor);
+  if (cursor.hasSelection())
+    cursor.insertText(QString(cells - keptCells, u' '));
+}
+
+// The cells before the text of the nearest line above `block` that has fewer than `cells` of them; -1 when there is
+// none.
+int indentationAbove(const QTextBlock& block, int cells, int tabWidth) {
+  constexpr int reach = 1000; // lines; a key must not take long in a text without any such line
+  QTextBlock above = block.previous();
+  for (int looked = 0; above.isValid() && looked < reach; above = above.previous(), ++looked) {
+    const QString line = above.text();
+    const qsizetype leading = leadingWhiteSpace(line);
+    const int indentation = columnOfUnit(line, leading, tabWidth) - 1;
+    if (leading < line.size() && indentation < cells)
+      return indentation;
+  }
+  return -1;
+}
+
 } // namespace
 
 void breakLine(QTextCursor& cursor) {
@@ -54,6 +80,22 @@ void insertTab(QTextCursor& cursor, const IndentOptions& options) {
   const int blanks = options.indentWidth - cell % options.indentWidth;
   cursor.insertText(options.insertion == TabInsertion::Character ? QStringLiteral("\t") : QString(blanks, u' '));
   cursor.endEditBlock();
+}
+
+bool unindentToLineAbove(QTextCursor& cursor, const IndentOptions& options) {
+  const QString line = cursor.block().text();
+  const qsizetype before = cursor.positionInBlock();
+  if (cursor.hasSelection() || leadingWhiteSpace(line) < before)
+    return false;
+  const int cells = columnOfUnit(line, before, options.tabWidth) - 1;
+  const int wanted = indentationAbove(cursor.block(), cells, options.tabWidth);
+  if (wanted < 0)
+    return false;
+  cursor.beginEditBlock();
+  cursor.setPosition(cursor.block().position());
+  shortenWhiteSpace(cursor, line, before, wanted, options.tabWidth);
+  cursor.endEditBlock();
+  return true;
 }
 
 bool spansLines(const QTextCursor& cursor) {
@@ -78,12 +120,7 @@ void unindentLines(const QTextCursor& selection, const IndentOptions& options) {
   forEachLine(selection, [&](QTextCursor& cursor, const QString& line, qsizetype leading) {
     const int cells = columnOfUnit(line, leading, options.tabWidth) - 1;
     const int wanted = std::max(cells - options.step(), 0);
-    const qsizetype kept = unitOfColumn(QStringView(line).left(leading), wanted + 1, options.tabWidth);
-    const int keptCells = columnOfUnit(line, kept, options.tabWidth) - 1;
-    cursor.setPosition(cursor.position() + static_cast<int>(kept));
-    cursor.setPosition(cursor.position() + static_cast<int>(leading - kept), QTextCursor::KeepAnchor);
-    if (cursor.hasSelection())
-      cursor.insertText(QString(wanted - keptCells, u' '));
+    shortenWhiteSpace(cursor, line, leading, wanted, options.tabWidth);
   });
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What Enter, Tab and Shift+Tab do to the text. Every function is one undo step. Widths are cells of the screen.
+// What Enter, Tab, Shift+Tab and Backspace do to indentation. Every function is one undo step. Widths are cells of the
+// screen.
 #pragma once
 
 #include <QTextCursor>
@@ -27,6 +28,11 @@ void breakLine(QTextCursor& cursor);
 
 // Replaces the selection by what the options say.
 void insertTab(QTextCursor& cursor, const IndentOptions& options);
+
+// Brings what stands behind the cursor back to the indentation of the nearest line above that begins further left,
+// blank lines left out. False, and nothing is changed, with a selection, when something else than white space stands
+// before the cursor, or when no line near enough begins further left.
+bool unindentToLineAbove(QTextCursor& cursor, const IndentOptions& options);
 
 // Whether the selection reaches over a line end.
 bool spansLines(const QTextCursor& cursor);

@@ -77,9 +77,10 @@ void PageBuffer::settleLines() {
 }
 
 std::shared_ptr<platform::IOTAUndoGroup> PageBuffer::BeginUndoGroup() {
+  Page& grouped = page();
   std::shared_ptr<PageUndoGroup> group = undoGroup();
   if (group == nullptr)
-    undoGroup_ = group = std::make_shared<PageUndoGroup>(page(), caretOf(page()));
+    undoGroup_ = group = std::make_shared<PageUndoGroup>(grouped, caretOf(grouped));
   return group;
 }
 

@@ -2,6 +2,7 @@
 #include "desktop/ide/PageUndoGroup.h"
 
 #include "desktop/edit/EditControl.h"
+#include "desktop/files/SourceDocument.h"
 #include "desktop/ide/PageCaret.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/Page.h"
@@ -11,17 +12,28 @@
 namespace desktop {
 
 PageUndoGroup::PageUndoGroup(Page& page, QTextCursor caret)
-    : page_(&page), control_(page.window()->editor()), caret_(std::move(caret)), block_(caret_) {
+    : page_(&page), control_(page.window()->editor()), caret_(std::move(caret)), block_(caret_),
+      stepsBefore_(page.document()->availableUndoSteps()) {
   control_->holdPainting();
   block_.beginEditBlock();
 }
 
 PageUndoGroup::~PageUndoGroup() {
-  block_.endEditBlock(); // does nothing when the document is gone
+  if (page_)
+    endBlock();
   if (control_)
     control_->releasePainting();
   if (page_ && hasCaret_)
     putCaret(*page_, caret_, scrolls_);
+}
+
+// What is typed next right behind the last insertion would be joined to it, and be undone with the group. A change that
+// changes nothing stands in between.
+void PageUndoGroup::endBlock() {
+  block_.clearSelection();
+  if (page_->document()->availableUndoSteps() != stepsBefore_)
+    block_.setBlockFormat(block_.blockFormat());
+  block_.endEditBlock();
 }
 
 void PageUndoGroup::setCaret(const QTextCursor& caret, bool scrolls) {

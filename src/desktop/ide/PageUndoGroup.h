@@ -26,10 +26,13 @@ public:
   void setCaret(const QTextCursor& caret, bool scrolls);
 
 private:
+  void endBlock();
+
   QPointer<Page> page_;
   QPointer<TEditControl> control_;
   QTextCursor caret_;
   QTextCursor block_; // the edit block
+  int stepsBefore_;   // the document's undo steps when it began
   bool hasCaret_ = false;
   bool scrolls_ = false;
 };

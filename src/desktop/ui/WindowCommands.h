@@ -53,6 +53,7 @@ private:
   void buildComponentMenu();
   void buildToolsMenu();
   void mirrorTools(QMenu* menu);
+  void appendListed(QMenu* menu, const QString& category);
   void buildHelpMenu();
   void follow();
   void update();

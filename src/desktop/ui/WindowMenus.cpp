@@ -73,7 +73,29 @@ void WindowCommands::buildSearchMenu() {
       Row{},
       Row{"SearchGoToCommand", QT_TR_NOOP("&Go to Line Number..."), "Ctrl+G", "go-jump", &WindowCommands::goToLine},
   };
-  addRows(addMenu("SearchMenu", tr("&Search")), rows);
+  QMenu* const menu = addMenu("SearchMenu", tr("&Search"));
+  addRows(menu, rows);
+  appendListed(menu, QStringLiteral("Search"));
+}
+
+// Add-ins put actions into the window's list and name the menu they are for. They come and go with the add-in, so the
+// end of the menu is made whenever it is opened.
+void WindowCommands::appendListed(QMenu* menu, const QString& category) {
+  connect(menu, &QMenu::aboutToShow, this, [this, menu, category, own = menu->actions().size()] {
+    for (QAction* last : menu->actions().mid(own)) {
+      menu->removeAction(last);
+      if (last->isSeparator())
+        delete last;
+    }
+    for (QAction* action : window_->actionList()->Actions()) {
+      const auto* const listed = dynamic_cast<const platform::TAction*>(action);
+      if (listed == nullptr || listed->Category != category)
+        continue;
+      if (menu->actions().size() == own)
+        menu->addSeparator();
+      menu->addAction(action);
+    }
+  });
 }
 
 void WindowCommands::buildViewMenu() {

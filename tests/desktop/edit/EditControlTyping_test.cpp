@@ -111,7 +111,24 @@ TEST_F(EditControlTyping, TellsOfTheInsertMode) {
   EXPECT_EQ(told, (std::vector<bool>{false, true}));
 }
 
-TEST_F(EditControlTyping, DeletesOneCharacterWithBackspaceEvenInIndentation) {
+TEST_F(EditControlTyping, GoesBackToTheIndentationAboveWithBackspace) {
+  const std::string before = "begin\n  if\n      x";
+  show(QString::fromStdString(before));
+  control.setCaret(3, 7);
+  press(Qt::Key_Backspace, QStringLiteral("\b"));
+  EXPECT_EQ(text(), "begin\n  if\n  x");
+  EXPECT_EQ(control.caretColumn(), 3);
+  press(Qt::Key_Backspace, QStringLiteral("\b"), Qt::ShiftModifier);
+  EXPECT_EQ(text(), "begin\n  if\nx");
+  press(Qt::Key_Backspace, QStringLiteral("\b"));
+  EXPECT_EQ(text(), "begin\n  ifx") << "at the start of a line the lines are joined";
+  control.undo();
+  control.undo();
+  control.undo();
+  EXPECT_EQ(text(), before);
+}
+
+TEST_F(EditControlTyping, DeletesOneCharacterWithBackspaceWithoutALineAbove) {
   show(QStringLiteral("    x"));
   control.setCaret(1, 5);
   press(Qt::Key_Backspace, QStringLiteral("\b"));
@@ -140,6 +157,9 @@ TEST_F(EditControlTyping, LeavesAReadOnlyTextAloneButMovesInIt) {
   press(Qt::Key_Tab, QStringLiteral("\t"));
   press(Qt::Key_Backtab, {}, Qt::ShiftModifier);
   press(Qt::Key_Delete);
+  control.setCaret(2, 3);
+  press(Qt::Key_Backspace, QStringLiteral("\b"));
+  control.setCaret(1, 1);
   EXPECT_EQ(text(), "  one\n  two");
   press(Qt::Key_Down);
   EXPECT_EQ(control.caretRow(), 2);

@@ -112,6 +112,56 @@ TEST(Indentation, MovesByTabCharacters) {
   EXPECT_EQ(textOf(document), "a\n\tb");
 }
 
+TEST(Indentation, GoesBackToTheIndentationOfALineAbove) {
+  struct Case {
+    const char16_t* before;
+    int at; // in the last line
+    const char* after;
+    int caret;
+  };
+  const Case cases[] = {
+      {u"a\n  b\n    c", 4, "a\n  b\n  c", 2},
+      {u"a\n  b\n  c", 2, "a\n  b\nc", 0},                         // the nearest one is not further left
+      {u"a\n  b\n      \n\n    c", 4, "a\n  b\n      \n\n  c", 2}, // blank lines say nothing
+      {u"  a\n      c", 4, "  a\n    c", 2},                       // only what stands before the caret goes
+      {u"  a\n     ", 5, "  a\n  ", 2},
+      {u"  a\n\tc", 1, "  a\n  c", 2}, // part of a tab becomes blanks
+      {u"\ta\n\t\tc", 2, "\ta\n\tc", 1},
+  };
+  for (const Case& c : cases) {
+    PlainDocument document(QString::fromUtf16(c.before));
+    QTextCursor cursor(document.lastBlock());
+    cursor.setPosition(cursor.position() + c.at);
+    EXPECT_TRUE(unindentToLineAbove(cursor, byTwo)) << c.after;
+    EXPECT_EQ(textOf(document), c.after);
+    EXPECT_EQ(cursor.positionInBlock(), c.caret) << c.after;
+    document.undo();
+    EXPECT_EQ(document.toPlainText(), QString::fromUtf16(c.before)) << "one step undoes it";
+  }
+}
+
+TEST(Indentation, GoesBackNowhereWithoutALineToGoBackTo) {
+  struct Case {
+    const char16_t* text;
+    int from;
+    int to;
+  };
+  const Case cases[] = {
+      {u"    a", 4, 4},            // no line above
+      {u"      a\n    b", 12, 12}, // only one that begins further right
+      {u"a\n    b", 2, 2},         // the caret is at the start of its line
+      {u"a\n  b", 5, 5},           // or behind text
+      {u"a\n    b", 4, 6},         // or there is a selection
+  };
+  for (const Case& c : cases) {
+    PlainDocument document(QString::fromUtf16(c.text));
+    QTextCursor cursor = select(document, c.from, c.to);
+    EXPECT_FALSE(unindentToLineAbove(cursor, byTwo)) << textOf(document);
+    EXPECT_EQ(document.toPlainText(), QString::fromUtf16(c.text));
+    EXPECT_FALSE(document.isUndoAvailable());
+  }
+}
+
 TEST(Indentation, KeepsTheSameTextSelected) {
   PlainDocument document(QStringLiteral("aa\nbb\ncc"));
   const QTextCursor selection = select(document, 0, 5);

@@ -122,6 +122,29 @@ TEST_F(IdeServicesTest, BringsAnOpenFileToTheFront) {
   EXPECT_EQ(services->GetTopView(), first);
 }
 
+TEST_F(IdeServicesTest, BringsAFileOfAnotherWindowToTheTop) {
+  const auto first = open("a", "a.pas");
+  open("b", "b.pas");
+  TEditWindow* const other = workspace.newWindow();
+  activate(other);
+  EXPECT_TRUE(services->OpenFile(path(QStringLiteral("a.pas"))));
+  EXPECT_EQ(services->GetTopView(), first) << "at once";
+  EXPECT_TRUE(support::waitUntil([this] { return frame()->isActiveWindow(); }));
+  EXPECT_EQ(services->GetTopView(), first);
+}
+
+TEST_F(IdeServicesTest, ShowsABufferOfAnotherWindow) {
+  const auto first = open("a", "a.pas");
+  open("b", "b.pas");
+  TEditWindow* const other = workspace.newWindow();
+  activate(other);
+  frame()->showMinimized();
+  first->GetBuffer()->Show();
+  EXPECT_EQ(services->GetTopView(), first);
+  EXPECT_FALSE(frame()->isMinimized());
+  EXPECT_TRUE(support::waitUntil([this] { return frame()->isActiveWindow(); }));
+}
+
 TEST_F(IdeServicesTest, TellsTheUserWhyAFileCannotBeOpened) {
   EXPECT_FALSE(services->OpenFile(path(QStringLiteral("no.pas"))));
   ASSERT_EQ(messages().size(), 1);

@@ -18,6 +18,9 @@
 #include <QSet>
 #include <QSpinBox>
 #include <QTreeWidget>
+#include <QWindow>
+
+#include <memory>
 
 namespace desktop {
 namespace {
@@ -61,6 +64,68 @@ TEST_F(WindowCommandsTest, SearchMenuHoldsItsCommands) {
   EXPECT_EQ(texts(menu(QStringLiteral("SearchMenu"))->actions()),
             (QStringList{QStringLiteral("&Find..."), QStringLiteral("Find &Next"), QStringLiteral("Find &Previous"),
                          QStringLiteral("-"), QStringLiteral("&Go to Line Number...")}));
+}
+
+TEST_F(WindowCommandsTest, SearchMenuShowsWhatAddInsListForIt) {
+  QMenu* const search = menu(QStringLiteral("SearchMenu"));
+  const QStringList own = texts(search->actions());
+  auto drop = std::make_unique<platform::TAction>(nullptr);
+  drop->setText(QStringLiteral("Drop Marker"));
+  drop->Category = QStringLiteral("Search");
+  drop->SetShortCut(platform::scShift | platform::scAlt | platform::VirtualKey(Qt::Key_Insert));
+  auto pick = std::make_unique<platform::TAction>(nullptr);
+  pick->setText(QStringLiteral("Pick Up Marker"));
+  pick->Category = QStringLiteral("Search");
+  platform::TAction elsewhere(nullptr);
+  QAction foreign;
+  for (QAction* action : {static_cast<QAction*>(drop.get()), static_cast<QAction*>(&elsewhere), &foreign,
+                          static_cast<QAction*>(pick.get())})
+    window()->actionList()->Add(action);
+  for (int opened = 0; opened < 2; ++opened) {
+    Q_EMIT search->aboutToShow();
+    EXPECT_EQ(texts(search->actions()), own + QStringList({QStringLiteral("-"), QStringLiteral("Drop Marker"),
+                                                           QStringLiteral("Pick Up Marker")}));
+  }
+  EXPECT_EQ(search->actions()[own.size() + 1]->shortcut().toString(), QStringLiteral("Alt+Shift+Ins"));
+  drop.reset();
+  EXPECT_FALSE(texts(search->actions()).contains(QStringLiteral("Drop Marker")));
+  window()->actionList()->Remove(pick.get());
+  Q_EMIT search->aboutToShow();
+  EXPECT_EQ(texts(search->actions()), own) << "as if they had never been there";
+}
+
+TEST_F(WindowCommandsTest, SearchMenuOfEachWindowShowsTheActionsOfItsOwnList) {
+  TEditWindow* const other = workspace.newWindow();
+  platform::TAction action(nullptr);
+  action.setText(QStringLiteral("Other"));
+  action.Category = QStringLiteral("Search");
+  other->actionList()->Add(&action);
+  QMenu* const search = menu(QStringLiteral("SearchMenu"));
+  Q_EMIT search->aboutToShow();
+  EXPECT_FALSE(texts(search->actions()).contains(action.text()));
+  auto* const others =
+      qobject_cast<QMenu*>(platform::FindComponent(*workspace.frameOf(other), QStringLiteral("SearchMenu")));
+  Q_EMIT others->aboutToShow();
+  EXPECT_TRUE(texts(others->actions()).contains(action.text()));
+}
+
+TEST_F(WindowCommandsTest, KeysRunWhatAddInsListAlsoWhenItIsInAMenu) {
+  openText(QStringLiteral("unit.pas"), "abc");
+  activate(window());
+  platform::TAction action(nullptr);
+  action.Category = QStringLiteral("Search");
+  action.SetShortCut(platform::scShift | platform::scAlt | platform::VirtualKey(Qt::Key_Insert));
+  int runs = 0;
+  action.OnExecute = [&runs] { ++runs; };
+  window()->actionList()->Add(&action);
+  Q_EMIT menu(QStringLiteral("SearchMenu"))->aboutToShow();
+  ASSERT_TRUE(support::waitUntil([this] { return editor()->hasFocus(); }));
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_Insert, Qt::ShiftModifier | Qt::AltModifier);
+  QCoreApplication::sendEvent(frame()->windowHandle(), &press);
+  support::settle();
+  EXPECT_EQ(runs, 1);
+  EXPECT_TRUE(editor()->insertMode());
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("abc"));
 }
 
 TEST_F(WindowCommandsTest, NoShortcutIsGivenTwice) {
