@@ -107,20 +107,18 @@ TEST_P(IniSection, ReadsAs) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Lines, IniSection,
-                         testing::Values(TSectionCase{"[a b=c;d]", {"a b=c;d"}},   //
-                                         TSectionCase{" \t[ a\t]", {"a"}},         //
-                                         TSectionCase{"[a] behind", {"a"}},        //
-                                         TSectionCase{"[a]]", {"a"}},              //
-                                         TSectionCase{"[[a]", {"[a"}},             //
-                                         TSectionCase{"[\\/:*?\"]", {"\\/:*?\""}}, //
-                                         TSectionCase{"[Gr\xF6\xDF"
-                                                      "e]",
-                                                      {"Gr\u00f6\u00dfe"}}, //
-                                         TSectionCase{"[]", {}},            //
-                                         TSectionCase{"[ ]", {}},           //
-                                         TSectionCase{"[a", {}},            //
-                                         TSectionCase{"a]", {}},            //
-                                         TSectionCase{"x [a]", {}},         //
+                         testing::Values(TSectionCase{"[a b=c;d]", {"a b=c;d"}},             //
+                                         TSectionCase{" \t[ a\t]", {"a"}},                   //
+                                         TSectionCase{"[a] behind", {"a"}},                  //
+                                         TSectionCase{"[a]]", {"a"}},                        //
+                                         TSectionCase{"[[a]", {"[a"}},                       //
+                                         TSectionCase{"[\\/:*?\"]", {"\\/:*?\""}},           //
+                                         TSectionCase{"[Gr\366\337e]", {"Gr\u00f6\u00dfe"}}, //
+                                         TSectionCase{"[]", {}},                             //
+                                         TSectionCase{"[ ]", {}},                            //
+                                         TSectionCase{"[a", {}},                             //
+                                         TSectionCase{"a]", {}},                             //
+                                         TSectionCase{"x [a]", {}},                          //
                                          TSectionCase{";[a]", {}}));
 
 class IniLineEnd : public testing::TestWithParam<const char*> {};

@@ -79,11 +79,7 @@ TEST(IniWriting, KeepsBytesThatAreNoUtf8) {
 }
 
 TEST(IniWriting, FindsASectionInTheOldCodePage) {
-  EXPECT_EQ(Written("[Gr\xF6\xDF"
-                    "e]\ncode=\xE4\n",
-                    "Gr\u00f6\u00dfe", "code", "\u00f6"),
-            "[Gr\xF6\xDF"
-            "e]\ncode=\u00f6\n");
+  EXPECT_EQ(Written("[Gr\366\337e]\ncode=\xE4\n", "Gr\u00f6\u00dfe", "code", "\u00f6"), "[Gr\366\337e]\ncode=\u00f6\n");
 }
 
 TEST(IniWriting, KeepsAByteOrderMark) {
