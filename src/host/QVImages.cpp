@@ -93,8 +93,35 @@ void DrawWindows(TGrid grid, const TInks& inks) {
   grid.Fill(2, 6, 6, 13, inks.Accent);
 }
 
+void DrawPage(TGrid grid, const TInks& inks) {
+  grid.Frame(1, 0, 12, 14, inks.Line);
+  grid.Rule(3, 3, 10, inks.Line);
+  grid.Rule(3, 6, 10, inks.Line);
+  grid.Erase(7, 8, 16, 16);
+}
+
+void DrawAddTemplate(TGrid grid, const TInks& inks) {
+  DrawPage(grid, inks);
+  grid.Fill(8, 11, 16, 13, inks.Accent);
+  grid.Fill(11, 8, 13, 16, inks.Accent);
+}
+
+void DrawDeleteTemplate(TGrid grid, const TInks& inks) {
+  DrawPage(grid, inks);
+  grid.Fill(8, 11, 16, 13, inks.Accent);
+}
+
+void DrawRenameTemplate(TGrid grid, const TInks& inks) {
+  grid.Frame(0, 4, 16, 12, inks.Line);
+  grid.Erase(9, 1, 13, 15);
+  grid.Fill(10, 1, 12, 15, inks.Accent);
+  grid.Fill(8, 1, 14, 3, inks.Accent);
+  grid.Fill(8, 13, 14, 15, inks.Accent);
+}
+
 using TDrawing = void (*)(TGrid grid, const TInks& inks);
-constexpr std::array<TDrawing, qvImageCount> kDrawings = {DrawSections, DrawUnits, DrawWindows};
+constexpr std::array<TDrawing, qvImageCount> kDrawings = {DrawSections,    DrawUnits,          DrawWindows,
+                                                          DrawAddTemplate, DrawDeleteTemplate, DrawRenameTemplate};
 
 class TDrawnIcon : public QIconEngine {
 public:

@@ -7,11 +7,15 @@
 namespace quorvane {
 
 // The indexes, from 0. Other units keep them, so a new image goes to the end. The pages of the options dialog have the
-// first three in turn; the buttons of the navigation toolbar share the first two with them.
+// first three in turn; the buttons of the navigation toolbar share the first two with them. The last three are those of
+// the template editor.
 enum TQVImageIndex : int {
-  qvSectionsImage, // a page with its sections
-  qvUnitsImage,    // units beside each other
-  qvWindowsImage,  // a window with a bar at its side
+  qvSectionsImage,       // a page with its sections
+  qvUnitsImage,          // units beside each other
+  qvWindowsImage,        // a window with a bar at its side
+  qvAddTemplateImage,    // a page with a plus
+  qvDeleteTemplateImage, // a page with a minus
+  qvRenameTemplateImage, // a field with a text cursor
   qvImageCount,
 };
 
