@@ -38,8 +38,15 @@ void PageUndoGroup::endBlock() {
 
 void PageUndoGroup::setCaret(const QTextCursor& caret, bool scrolls) {
   caret_ = caret;
+  column_.reset();
   hasCaret_ = true;
   scrolls_ = scrolls_ || scrolls;
+}
+
+std::optional<int> PageUndoGroup::column() const {
+  if (!column_ || column_->position != caret_.position())
+    return std::nullopt;
+  return column_->column;
 }
 
 } // namespace desktop

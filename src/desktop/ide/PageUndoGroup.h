@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QTextCursor>
 
+#include <optional>
+
 namespace desktop {
 
 class Page;
@@ -25,6 +27,11 @@ public:
   // Where the page's caret will be; `scrolls` if it is to be in sight then.
   void setCaret(const QTextCursor& caret, bool scrolls);
 
+  // The caret's screen column (from 1) if it is known. Counting the cells of a line takes time in proportion to its
+  // length; who types a long line and looks at the column after each character remembers it here.
+  std::optional<int> column() const;
+  void rememberColumn(int column) const { column_ = {caret_.position(), column}; }
+
 private:
   void endBlock();
 
@@ -33,6 +40,11 @@ private:
   QTextCursor caret_;
   QTextCursor block_; // the edit block
   int stepsBefore_;   // the document's undo steps when it began
+  struct Column {
+    int position; // of the caret for which it holds
+    int column;
+  };
+  mutable std::optional<Column> column_;
   bool hasCaret_ = false;
   bool scrolls_ = false;
 };

@@ -75,8 +75,14 @@ int PageView::GetRow() const {
 
 int PageView::GetColumn() const {
   (void)page();
+  const auto group = buffer_->undoGroup();
+  if (group != nullptr && group->column())
+    return *group->column();
   const QTextCursor cursor = caret();
-  return columnOfUnit(cursor.block().text(), cursor.positionInBlock(), control().tabWidth());
+  const int column = columnOfUnit(cursor.block().text(), cursor.positionInBlock(), control().tabWidth());
+  if (group != nullptr)
+    group->rememberColumn(column);
+  return column;
 }
 
 TOTAEditPos PageView::GetCursorPos() {
@@ -127,7 +133,11 @@ template <class TChange> void PageView::edit(TChange&& change) {
 }
 
 void PageView::InsertCharacter(char32_t character) {
+  const auto group = buffer_->undoGroup();
+  const auto before = group != nullptr && !group->caret().hasSelection() ? group->column() : std::nullopt;
   edit([&](QTextCursor& cursor) { typeCharacter(cursor, character, control().indentOptions()); });
+  if (before && isTyped(character) && !GetBuffer()->GetIsReadOnly())
+    group->rememberColumn(*before + 1);
 }
 
 void PageView::BackspaceDelete(int count) {

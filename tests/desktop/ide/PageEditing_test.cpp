@@ -348,7 +348,42 @@ TEST_F(PageEditingTest, RefusesAClosedPage) {
   EXPECT_THROW(buffer->Show(), platform::EViewClosed);
 }
 
-TEST_F(PageEditingTest, TypesALongGroupInTimeThatGrowsWithItsLength) {
+TEST_F(PageEditingTest, KnowsTheColumnAfterEverythingThatAGroupDoes) {
+  openAt("ab\tcd\n", 1, 1);
+  const auto group = buffer->BeginUndoGroup();
+  const auto expectColumn = [this](int column) {
+    EXPECT_EQ(position->GetColumn(), column);
+    EXPECT_EQ(position->GetColumn(), column) << "asked again";
+  };
+  expectColumn(1);
+  typeIn(U"x\U0001F600");
+  expectColumn(3);
+  typeIn(U"\x1B");
+  expectColumn(3);
+  position->Move(1, 9);
+  expectColumn(9);
+  typeIn(U"y");
+  expectColumn(10);
+  typeIn(U"\t");
+  expectColumn(11);
+  position->BackspaceDelete(3);
+  expectColumn(5); // the tab is gone
+  typeIn(U"\r");
+  expectColumn(1);
+  EXPECT_EQ(textOf(*buffer), "x\xBF"
+                             "ab\r\ncd\r\n");
+}
+
+TEST_F(PageEditingTest, CountsAnewAfterAGroupHasReplacedASelection) {
+  openAt("abcd", 1, 1);
+  select(1, 4);
+  const auto group = buffer->BeginUndoGroup();
+  EXPECT_EQ(position->GetColumn(), 5);
+  typeIn(U"x");
+  EXPECT_EQ(position->GetColumn(), 3);
+}
+
+TEST_F(PageEditingTest, TypesALongGroup) {
   openAt("", 1, 1);
   {
     const auto group = buffer->BeginUndoGroup();
