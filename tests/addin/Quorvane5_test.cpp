@@ -41,6 +41,7 @@ const Lines kStopLines = {
     "QVEditorProxy Finalized",
     "QVEditorDraw",
     "QVMarkerStack Finalized",
+    "QVTemplateEditor",
     "QVLiteParse Finalized",
     "zkPasLex Finalized",
     "zkPasLexTypes Finalized",
@@ -129,21 +130,25 @@ TEST_F(Quorvane5, ListsItsUnitsInContainsOrder) {
   Lines names;
   for (const platform::TContainedUnit& unit : Table->Contains)
     names.emplace_back(unit.Name);
-  EXPECT_EQ(names, (Lines{"Quorvane5",     "QVStatManager",  "SysInit",       "QVLog",           "QVSourceUtils",
-                          "QVOTAServices", "QVOptions",      "QVEditorProxy", "QVEditorDraw",    "QVMarkerStack",
-                          "QVLocalVars",   "QVIDEHackUtils", "QVPasInfo",     "QVEditorToolbar", "QVLiteParse",
-                          "zkPasLexTypes", "zkPasLex",       "QVColorPicker", "QVParseThread",   "zkSimplePasParTypes",
-                          "zkSimplePasPar"}));
+  EXPECT_EQ(names,
+            (Lines{"Quorvane5",           "QVStatManager", "SysInit",        "QVTemplateEditor", "QVLog",
+                   "QVSourceUtils",       "QVOTAServices", "QVOptions",      "QVEditorProxy",    "QVEditorDraw",
+                   "QVMarkerStack",       "QVLocalVars",   "QVIDEHackUtils", "QVPasInfo",        "QVEditorToolbar",
+                   "QVLiteParse",         "zkPasLexTypes", "zkPasLex",       "QVColorPicker",    "QVParseThread",
+                   "zkSimplePasParTypes", "zkSimplePasPar"}));
 }
 
 TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
   Lines names;
   for (const platform::TUnitEntry& unit : Table->Units)
     names.emplace_back(unit.Name);
-  EXPECT_EQ(names, (Lines{"QVColorPicker", "QVPasInfo", "QVOTAServices", "QVSourceUtils", "QVIDEHackUtils", "QVLog",
-                          "zkPasLexTypes", "zkPasLex", "QVLiteParse", "QVStatManager", "QVMarkerStack", "QVEditorDraw",
-                          "QVEditorProxy", "QVLocalVars", "QVOptions", "QVEditorToolbar", "zkSimplePasParTypes",
-                          "zkSimplePasPar", "QVParseThread"}));
+  EXPECT_EQ(names, (Lines{"QVColorPicker",    "QVPasInfo",       "QVOTAServices",
+                          "QVSourceUtils",    "QVIDEHackUtils",  "QVLog",
+                          "zkPasLexTypes",    "zkPasLex",        "QVLiteParse",
+                          "QVTemplateEditor", "QVStatManager",   "QVMarkerStack",
+                          "QVEditorDraw",     "QVEditorProxy",   "QVLocalVars",
+                          "QVOptions",        "QVEditorToolbar", "zkSimplePasParTypes",
+                          "zkSimplePasPar",   "QVParseThread"}));
 }
 
 TEST_F(Quorvane5, ProxiesRegisterBeforeToolbarsAndTheThreadLast) {
@@ -202,6 +207,7 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
                              "QVEditorProxy Finalized",
                              "QVEditorDraw",
                              "QVMarkerStack Finalized",
+                             "QVTemplateEditor",
                              "QVLiteParse Finalized",
                              "zkPasLex Finalized",
                              "zkPasLexTypes Finalized",

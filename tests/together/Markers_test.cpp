@@ -1,0 +1,417 @@
+// SPDX-License-Identifier: MIT
+// Position markers in the real editor: their lines, their files, their commands, their numbers.
+#include "together/MarkerFixture.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+#include <random>
+
+namespace together {
+namespace {
+
+using Place = std::array<int, 2>;
+using desktop::Page;
+
+const QByteArray twentyLines = QByteArray("  x := 1;\n").repeated(20);
+
+class Markers : public MarkerFixture {
+protected:
+  Page* page() const { return window()->currentPage(); }
+  void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(editor(), key, modifiers);
+    support::settle();
+  }
+  // Closes the page, which has not been edited, and leaves another in front.
+  void closeFile() {
+    Page* const closing = page();
+    ASSERT_NE(openText(QStringLiteral("other.pas"), "other\n"), nullptr);
+    window()->closePage(closing);
+    support::settle();
+  }
+};
+
+// Lines.
+
+TEST_F(Markers, FollowTheirLineWhenLinesAreInsertedAbove) {
+  openWithAddIn(twentyLines);
+  drop(10, 5);
+  putCaret(2, 1);
+  for (int line = 0; line < 3; ++line)
+    press(Qt::Key_Return);
+  EXPECT_EQ(pickUp(), (Place{13, 5}));
+}
+
+TEST_F(Markers, FollowTheirLineThroughUndoAndRedo) {
+  openWithAddIn(twentyLines);
+  drop(10, 5);
+  const QString file = page()->document()->fileName();
+  select(0, 20); // two lines
+  press(Qt::Key_Delete);
+  EXPECT_EQ(rowsOf(file), Rows{8});
+  editor()->undo();
+  EXPECT_EQ(rowsOf(file), Rows{10});
+  editor()->redo();
+  EXPECT_EQ(rowsOf(file), Rows{8});
+}
+
+TEST_F(Markers, StayWhereTheirLineIsBrokenBehindItsStart) {
+  openWithAddIn(twentyLines);
+  drop(10, 8);
+  putCaret(10, 4);
+  press(Qt::Key_Return);
+  EXPECT_EQ(pickUp(), (Place{10, 4})) << "clipped to what is left of the line";
+}
+
+TEST_F(Markers, GoUpWithALineThatIsJoinedToTheOneAbove) {
+  openWithAddIn(twentyLines);
+  drop(9, 1);
+  drop(10, 1);
+  putCaret(10, 1);
+  press(Qt::Key_Backspace);
+  EXPECT_EQ(pickUp(), (Place{9, 1}));
+  EXPECT_EQ(pickUp(), (Place{9, 1}));
+}
+
+TEST_F(Markers, FollowTheirLineWhileAnotherPageIsInFront) {
+  openWithAddIn(twentyLines);
+  drop(10, 5);
+  Page* const marked = page();
+  ASSERT_NE(openText(QStringLiteral("other.pas"), "other\n"), nullptr);
+  QTextCursor(marked->document()).insertText(QStringLiteral("\n\n"));
+  EXPECT_EQ(pickUp(), (Place{12, 5}));
+  EXPECT_EQ(page(), marked) << "its page comes to the front";
+}
+
+// What markers are expected to do, by the positions of an edit alone.
+class LineModel {
+public:
+  void add(int row) { rows_.push_back(row); }
+  const std::vector<int>& rows() const { return rows_; }
+
+  void insert(const QString& text, int position, const QString& inserted) {
+    const int row = rowAt(text, position);
+    const auto lines = static_cast<int>(inserted.count(u'\n'));
+    const bool movesLineOfItsOwn = isLineStart(text, position) && inserted.endsWith(u'\n');
+    for (int& each : rows_) {
+      if (each > row || (each == row && movesLineOfItsOwn))
+        each += lines;
+    }
+  }
+  void remove(const QString& text, int begin, int end) {
+    const int first = rowAt(text, begin);
+    const int last = rowAt(text, end);
+    for (int& each : rows_) {
+      if (each > last)
+        each -= last - first;
+      else
+        each = std::min(each, first);
+    }
+  }
+
+private:
+  static int rowAt(const QString& text, int position) {
+    return static_cast<int>(QStringView(text).first(position).count(u'\n')) + 1;
+  }
+  static bool isLineStart(const QString& text, int position) { return position == 0 || text[position - 1] == u'\n'; }
+
+  std::vector<int> rows_;
+};
+
+TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
+  openWithAddIn(QByteArray("x := 1;\n").repeated(100));
+  QTextDocument& document = *page()->document();
+  const QString file = page()->document()->fileName();
+  std::mt19937 random(4711);
+  const auto upTo = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
+  LineModel model;
+  for (int marker = 0; marker < 50; ++marker) {
+    const int row = 1 + upTo(99);
+    editor()->setCaret(row, 1 + upTo(5));
+    stack().Push(services->GetTopView());
+    model.add(row);
+  }
+  ASSERT_NE(openText(QStringLiteral("other.pas"), "other\n"), nullptr) << "half of the edits happen behind this page";
+
+  struct Edit {
+    int position;
+    QString removed;
+    QString inserted;
+  };
+  std::vector<Edit> done;
+  std::vector<Edit> undone;
+  QString text = document.toPlainText();
+  const auto follow = [&](int position, const QString& removed, const QString& inserted) {
+    if (!removed.isEmpty())
+      model.remove(text, position, position + static_cast<int>(removed.size()));
+    text.remove(position, removed.size());
+    if (!inserted.isEmpty())
+      model.insert(text, position, inserted);
+    text.insert(position, inserted);
+  };
+  const QStringList pieces = {QStringLiteral("\n"),    QStringLiteral("a"),      QStringLiteral("\n\n"),
+                              QStringLiteral("b\n"),   QStringLiteral("\nc"),    QStringLiteral("d\ne\n"),
+                              QStringLiteral("  f\n"), QStringLiteral("\n  g h")};
+  for (int round = 0; round < 10'000; ++round) {
+    if (round == 5'000)
+      workspace.openFile(file);
+    const int kind = upTo(9);
+    if (kind == 0 && !done.empty()) {
+      const Edit edit = done.back();
+      done.pop_back();
+      document.undo();
+      follow(edit.position, edit.inserted, edit.removed);
+      undone.push_back(edit);
+    } else if (kind == 1 && !undone.empty()) {
+      const Edit edit = undone.back();
+      undone.pop_back();
+      document.redo();
+      follow(edit.position, edit.removed, edit.inserted);
+      done.push_back(edit);
+    } else {
+      const int size = static_cast<int>(text.size());
+      const int position = upTo(size);
+      // Longer texts are cut more, so that the text keeps its size.
+      const int length = upTo(size > 2'000 ? 20 : 4) * (kind % 2);
+      const Edit edit = {position, text.mid(position, length),
+                         kind % 2 == 0 ? pieces[upTo(static_cast<int>(pieces.size()) - 1)] : QString()};
+      if (edit.removed.isEmpty() && edit.inserted.isEmpty())
+        continue;
+      QTextCursor cursor(&document);
+      cursor.beginEditBlock();
+      cursor.setPosition(position);
+      cursor.setPosition(position + static_cast<int>(edit.removed.size()), QTextCursor::KeepAnchor);
+      cursor.removeSelectedText();
+      cursor.insertText(edit.inserted);
+      cursor.endEditBlock();
+      follow(position, edit.removed, edit.inserted);
+      done.push_back(edit);
+      undone.clear();
+    }
+    ASSERT_EQ(document.toPlainText(), text) << round;
+    ASSERT_EQ(rowsOf(file), model.rows()) << round;
+  }
+  for (int marker = 49; marker >= 0; --marker)
+    ASSERT_EQ(pickUp()[0], model.rows()[static_cast<std::size_t>(marker)]) << marker;
+}
+
+// Files.
+
+TEST_F(Markers, OfAClosedFileOpenItAgain) {
+  openWithAddIn(twentyLines);
+  const QString file = page()->document()->fileName();
+  drop(10, 5);
+  closeFile();
+  EXPECT_EQ(pickUp(), (Place{10, 5}));
+  EXPECT_EQ(page()->document()->fileName(), file);
+  EXPECT_EQ(stack().Count(), 0);
+}
+
+TEST_F(Markers, OfAClosedFileAreFollowedAgainOnceItIsOpen) {
+  openWithAddIn(twentyLines);
+  const QString file = page()->document()->fileName();
+  drop(10, 5);
+  closeFile();
+  ASSERT_NE(workspace.openFile(file), nullptr);
+  support::settle();
+  putCaret(2, 1);
+  press(Qt::Key_Return);
+  EXPECT_EQ(rowsOf(file), Rows{11});
+  EXPECT_EQ(pickUp(), (Place{11, 5}));
+}
+
+TEST_F(Markers, OfAClosedFileAreFollowedAgainAlsoWhileMarksAreOnDemand) {
+  quorvane::OptMarkerLive = false;
+  openWithAddIn(twentyLines);
+  const QString file = page()->document()->fileName();
+  drop(10, 5);
+  closeFile();
+  ASSERT_NE(workspace.openFile(file), nullptr);
+  support::settle();
+  putCaret(2, 1);
+  press(Qt::Key_Return);
+  EXPECT_EQ(rowsOf(file), Rows{11});
+}
+
+TEST_F(Markers, OfAFileThatIsGoneAreDroppedAndTheUserIsTold) {
+  openWithAddIn(twentyLines);
+  const QString file = page()->document()->fileName();
+  drop(10, 5);
+  closeFile();
+  putCaret(1, 3);
+  ASSERT_TRUE(QFile::remove(file));
+  EXPECT_EQ(pickUp(), (Place{1, 3}));
+  EXPECT_EQ(stack().Count(), 0);
+  EXPECT_TRUE(messages().contains(QStringLiteral("The marker in %1 is gone, since the file cannot be shown").arg(file)))
+      << messages().join(u'\n').toStdString();
+}
+
+TEST_F(Markers, BeyondTheEndOfAFileThatHasBecomeShorterLeadToItsLastLine) {
+  openWithAddIn(twentyLines);
+  const QString file = page()->document()->fileName();
+  drop(15, 5);
+  drop(18, 5);
+  closeFile();
+  write(QStringLiteral("unit.pas"), "  y\nz");
+  EXPECT_EQ(pickUp(), (Place{2, 2}));
+  press(Qt::Key_Return); // the file is followed with a marker that has no line
+  EXPECT_EQ(rowsOf(file), Rows{15});
+  EXPECT_EQ(pickUp(), (Place{3, 1}));
+}
+
+TEST_F(Markers, InAnotherWindowBringItToTheFront) {
+  openWithAddIn(twentyLines);
+  drop(10, 5);
+  auto* const second = workspace.newWindow();
+  activate(second);
+  quorvane::TQVEditorProxy proxyOfSecond(second);
+  ASSERT_EQ(workspace.topWindow(), second);
+  proxyOfSecond.PickupMarker();
+  EXPECT_EQ(workspace.topWindow(), window());
+  EXPECT_EQ(caret(), (Place{10, 5}));
+}
+
+TEST_F(Markers, OutliveTheWindowTheyWereDroppedIn) {
+  openWithAddIn(twentyLines);
+  drop(10, 5);
+  stack().Resume(services->GetTopView());
+  window()->closePage(page());
+  quorvane::StopQVMarkerStack(); // with a page gone there is nothing to detach from
+  quorvane::StartQVMarkerStack();
+}
+
+// Commands.
+
+TEST_F(Markers, AreDroppedAndPickedUpByTheirKeys) {
+  openWithAddIn(twentyLines);
+  putCaret(10, 5);
+  press(Qt::Key_Insert, Qt::ShiftModifier | Qt::AltModifier);
+  ASSERT_EQ(stack().Count(), 1);
+  putCaret(1, 1);
+  press(Qt::Key_Delete, Qt::ShiftModifier | Qt::AltModifier);
+  EXPECT_EQ(caret(), (Place{10, 5}));
+  EXPECT_EQ(stack().Count(), 0);
+  EXPECT_EQ(editor()->toPlainText().toLatin1(), twentyLines);
+}
+
+TEST_F(Markers, HaveTheirCommandsInTheSearchMenuWhileTheAddInIsThere) {
+  openWithAddIn(twentyLines);
+  const auto texts = [this] {
+    QStringList all;
+    for (const QAction* top : frame()->menuBar()->actions()) {
+      if (!top->text().remove(u'&').startsWith(QStringLiteral("Search")))
+        continue;
+      Q_EMIT top->menu()->aboutToShow();
+      for (const QAction* each : top->menu()->actions())
+        all.append(each->text() + u' ' + each->shortcut().toString());
+    }
+    return all;
+  };
+  EXPECT_TRUE(texts().contains(QStringLiteral("Drop Marker Alt+Shift+Ins")) ||
+              texts().contains(QStringLiteral("Drop Marker Shift+Alt+Ins")))
+      << texts().join(u'\n').toStdString();
+  quorvane::TQVEditorProxy::RemoveExistingProxies();
+  EXPECT_TRUE(texts().filter(QStringLiteral("Marker")).isEmpty()) << texts().join(u'\n').toStdString();
+}
+
+// Numbers.
+
+class MarkerNumbers : public Markers {
+protected:
+  // Where the picture differs from `before`, in device pixels.
+  QRect changed(const QImage& before) const {
+    const QImage& now = editor()->picture();
+    QRect area;
+    for (int y = 0; y < now.height(); ++y) {
+      for (int x = 0; x < now.width(); ++x) {
+        if (now.pixel(x, y) != before.pixel(x, y))
+          area |= QRect(x, y, 1, 1);
+      }
+    }
+    return area;
+  }
+  // Drops a marker and expects its number there, and nothing else to have changed.
+  void expectNumberAt(int row, int column) {
+    drop(row, column);
+    support::settle();
+    const QImage with = editor()->picture().copy();
+    stack().Pop(); // the caret stays
+    editor()->Repaint();
+    const QImage without = editor()->picture().copy();
+    proxy().DropMarker();
+    ASSERT_EQ(editor()->picture(), with);
+    const QRect area = changed(without);
+    const qreal ratio = with.devicePixelRatio();
+    const QSize cell = editor()->cellSize();
+    const qreal left = editor()->gutterWidth() + (column - 1) * cell.width() - cell.width() / 2;
+    const qreal top = row * cell.height() - cell.height() / 2;
+    ASSERT_FALSE(area.isEmpty());
+    EXPECT_GE(area.left(), std::floor(left * ratio) - 1);
+    EXPECT_LE(area.right(), std::ceil((left + 1.5 * cell.width()) * ratio)) << "one digit";
+    EXPECT_GE(area.top(), std::floor(top * ratio) - 1);
+    EXPECT_LE(area.top(), std::ceil((top + 0.6 * cell.height()) * ratio));
+  }
+};
+
+TEST_F(MarkerNumbers, StandInTheLowerHalfOfTheirLineHalfAColumnToTheLeft) {
+  openWithAddIn(twentyLines);
+  expectNumberAt(3, 5);
+}
+
+TEST_F(MarkerNumbers, StandWhereTheCharacterIsBehindATab) {
+  openWithAddIn("a\n\tb\n\tc\n");
+  expectNumberAt(2, 1 + editor()->tabWidth());
+}
+
+TEST_F(MarkerNumbers, MoveWithTheirLine) {
+  openWithAddIn(twentyLines);
+  drop(3, 8);
+  putCaret(1, 1);
+  press(Qt::Key_Return);
+  const QImage moved = editor()->picture().copy();
+  stack().Pop();
+  stack().Push(services->GetTopView());
+  putCaret(2, 1);
+  EXPECT_EQ(editor()->picture(), moved);
+  EXPECT_EQ(rowsOf(page()->document()->fileName()), Rows{4});
+}
+
+TEST_F(MarkerNumbers, GoWithTheMarker) {
+  openWithAddIn(twentyLines);
+  putCaret(3, 5);
+  const QImage before = editor()->picture().copy();
+  proxy().DropMarker();
+  EXPECT_NE(editor()->picture(), before);
+  proxy().PickupMarker();
+  EXPECT_EQ(editor()->picture(), before);
+}
+
+TEST_F(MarkerNumbers, AreNotShownInOtherFiles) {
+  openWithAddIn(twentyLines);
+  drop(1, 1);
+  ASSERT_NE(openText(QStringLiteral("other.pas"), twentyLines), nullptr);
+  support::settle();
+  const QImage with = editor()->picture().copy();
+  stack().Pop();
+  ASSERT_NE(workspace.openFile(path(QStringLiteral("other.pas"))), nullptr);
+  support::settle();
+  EXPECT_EQ(editor()->picture(), with);
+}
+
+TEST_F(MarkerNumbers, BeyondTheEndOfAShortenedFileAreNotShown) {
+  openWithAddIn(twentyLines);
+  drop(6, 1);
+  closeFile();
+  write(QStringLiteral("unit.pas"), "y\nz\n");
+  ASSERT_NE(workspace.openFile(path(QStringLiteral("unit.pas"))), nullptr);
+  support::settle();
+  const QImage with = editor()->picture().copy();
+  ASSERT_EQ(stack().Count(), 1);
+  quorvane::StopQVMarkerStack();
+  quorvane::StartQVMarkerStack();
+  editor()->Repaint();
+  EXPECT_EQ(editor()->picture(), with);
+}
+
+} // namespace
+} // namespace together
