@@ -4,8 +4,8 @@
 //
 // A new unit is one row in kContains, at its place among the contents, and one in Units, at its place among the starts;
 // the stops are those of Units backwards. Most stops write a line to the debugger output, so that a watcher sees how
-// far the package has come; that of QVEditorDraw lacks the word that the others end with, and that of
-// zkSimplePasParTypes turns its first two letters around, both as intended.
+// far the package has come; those of QVEditorDraw and QVTemplateEditor lack the word that the others end with, and that
+// of zkSimplePasParTypes turns its first two letters around, both as intended.
 #include "analysis/QVParseThread.h"
 #include "editor/QVEditorProxy.h"
 #include "editor/QVMarkerStack.h"
@@ -15,6 +15,7 @@
 #include "platform/Package.h"
 #include "settings/QVColorPicker.h"
 #include "settings/QVOptionsForm.h"
+#include "settings/QVTemplateEditor.h"
 #include "toolbar/QVEditorToolbar.h"
 
 #include <type_traits>
@@ -44,6 +45,7 @@ constexpr platform::TContainedUnit kContains[] = {
     {"Quorvane5", nullptr},
     {"QVStatManager", nullptr},
     {"SysInit", nullptr},
+    {"QVTemplateEditor", nullptr},
     {"QVLog", nullptr},
     {"QVSourceUtils", nullptr},
     {"QVOTAServices", nullptr},
@@ -74,6 +76,7 @@ platform::TUnitEntry Units[] = {
     {"zkPasLexTypes", nullptr, [] { OutputDebugString("zkPasLexTypes Finalized"); }},
     {"zkPasLex", nullptr, [] { OutputDebugString("zkPasLex Finalized"); }},
     {"QVLiteParse", nullptr, [] { OutputDebugString("QVLiteParse Finalized"); }},
+    {"QVTemplateEditor", StartQVTemplateEditor, StopQVTemplateEditor},
     {"QVStatManager", StartQVStatManager, StopQVStatManager},
     {"QVMarkerStack", StartQVMarkerStack, StopQVMarkerStack},
     {"QVEditorDraw", nullptr, [] { OutputDebugString("QVEditorDraw"); }},

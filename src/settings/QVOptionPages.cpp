@@ -104,9 +104,6 @@ void AddCodeTemplates(TQVScrollPage& page) {
   auto* const edit = new QPushButton(QStringLiteral("Edit..."), group);
   edit->setObjectName(QStringLiteral("EditTemplatesBtn"));
   edit->setAutoDefault(false); // Enter is OK wherever the focus is
-  // There is no editor of templates that it could open.
-  edit->setEnabled(false);
-  edit->setToolTip(QStringLiteral("Code templates cannot be edited yet"));
   first->addWidget(edit);
 
   QHBoxLayout* const second = AddLine(group);

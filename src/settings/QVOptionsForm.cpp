@@ -14,10 +14,11 @@
 #include "settings/QVOptionControls.h"
 #include "settings/QVOptionPages.h"
 #include "settings/QVOptionsRegistry.h"
+#include "settings/QVShowModal.h"
+#include "settings/QVTemplateEditor.h"
 #include "toolbar/QVLineNumbers.h"
 #include "toolbar/QVLocalVars.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
@@ -26,7 +27,6 @@
 #include <QStyle>
 #include <QTabWidget>
 #include <QVBoxLayout>
-#include <QWindow>
 
 namespace quorvane {
 
@@ -82,6 +82,8 @@ TQVOptionsForm::~TQVOptionsForm() {
 void TQVOptionsForm::BuildPages() {
   Pages->setObjectName(QStringLiteral("Pages"));
   AddOptionPages(*Pages);
+  connect(Pages->findChild<QPushButton*>(QStringLiteral("EditTemplatesBtn")), &QPushButton::clicked, this,
+          &TQVOptionsForm::EditTemplatesBtnClick);
   ShowValues(TQVOptionValues(), *this);
 }
 
@@ -140,13 +142,12 @@ void TQVOptionsForm::MenuClick() {
 }
 
 TQVOptionsForm::TModalResult TQVOptionsForm::ShowModal() {
-  // Owned by no window, the dialog has to be told above which one it belongs.
-  const QWidget* owner = QApplication::activeWindow();
-  if (owner == nullptr || owner == this)
-    owner = platform::Application().MainForm();
-  winId();
-  windowHandle()->setTransientParent(owner != nullptr ? owner->window()->windowHandle() : nullptr);
-  return exec() == mrOk ? mrOk : mrCancel;
+  return ShowModalAboveActive(*this) == mrOk ? mrOk : mrCancel;
+}
+
+void TQVOptionsForm::EditTemplatesBtnClick() {
+  if (QVTemplateEditorForm) // it starts before this form and stops after it
+    QVTemplateEditorForm->ShowModal();
 }
 
 void TQVOptionsForm::SetGlobalVars() {

@@ -52,6 +52,7 @@ private:
   void FormDestroy();
   void InsertMenuItem();
   void MenuClick();
+  void EditTemplatesBtnClick();
   void FitContents();
 
   QTabWidget* Pages;

@@ -17,6 +17,7 @@
 #include <QApplication>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QTemporaryDir>
 
 #include <dlfcn.h>
 
@@ -92,7 +93,9 @@ protected:
     Initialize = Resolve<platform::TPackageProcedure>(library, platform::InitializeName);
     Finalize = Resolve<platform::TPackageProcedure>(library, platform::FinalizeName);
     Table = Resolve<platform::TPackageInfoFunction>(library, platform::GetPackageInfoTableName)();
+    platform::Application().SetProgramDirectory(ProgramData.path() + u'/');
   }
+  ~Quorvane5() override { platform::Application().SetProgramDirectory({}); }
 
   template <class TFunction> static TFunction Resolve(void* library, const char* name) {
     void* symbol = dlsym(library, name);
@@ -110,6 +113,7 @@ protected:
     return lines;
   }
 
+  QTemporaryDir ProgramData;
   fakes::FakeMainForm MainForm;
   fakes::DebugRecorder Debug;
   platform::TPackageProcedure Initialize = nullptr;

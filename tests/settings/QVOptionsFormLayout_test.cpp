@@ -213,11 +213,6 @@ TEST_F(QVOptionsFormLayout, HotKeyIsRefusedWithoutModifiersAndWithShiftAlone) {
   EXPECT_EQ(field.text(), QStringLiteral("Shift+Alt+0"));
 }
 
-TEST_F(QVOptionsFormLayout, TemplatesCannotBeEditedYetAndItSaysSo) {
-  EXPECT_FALSE(Button("EditTemplatesBtn").isEnabled());
-  EXPECT_FALSE(Button("EditTemplatesBtn").toolTip().isEmpty());
-}
-
 TEST_F(QVOptionsFormLayout, TabLeadsThroughThePageInReadingOrder) {
   Show();
   Pages().setCurrentIndex(1);

@@ -148,6 +148,7 @@ TEST_F(PackageInHost, WritesItsStopLinesInOrder) {
                                              "QVEditorProxy Finalized",
                                              "QVEditorDraw",
                                              "QVMarkerStack Finalized",
+                                             "QVTemplateEditor",
                                              "QVLiteParse Finalized",
                                              "zkPasLex Finalized",
                                              "zkPasLexTypes Finalized",
