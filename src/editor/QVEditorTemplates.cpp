@@ -42,12 +42,6 @@ void TypeCharacter(platform::IOTAEditPosition& position, char32_t character) {
     QVEditorStatClient->CharTyped(character);
 }
 
-// The host walks along the line to tell the column, too long a way for each character of a long line.
-void LogPosition(const platform::IOTAEditPosition& position) {
-  if (IsLogKept())
-    Log(QStringLiteral("Editor Template Position: Row %1 Col %2").arg(position.GetRow()).arg(position.GetColumn()));
-}
-
 // Types `text` in place of the `replaced` characters before the caret, all as one step of undo, and returns the caret
 // stops in the order of the text.
 std::vector<platform::TOTAEditPos> TypeTemplate(platform::IOTAEditView& view, int replaced, const QList<uint>& text) {
@@ -61,9 +55,11 @@ std::vector<platform::TOTAEditPos> TypeTemplate(platform::IOTAEditView& view, in
       position->BackspaceDelete(1);
     else if (character != kCaretStop)
       TypeCharacter(*position, character);
-    else
-      stops.push_back({static_cast<std::int16_t>(position->GetColumn()), position->GetRow()});
-    LogPosition(*position);
+    const int row = position->GetRow();
+    const int column = position->GetColumn();
+    if (character == kCaretStop)
+      stops.push_back({static_cast<std::int16_t>(column), row});
+    Log(QStringLiteral("Editor Template Position: Row %1 Col %2").arg(row).arg(column));
   }
   return stops;
 }

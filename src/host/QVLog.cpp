@@ -38,10 +38,6 @@ void Log(const QString& text) {
     QVLogForm->Log(text);
 }
 
-bool IsLogKept() {
-  return QVLogForm && QVLogForm->KeepsLines();
-}
-
 void StartQVLog() {
   QVLogForm = new TQVLogForm;
   platform::Application().InsertComponent(QVLogForm);

@@ -9,7 +9,7 @@ namespace quorvane {
 
 // A form with a read-only memo "Memo1" that fills it and an action list "DockActionList". Units write what they do to
 // it, and it discards every line: the calls are kept so that logging can be switched on in one place, by overriding
-// Log and KeepsLines.
+// Log.
 //
 // The unit's start creates the one instance, owned by the application, and its stop frees it, almost last of all, so
 // that other units may log while they stop. Main thread only.
@@ -22,8 +22,6 @@ public:
 
   // Discards `text`. Intended: see above.
   virtual void Log(const QString& text);
-  // Whether Log keeps what it is given. A line that takes a while to make is made only then.
-  virtual bool KeepsLines() const { return false; }
 };
 
 // The one log form, or null while the unit is not started.
@@ -31,8 +29,6 @@ extern TQVLogForm* QVLogForm;
 
 // Logs `text` to the form, if there is one.
 void Log(const QString& text);
-// Whether there is a form that keeps its lines.
-bool IsLogKept();
 
 // Start and stop of the unit.
 void StartQVLog();

@@ -30,7 +30,6 @@ class LogRecorder : public TQVLogForm {
 public:
   LogRecorder() { QVLogForm = this; }
   void Log(const QString& text) override { lines_.push_back(text.toStdString()); }
-  bool KeepsLines() const override { return true; }
   // The lines since the start or the last call.
   Lines Take() { return std::exchange(lines_, {}); }
 

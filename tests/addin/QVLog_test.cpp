@@ -50,21 +50,6 @@ TEST(QVLog, LogAnyNumberOfTimesLeavesTheFormEmpty) {
   StopQVLog();
 }
 
-TEST(QVLog, KeepsNothingUnlessAFormSaysThatItDoes) {
-  class Keeping : public TQVLogForm {
-  public:
-    bool KeepsLines() const override { return true; }
-  };
-  EXPECT_FALSE(IsLogKept());
-  StartQVLog();
-  EXPECT_FALSE(IsLogKept());
-  StopQVLog();
-  Keeping form;
-  QVLogForm = &form;
-  EXPECT_TRUE(IsLogKept());
-  QVLogForm = nullptr;
-}
-
 TEST(QVLog, LogWithoutAFormDoesNothing) {
   ASSERT_EQ(QVLogForm, nullptr);
   EXPECT_NO_THROW(Log(QStringLiteral("Editor: WM_PAINT")));
