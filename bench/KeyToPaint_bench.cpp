@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTemporaryDir>
 
 #include <chrono>
 #include <cstdio>
@@ -170,6 +171,8 @@ void print(const Times& times) {
 } // namespace
 
 int main(int argc, char** argv) {
+  const QTemporaryDir settings; // the options as designed; those of the user are left alone
+  qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
   qputenv("QT_QPA_PLATFORM", "offscreen");
   TypingApplication application(argc, argv);
   print(measure(application));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The main function of every test program that needs Qt's widgets: an application without a screen, in a plain style
-// that looks the same on every machine, an empty folder in place of the user's settings, and warnings of Qt that fail
-// the test.
+// that looks the same on every machine, empty folders in place of the user's settings and data, and warnings of Qt
+// that fail the test.
 #include "support/QtWarnings.h"
 
 #include <gtest/gtest.h>
@@ -12,8 +12,9 @@
 int main(int argc, char** argv) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
     qputenv("QT_QPA_PLATFORM", "offscreen");
-  const QTemporaryDir settings;
-  qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
+  const QTemporaryDir home;
+  qputenv("XDG_CONFIG_HOME", home.filePath(QStringLiteral("config")).toLocal8Bit());
+  qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("data")).toLocal8Bit());
   testing::InitGoogleTest(&argc, argv);
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QApplication application(argc, argv);
