@@ -6,6 +6,7 @@
 #include <QTextDocument>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace desktop {
@@ -15,8 +16,11 @@ namespace desktop {
 // A tracked line is known by the place where it starts and by its first character, which is its line end when it is
 // empty. What an edit puts in front of that character moves the line down if it ends with a line end, so that the
 // character begins a line again; otherwise the line stays where its start is. When the character is gone the line is
-// the one in which its start has come to lie. Since the document's own cursors mark both places, changes that it
-// reports as one, as undo does, are followed exactly. Main thread only.
+// the one in which its start has come to lie, until the edit that took the character is undone. Since the document's
+// own cursors mark both places, changes that it reports as one, as undo does, are followed exactly.
+//
+// Who is told of moves knows a line by its number alone, so lines that have come together stay together. Main thread
+// only.
 class TrackedLines : public QObject {
   Q_OBJECT
 
@@ -36,24 +40,38 @@ public:
   void remove(int index);
   int size() const { return static_cast<int>(lines_.size()); }
 
-  // Reports what has moved: first the lines that moved down, the last one first, then those that moved up, the first
-  // one first. The end of every edit does this; inside an edit block it may be asked for.
+  // Reports what has moved so far: first the lines that moved down, the last one first, then those that moved up, the
+  // first one first. The end of every edit does this; inside an edit block it may be asked for.
   void settle();
 
 private:
+  // Where a line was before an edit that took its first character away.
+  struct Former {
+    int steps; // the document's undo steps then
+    int number;
+  };
   struct Line {
     int number;
     int data;
     QTextCursor start;
-    QTextCursor second; // behind the first character; null for an empty last line
+    QTextCursor second = {};          // behind the first character; null for an empty last line
+    std::optional<int> complete = {}; // the number after the last edit block; none inside the first one
+    std::vector<Former> formers = {}; // the latest last
+  };
+  struct Found {
+    int number;
+    bool isWhole; // whether the line still begins with its start, and has its first character
   };
 
+  void finishEdit();
+  int follow(Line& line, int steps) const;
   void place(Line& line) const;
-  int lineNow(const Line& line) const;
+  Found find(const Line& line) const;
 
   QTextDocument& document_;
   Report report_;
   std::vector<Line> lines_;
+  int steps_; // the document's undo steps after the last edit block
 };
 
 } // namespace desktop

@@ -7,12 +7,10 @@
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/Page.h"
 
-#include <utility>
-
 namespace desktop {
 
-PageUndoGroup::PageUndoGroup(Page& page, QTextCursor caret)
-    : page_(&page), control_(page.window()->editor()), caret_(std::move(caret)), block_(caret_),
+PageUndoGroup::PageUndoGroup(Page& page, const QTextCursor& caret)
+    : page_(&page), control_(page.window()->editor()), caret_(caret), block_(caret_),
       stepsBefore_(page.document()->availableUndoSteps()) {
   control_->holdPainting();
   block_.beginEditBlock();

@@ -20,7 +20,7 @@ class TEditControl;
 class PageUndoGroup : public platform::IOTAUndoGroup {
 public:
   // Begins with `caret` as the caret of `page`.
-  PageUndoGroup(Page& page, QTextCursor caret);
+  PageUndoGroup(Page& page, const QTextCursor& caret);
   ~PageUndoGroup() override;
 
   const QTextCursor& caret() const { return caret_; }

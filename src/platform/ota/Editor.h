@@ -102,7 +102,8 @@ public:
 //
 // An edit that puts whole lines in front of a tracked line moves it down with its text, as Return in its first column
 // does; a line that is broken further right stays. A line that is joined to the one above it becomes that one, and one
-// whose text is deleted the line where the deletion begins. Undo does not bring back what was lost so.
+// whose text is deleted the line where the deletion begins, until that edit is undone. Tracked lines that have become
+// one line stay one.
 //
 // An edit is reported when it is complete; inside an undo group, after each call of InsertCharacter or BackspaceDelete.
 // Each tracked line that has moved is reported once to every notifier: first those that moved down, the last line

@@ -4,10 +4,10 @@
 #include "desktop/files/FileFixture.h"
 
 #include <algorithm>
-#include <deque>
 #include <random>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace desktop {
@@ -93,6 +93,48 @@ TEST_F(TrackedLinesTest, TakesADeletedLineForTheOneWhereTheDeletionBegins) {
   lines.add(6, 1);
   replace(at(2) + 1, at(6) + 1, {});
   EXPECT_EQ(taken(), (std::vector<Reported>{{4, 2, 0}, {6, 2, 1}}));
+}
+
+TEST_F(TrackedLinesTest, BringsADeletedOrJoinedLineBackWithUndo) {
+  lines.add(4, 0);
+  replace(at(4), at(5), {});
+  EXPECT_TRUE(taken().empty());
+  document.undo();
+  EXPECT_TRUE(taken().empty()) << "it is what it was";
+  document.redo();
+  document.undo();
+  EXPECT_TRUE(taken().empty());
+  replace(at(4) - 1, at(4), {});
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{4, 3, 0}, {3, 4, 0}}));
+  replace(at(2), at(6) + 1, QStringLiteral("new"));
+  insert(at(0), QStringLiteral("\n\n"));
+  document.undo();
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{4, 2, 0}, {2, 4, 0}, {4, 2, 0}, {2, 4, 0}}));
+}
+
+TEST_F(TrackedLinesTest, BringsALineBackThatAGroupOfEditsTook) {
+  lines.add(5, 0);
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  insert(at(0), QStringLiteral("\n"));
+  lines.settle();
+  replace(at(3), at(7), {});
+  lines.settle();
+  replace(at(1), at(3) + 1, {});
+  cursor.endEditBlock();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{5, 6, 0}, {6, 3, 0}, {3, 1, 0}}));
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{1, 5, 0}}));
+}
+
+TEST_F(TrackedLinesTest, KeepsLinesTogetherThatADeletionBroughtTogether) {
+  lines.add(3, 0);
+  lines.add(5, 1);
+  replace(at(2) + 1, at(8), {});
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{3, 2, 0}, {5, 2, 1}, {2, 3, 0}, {2, 3, 1}}));
 }
 
 TEST_F(TrackedLinesTest, TellsTheLineBehindReplacedOnesFromTheReplaced) {
@@ -193,22 +235,36 @@ public:
     std::string removed;
     std::string inserted;
   };
+  struct Mark {
+    int start;
+    std::vector<std::pair<std::size_t, int>> lost = {}; // how many edits had been done, and where it started then
+  };
 
   void apply(const Edit& edit) {
-    const int end = edit.place + static_cast<int>(edit.removed.size());
-    const int grown = static_cast<int>(edit.inserted.size());
-    const int line = lineStart(edit.place);
-    const bool staysWhole =
-        line == edit.place && (edit.inserted.empty() || edit.inserted.ends_with('\n')); // the line behind the edit
-    for (int& start : starts) {
-      if (start > end || (start == end && staysWhole))
-        start += grown - static_cast<int>(edit.removed.size());
-      else if (start >= edit.place)
-        start = line;
+    for (Mark& mark : marks) {
+      if (isLost(mark.start, edit))
+        mark.lost.emplace_back(done_.size(), mark.start);
     }
-    text_.replace(static_cast<std::size_t>(edit.place), edit.removed.size(), edit.inserted);
+    change(edit);
+    done_.push_back(edit);
   }
 
+  Edit undo() {
+    const Edit edit = done_.back();
+    done_.pop_back();
+    std::vector<int> before;
+    for (const Mark& mark : marks)
+      before.push_back(mark.start);
+    change({edit.place, edit.inserted, edit.removed});
+    for (Mark& mark : marks) {
+      for (; !mark.lost.empty() && mark.lost.back().first == done_.size(); mark.lost.pop_back())
+        mark.start = mark.lost.back().second;
+    }
+    keepTogether(before);
+    return edit;
+  }
+
+  bool canUndo() const { return !done_.empty(); }
   int lineStart(int place) const {
     if (place == 0)
       return 0;
@@ -218,22 +274,105 @@ public:
   int lineOf(int place) const { return static_cast<int>(std::count(text_.begin(), text_.begin() + place, '\n')); }
   const std::string& text() const { return text_; }
 
-  std::vector<int> starts;
+  std::vector<Mark> marks;
 
 private:
+  static int endOf(const Edit& edit) { return edit.place + static_cast<int>(edit.removed.size()); }
+
+  // Whether the line that starts at `start` loses its first character or is joined to the one above.
+  bool isLost(int start, const Edit& edit) const {
+    const bool isJoined = start == endOf(edit) && start > edit.place && lineStart(edit.place) != edit.place;
+    return (start >= edit.place && start < endOf(edit)) || isJoined;
+  }
+
+  void change(const Edit& edit) {
+    const int end = endOf(edit);
+    const int line = lineStart(edit.place);
+    const bool staysWhole =
+        line == edit.place && (edit.inserted.empty() || edit.inserted.ends_with('\n')); // the line behind the edit
+    for (Mark& mark : marks) {
+      if (mark.start > end || (mark.start == end && staysWhole))
+        mark.start += static_cast<int>(edit.inserted.size()) - static_cast<int>(edit.removed.size());
+      else if (mark.start >= edit.place)
+        mark.start = line;
+    }
+    text_.replace(static_cast<std::size_t>(edit.place), edit.removed.size(), edit.inserted);
+  }
+
+  // What was one line is one line again, the first of those that it could be.
+  void keepTogether(const std::vector<int>& before) {
+    for (std::size_t mark = 0; mark < marks.size(); ++mark) {
+      for (std::size_t other = 0; other < marks.size(); ++other) {
+        if (before[other] == before[mark])
+          marks[mark].start = std::min(marks[mark].start, marks[other].start);
+      }
+    }
+  }
+
   std::string text_;
+  std::vector<Edit> done_;
+};
+
+// Random edits of a model's text, made to the document as well.
+class RandomEdits {
+public:
+  RandomEdits(SourceDocument& document, LineModel& model) : document_(document), model_(model) {}
+
+  int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
+
+  void step() {
+    const int kind = below(10);
+    if (kind == 0 && model_.canUndo()) {
+      document_.undo();
+      undone_.push_back(model_.undo());
+    } else if (kind == 1 && !undone_.empty()) {
+      document_.redo();
+      model_.apply(undone_.back());
+      undone_.pop_back();
+    } else {
+      edit();
+    }
+  }
+
+private:
+  void edit() {
+    const std::string& text = model_.text();
+    const int size = static_cast<int>(text.size());
+    int place = below(size + 1);
+    if (below(2) == 0) // where it matters most
+      place = model_.lineStart(place);
+    const int length = below(3) == 0 ? std::min(below(12), size - place) : 0;
+    const LineModel::Edit edit{place, text.substr(static_cast<std::size_t>(place), static_cast<std::size_t>(length)),
+                               pieces_[static_cast<std::size_t>(below(static_cast<int>(pieces_.size())))]};
+    if (edit.removed.empty() && edit.inserted.empty())
+      return;
+    const bool forward = below(2) == 0;
+    QTextCursor cursor(&document_);
+    cursor.setPosition(forward ? place : place + length);
+    cursor.setPosition(forward ? place + length : place, QTextCursor::KeepAnchor);
+    cursor.beginEditBlock();
+    cursor.insertText(QString::fromStdString(edit.inserted));
+    cursor.endEditBlock();
+    undone_.clear();
+    model_.apply(edit);
+  }
+
+  SourceDocument& document_;
+  LineModel& model_;
+  std::mt19937 random_{20010131}; // NOLINT(bugprone-random-generator-seed): the same edits in every run
+  std::vector<LineModel::Edit> undone_;
+  std::vector<std::string> pieces_ = {"", "x", "\n", "ab\n", "\n\n", "begin\n  \nend;", "a\nb\nc\n", "\nx"};
 };
 
 // Ten thousand edits with fifty markers, each of which knows nothing but its line and what it is told.
 TEST(TrackedLinesModel, AgreesWithASimpleModelAfterEveryOneOfRandomEdits) {
-  std::mt19937 random(20010131); // NOLINT(bugprone-random-generator-seed): the same edits in every run
-  const auto below = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };
   std::string text;
   for (int line = 0; line < 120; ++line)
-    text += std::string(static_cast<std::size_t>(below(9)), 'x') + '\n';
+    text += std::string(static_cast<std::size_t>(line % 9), 'x') + '\n';
   SourceDocument document(QStringLiteral("/unit.pas"));
   document.setPlainText(QString::fromStdString(text));
   LineModel model(text);
+  RandomEdits edits(document, model);
 
   std::vector<int> markers;
   TrackedLines lines(document,
@@ -241,60 +380,24 @@ TEST(TrackedLinesModel, AgreesWithASimpleModelAfterEveryOneOfRandomEdits) {
   const auto drop = [&](int line) {
     lines.add(line, 0);
     markers.push_back(line);
-    model.starts.push_back(document.findBlockByNumber(line).position());
+    model.marks.push_back({document.findBlockByNumber(line).position()});
   };
   for (int marker = 0; marker < 50; ++marker)
-    drop(below(document.blockCount()));
+    drop(edits.below(document.blockCount()));
 
-  const std::vector<std::string> pieces = {"", "x", "\n", "ab\n", "\n\n", "begin\n  \nend;", "a\nb\nc\n", "\nx"};
-  std::deque<LineModel::Edit> done;
-  std::deque<LineModel::Edit> undone;
   for (int step = 0; step < 10'000; ++step) {
-    const int kind = below(10);
-    if (kind == 0 && !done.empty()) {
-      document.undo();
-      const LineModel::Edit edit = done.back();
-      done.pop_back();
-      undone.push_back(edit);
-      model.apply({edit.place, edit.inserted, edit.removed});
-    } else if (kind == 1 && !undone.empty()) {
-      document.redo();
-      const LineModel::Edit edit = undone.back();
-      undone.pop_back();
-      done.push_back(edit);
-      model.apply(edit);
-    } else {
-      const int size = static_cast<int>(model.text().size());
-      int place = below(size + 1);
-      if (below(2) == 0) // where it matters most
-        place = model.lineStart(place);
-      const int length = below(3) == 0 ? std::min(below(12), size - place) : 0;
-      const LineModel::Edit edit{place,
-                                 model.text().substr(static_cast<std::size_t>(place), static_cast<std::size_t>(length)),
-                                 pieces[static_cast<std::size_t>(below(static_cast<int>(pieces.size())))]};
-      if (edit.removed.empty() && edit.inserted.empty())
-        continue;
-      QTextCursor cursor(&document);
-      cursor.setPosition(place + (below(2) == 0 ? length : 0));
-      cursor.setPosition(2 * place + length - cursor.position(), QTextCursor::KeepAnchor); // either way round
-      cursor.beginEditBlock();
-      cursor.insertText(QString::fromStdString(edit.inserted));
-      cursor.endEditBlock();
-      done.push_back(edit);
-      undone.clear();
-      model.apply(edit);
-    }
+    edits.step();
     if (step % 100 == 0) {
       ASSERT_EQ(document.toPlainText().toStdString(), model.text()) << "step " << step;
     }
     for (std::size_t marker = 0; marker < markers.size(); ++marker)
-      ASSERT_EQ(markers[marker], model.lineOf(model.starts[marker])) << "marker " << marker << ", step " << step;
+      ASSERT_EQ(markers[marker], model.lineOf(model.marks[marker].start)) << "marker " << marker << ", step " << step;
     // Markers gather where much is deleted, so now and then one is picked up and dropped elsewhere.
-    if (below(20) == 0) {
+    if (edits.below(20) == 0) {
       lines.remove(lines.indexOf(markers.front()));
       markers.erase(markers.begin());
-      model.starts.erase(model.starts.begin());
-      drop(below(document.blockCount()));
+      model.marks.erase(model.marks.begin());
+      drop(edits.below(document.blockCount()));
     }
   }
 }
