@@ -47,15 +47,18 @@ void TQVTemplateList::keyPressEvent(QKeyEvent* event) {
 }
 
 void TQVTemplateList::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton)
+    return; // only a click that chooses may select
   pressed_ = true;
   QListWidget::mousePressEvent(event);
 }
 
 void TQVTemplateList::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton)
+    return;
   QListWidget::mouseReleaseEvent(event);
   pressed_ = false;
-  if (event->button() == Qt::LeftButton)
-    Click();
+  Click();
 }
 
 void TQVTemplateList::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -67,7 +70,8 @@ void TQVTemplateList::selectionChanged(const QItemSelection& selected, const QIt
 QItemSelectionModel::SelectionFlags TQVTemplateList::selectionCommand(const QModelIndex& index,
                                                                       const QEvent* event) const {
   const QItemSelectionModel::SelectionFlags usual = QListWidget::selectionCommand(index, event);
-  return usual.testFlag(QItemSelectionModel::Deselect) ? QItemSelectionModel::NoUpdate : usual;
+  const bool deselects = !index.isValid() || usual.testFlag(QItemSelectionModel::Deselect);
+  return deselects ? QItemSelectionModel::NoUpdate : usual;
 }
 
 void TQVTemplateList::Click() {
