@@ -5,6 +5,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include <map>
 #include <random>
 
 namespace together {
@@ -55,6 +56,17 @@ TEST_F(Markers, FollowTheirLineThroughUndoAndRedo) {
   EXPECT_EQ(rowsOf(file), Rows{8});
 }
 
+TEST_F(Markers, ComeBackWithTheirLineWhenItsDeletionIsUndone) {
+  openWithAddIn(twentyLines);
+  drop(10, 5);
+  const QString file = page()->document()->fileName();
+  select(70, 130); // the lines 8 to 13
+  press(Qt::Key_Delete);
+  EXPECT_EQ(rowsOf(file), Rows{8});
+  editor()->undo();
+  EXPECT_EQ(rowsOf(file), Rows{10});
+}
+
 TEST_F(Markers, StayWhereTheirLineIsBrokenBehindItsStart) {
   openWithAddIn(twentyLines);
   drop(10, 8);
@@ -83,39 +95,87 @@ TEST_F(Markers, FollowTheirLineWhileAnotherPageIsInFront) {
   EXPECT_EQ(page(), marked) << "its page comes to the front";
 }
 
-// What markers are expected to do, by the positions of an edit alone.
+// What markers are expected to do, by the positions of an edit alone, which either inserts or removes. A marker whose
+// line an edit takes comes back with undo, unless it has met another one meanwhile: then both stay together.
 class LineModel {
 public:
-  void add(int row) { rows_.push_back(row); }
-  const std::vector<int>& rows() const { return rows_; }
+  struct Edit {
+    int position;
+    QString removed;
+    QString inserted;
+  };
 
-  void insert(const QString& text, int position, const QString& inserted) {
-    const int row = rowAt(text, position);
-    const auto lines = static_cast<int>(inserted.count(u'\n'));
-    const bool movesLineOfItsOwn = isLineStart(text, position) && inserted.endsWith(u'\n');
-    for (int& each : rows_) {
-      if (each > row || (each == row && movesLineOfItsOwn))
-        each += lines;
-    }
+  explicit LineModel(const QString& text) : text_(text) {}
+
+  void add(int row) {
+    rows_.push_back(row);
+    lost_.emplace_back();
   }
-  void remove(const QString& text, int begin, int end) {
-    const int first = rowAt(text, begin);
-    const int last = rowAt(text, end);
-    for (int& each : rows_) {
-      if (each > last)
-        each -= last - first;
-      else
-        each = std::min(each, first);
+  const std::vector<int>& rows() const { return rows_; }
+  const QString& text() const { return text_; }
+  bool canUndo() const { return !done_.empty(); }
+
+  void apply(const Edit& edit) {
+    const int end = edit.position + static_cast<int>(edit.removed.size());
+    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
+      if (takesLine(rows_[marker], edit.position, end))
+        lost_[marker].emplace_back(done_.size(), rows_[marker]);
     }
+    change(edit);
+    done_.push_back(edit);
+  }
+
+  Edit undo() {
+    const Edit edit = done_.back();
+    done_.pop_back();
+    const std::vector<int> before = rows_;
+    change({edit.position, edit.inserted, edit.removed});
+    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
+      for (auto& lost = lost_[marker]; !lost.empty() && lost.back().first == done_.size(); lost.pop_back())
+        rows_[marker] = lost.back().second;
+    }
+    std::map<int, int> together;
+    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
+      int& row = together.try_emplace(before[marker], rows_[marker]).first->second;
+      row = std::min(row, rows_[marker]);
+    }
+    std::ranges::transform(before, rows_.begin(), [&together](int row) { return together.at(row); });
+    return edit;
   }
 
 private:
-  static int rowAt(const QString& text, int position) {
-    return static_cast<int>(QStringView(text).first(position).count(u'\n')) + 1;
-  }
-  static bool isLineStart(const QString& text, int position) { return position == 0 || text[position - 1] == u'\n'; }
+  int rowAt(int position) const { return static_cast<int>(QStringView(text_).first(position).count(u'\n')) + 1; }
+  bool isLineStart(int position) const { return position == 0 || text_[position - 1] == u'\n'; }
 
+  // Whether removing a stretch takes the first character of line `row`, or joins the line to the one above.
+  bool takesLine(int row, int begin, int end) const {
+    const int first = rowAt(begin);
+    const int last = rowAt(end);
+    const bool goesUpWhole = isLineStart(begin) && isLineStart(end) && row == last;
+    if (begin == end || row < first || row > last || goesUpWhole)
+      return false;
+    return row > first || isLineStart(begin);
+  }
+
+  void change(const Edit& edit) {
+    const int begin = edit.position;
+    const int end = begin + static_cast<int>(edit.removed.size());
+    const int first = rowAt(begin);
+    const int last = rowAt(end);
+    const auto lines = static_cast<int>(edit.inserted.count(u'\n'));
+    const bool movesLineOfItsOwn = isLineStart(begin) && edit.inserted.endsWith(u'\n');
+    for (int& each : rows_) {
+      each = each > last ? each - (last - first) : std::min(each, first);
+      if (each > first || (each == first && movesLineOfItsOwn))
+        each += lines;
+    }
+    text_.replace(begin, edit.removed.size(), edit.inserted);
+  }
+
+  QString text_;
   std::vector<int> rows_;
+  std::vector<std::vector<std::pair<std::size_t, int>>> lost_; // of each marker: after how many edits, and its row then
+  std::vector<Edit> done_;
 };
 
 TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
@@ -124,7 +184,7 @@ TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
   const QString file = page()->document()->fileName();
   std::mt19937 random(4711);
   const auto upTo = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
-  LineModel model;
+  LineModel model(document.toPlainText());
   for (int marker = 0; marker < 50; ++marker) {
     const int row = 1 + upTo(99);
     editor()->setCaret(row, 1 + upTo(5));
@@ -133,22 +193,7 @@ TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
   }
   ASSERT_NE(openText(QStringLiteral("other.pas"), "other\n"), nullptr) << "half of the edits happen behind this page";
 
-  struct Edit {
-    int position;
-    QString removed;
-    QString inserted;
-  };
-  std::vector<Edit> done;
-  std::vector<Edit> undone;
-  QString text = document.toPlainText();
-  const auto follow = [&](int position, const QString& removed, const QString& inserted) {
-    if (!removed.isEmpty())
-      model.remove(text, position, position + static_cast<int>(removed.size()));
-    text.remove(position, removed.size());
-    if (!inserted.isEmpty())
-      model.insert(text, position, inserted);
-    text.insert(position, inserted);
-  };
+  std::vector<LineModel::Edit> undone;
   const QStringList pieces = {QStringLiteral("\n"),    QStringLiteral("a"),      QStringLiteral("\n\n"),
                               QStringLiteral("b\n"),   QStringLiteral("\nc"),    QStringLiteral("d\ne\n"),
                               QStringLiteral("  f\n"), QStringLiteral("\n  g h")};
@@ -156,25 +201,21 @@ TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
     if (round == 5'000)
       workspace.openFile(file);
     const int kind = upTo(9);
-    if (kind == 0 && !done.empty()) {
-      const Edit edit = done.back();
-      done.pop_back();
+    if (kind == 0 && model.canUndo()) {
       document.undo();
-      follow(edit.position, edit.inserted, edit.removed);
-      undone.push_back(edit);
+      undone.push_back(model.undo());
     } else if (kind == 1 && !undone.empty()) {
-      const Edit edit = undone.back();
-      undone.pop_back();
       document.redo();
-      follow(edit.position, edit.removed, edit.inserted);
-      done.push_back(edit);
+      model.apply(undone.back());
+      undone.pop_back();
     } else {
+      const QString& text = model.text();
       const int size = static_cast<int>(text.size());
       const int position = upTo(size);
       // Longer texts are cut more, so that the text keeps its size.
       const int length = upTo(size > 2'000 ? 20 : 4) * (kind % 2);
-      const Edit edit = {position, text.mid(position, length),
-                         kind % 2 == 0 ? pieces[upTo(static_cast<int>(pieces.size()) - 1)] : QString()};
+      const LineModel::Edit edit = {position, text.mid(position, length),
+                                    kind % 2 == 0 ? pieces[upTo(static_cast<int>(pieces.size()) - 1)] : QString()};
       if (edit.removed.isEmpty() && edit.inserted.isEmpty())
         continue;
       QTextCursor cursor(&document);
@@ -184,11 +225,10 @@ TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
       cursor.removeSelectedText();
       cursor.insertText(edit.inserted);
       cursor.endEditBlock();
-      follow(position, edit.removed, edit.inserted);
-      done.push_back(edit);
+      model.apply(edit);
       undone.clear();
     }
-    ASSERT_EQ(document.toPlainText(), text) << round;
+    ASSERT_EQ(document.toPlainText(), model.text()) << round;
     ASSERT_EQ(rowsOf(file), model.rows()) << round;
   }
   for (int marker = 49; marker >= 0; --marker)
@@ -343,8 +383,8 @@ protected:
     const QRect area = changed(without);
     const qreal ratio = with.devicePixelRatio();
     const QSize cell = editor()->cellSize();
-    const qreal left = editor()->gutterWidth() + (column - 1) * cell.width() - cell.width() / 2;
-    const qreal top = row * cell.height() - cell.height() / 2;
+    const int left = editor()->gutterWidth() + (column - 1) * cell.width() - cell.width() / 2;
+    const int top = row * cell.height() - cell.height() / 2;
     ASSERT_FALSE(area.isEmpty());
     EXPECT_GE(area.left(), std::floor(left * ratio) - 1);
     EXPECT_LE(area.right(), std::ceil((left + 1.5 * cell.width()) * ratio)) << "one digit";
