@@ -161,6 +161,23 @@ TEST_F(OptionsInHost, OKGivesEveryWindowTheNewHotKey) {
   EXPECT_TRUE(hasShortcut(second, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_M)));
 }
 
+TEST_F(OptionsInHost, EditOpensTheTemplateEditorAboveTheDialog) {
+  QString opened;
+  const support::ModalAnswer<QDialog> answer([&](QDialog& dialog) {
+    {
+      const support::ModalAnswer<QDialog> editor([&](QDialog& above) {
+        opened = platform::ClassName(above);
+        above.reject();
+      });
+      dialog.findChild<QAbstractButton*>(QStringLiteral("EditTemplatesBtn"))->click();
+    }
+    EXPECT_TRUE(dialog.isVisible());
+    dialog.reject();
+  });
+  toolsMenu(frame())->actions().constFirst()->trigger();
+  EXPECT_EQ(opened, QStringLiteral("TQVTemplateEditorForm"));
+}
+
 TEST_F(OptionsInHost, AWindowOpenedLaterHasTheHotKeyOfTheOptions) {
   loader.unload(package);
   ASSERT_TRUE(storedBytes().contains("\"MarkerHotKey\"=\"Shift+Alt+0\"\n"));
