@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "platform/FileLock.h"
 
-#include "platform/SafeFile.h"
+#include "platform/Debug.h"
+#include "platform/FileError.h"
 
 #include <QFile>
 
@@ -34,15 +35,24 @@ bool Lock(int file, std::chrono::steady_clock::time_point deadline) {
   return true;
 }
 
+// Whether `error` means that there are no locks in this file system, as with some network and user-space ones.
+bool NoLocksHere(int error) {
+  return error == ENOLCK || error == ENOTSUP || error == ENOSYS;
+}
+
 } // namespace
 
 TFileLock::TFileLock(const QString& path, std::chrono::milliseconds longestWait) : file_(Open(path)) {
   if (Lock(file_, std::chrono::steady_clock::now() + longestWait))
     return;
-  const std::string reason =
-      errno == EWOULDBLOCK ? "another program is writing it" : qt_error_string(errno).toStdString();
+  const int error = errno;
+  const std::string reason = qt_error_string(error).toStdString();
+  if (NoLocksHere(error)) {
+    OutputDebugString(path.toStdString() + " cannot be locked: " + reason + "; writing goes on without a lock");
+    return;
+  }
   ::close(file_);
-  throw EFileError(reason);
+  throw EFileError(error == EWOULDBLOCK ? "another program is writing it" : reason);
 }
 
 TFileLock::~TFileLock() {

@@ -40,6 +40,12 @@ void CheckName(std::u16string_view name) {
     throw ERegistryException("A name in the registry has control characters: " + Narrow(name));
 }
 
+void CheckKey(std::u16string_view path) {
+  CheckName(path);
+  if (!IsKeyPath(path))
+    throw ERegistryException("The end of a name in the registry looks like a comment: " + Narrow(path));
+}
+
 } // namespace
 
 ERegistryException::~ERegistryException() = default;
@@ -65,11 +71,17 @@ struct TRegistry::TState {
     return found == Writes.end() ? nullptr : &*found;
   }
 
-  bool HasKey(std::u16string_view key) {
-    return SameName(key, root) || Contents().HasKey(key) ||
-           std::ranges::any_of(Writes,
-                               [key](const TRegistryKeyWrites& writes) { return IsAtOrBelow(writes.Key, key); });
+  bool HasKey(std::u16string_view key) { return WritesMake(key) || Contents().HasKey(key); }
+
+  // Whether saving will leave a key of this path, whatever there is in the file.
+  bool WritesMake(std::u16string_view key) const {
+    return SameName(key, root) || std::ranges::any_of(Writes, [key](const TRegistryKeyWrites& writes) {
+             return IsAtOrBelow(writes.Key, key);
+           });
   }
+
+  // Lets saving make a key if it is missing then; whether it is need not be known before.
+  void MakeKey(const std::u16string& key);
 
   TRegistryValues& OpenValues() {
     if (!Values) {
@@ -86,10 +98,22 @@ struct TRegistry::TState {
   template <class TValue> const TValue& Read(std::string_view name, const char* type);
 };
 
+void TRegistry::TState::MakeKey(const std::u16string& key) {
+  if (WritesMake(key))
+    return;
+  CheckKey(key);
+  // A key is there as soon as one below it is, and needs no mention of its own.
+  std::erase_if(Writes, [&key](const TRegistryKeyWrites& writes) {
+    return writes.Writes.empty() && IsAtOrBelow(key, writes.Key);
+  });
+  Writes.push_back({key, {}});
+}
+
 void TRegistry::TState::Write(std::string_view name, TRegistryValue value) {
   const std::u16string wideName = Wide(name);
   CheckName(wideName);
-  OpenValues().insert_or_assign(wideName, value);
+  if (Values)
+    Values->insert_or_assign(wideName, value);
   TRegistryKeyWrites* writes = WritesOf(Key);
   if (writes == nullptr)
     writes = &Writes.emplace_back(TRegistryKeyWrites{Key, {}});
@@ -104,12 +128,12 @@ void TRegistry::TState::Write(std::string_view name, TRegistryValue value) {
 template <class TValue> const TValue& TRegistry::TState::Read(std::string_view name, const char* type) {
   const TRegistryValues& values = OpenValues();
   const auto found = values.find(Wide(name));
-  const std::string value = "value \"" + std::string(name) + "\" of the key " + Narrow(Key);
+  const auto value = [&] { return "value \"" + std::string(name) + "\" of the key " + Narrow(Key); };
   if (found == values.end())
-    throw ERegistryException("There is no " + value);
+    throw ERegistryException("There is no " + value());
   const TValue* content = std::get_if<TValue>(&found->second);
   if (content == nullptr)
-    throw ERegistryException("The " + value + " is no " + type);
+    throw ERegistryException("The " + value() + " is no " + type);
   return *content;
 }
 
@@ -129,23 +153,21 @@ bool TRegistry::KeyExists(std::string_view key) const {
 
 bool TRegistry::OpenKey(std::string_view key, bool canCreate) {
   std::u16string path = PathOf(state_->Key, Wide(key));
-  if (!state_->HasKey(path)) {
-    if (!canCreate)
-      return false;
-    CheckName(path);
-    // A key is there as soon as one below it is, and needs no mention of its own.
-    std::erase_if(state_->Writes, [&path](const TRegistryKeyWrites& writes) {
-      return writes.Writes.empty() && IsAtOrBelow(path, writes.Key);
-    });
-    state_->Writes.push_back({path, {}});
-  }
+  if (canCreate)
+    state_->MakeKey(path);
+  else if (!state_->HasKey(path))
+    return false;
   state_->Key = std::move(path);
   state_->Values.reset();
   return true;
 }
 
 void TRegistry::CloseKey() {
-  const std::vector<TRegistryKeyWrites> writes = std::exchange(state_->Writes, {});
+  std::vector<TRegistryKeyWrites> writes = std::exchange(state_->Writes, {});
+  // Who has only looked at keys that were there needs no right to write.
+  std::erase_if(writes, [this](const TRegistryKeyWrites& keyWrites) {
+    return keyWrites.Writes.empty() && state_->Contents().HasKey(keyWrites.Key);
+  });
   state_->Key = root;
   state_->Document.reset();
   state_->Values.reset();

@@ -49,7 +49,8 @@ public:
   bool KeyExists(std::string_view key) const;
 
   // Opens `key`, a path as in KeyExists, in place of the open one; what was written there stays. A missing key is made
-  // if `canCreate` says so; otherwise the result is false and the key before stays open.
+  // if `canCreate` says so; otherwise the result is false and the key before stays open. Raises ERegistryException for
+  // a key to be made that the file could not hold: with control characters, or with "]" and then, blanks apart, ";".
   bool OpenKey(std::string_view key, bool canCreate);
 
   // Saves all that was written since the last call and goes back to the root key. Raises ERegistryException if the

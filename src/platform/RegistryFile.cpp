@@ -24,7 +24,11 @@ void KeepDamaged(const QString& path) {
 
 TRegistryDocument TRegistryFile::Read() const {
   try {
-    return TRegistryDocument(file_.Read());
+    TRegistryDocument document(file_.Read());
+    if (document.Damaged())
+      OutputDebugString("The registry in " + file_.Path().toStdString() +
+                        " is damaged; what cannot be read is left out");
+    return document;
   } catch (const EFileError& error) {
     OutputDebugString("The registry in " + file_.Path().toStdString() + " cannot be read: " + error.what());
     return {};

@@ -7,6 +7,7 @@
 
 #include <QString>
 
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -21,12 +22,13 @@ public:
   explicit TRegistryFile(QString path) : file_(std::move(path)) {}
 
   // The file's contents; empty if there are none. If they cannot be read they count as empty, and a line in the
-  // debugger output says why. Never throws but for lack of memory.
+  // debugger output says why, as it does for a damaged file (TRegistryDocument::Damaged), of which the rest is read.
+  // Never throws but for lack of memory.
   TRegistryDocument Read() const;
 
-  // Writes values, each to its key, into the file as it is now. A file that is damaged (TRegistryDocument::Damaged) is
-  // kept under a name that ends in ".damaged", and a line in the debugger output says so. Waits for other writers, but
-  // not for long. Raises ERegistryException if the file cannot be written; it is then as it was.
+  // Writes values, each to its key, into the file as it is now. A damaged file is kept under a name that ends
+  // in ".damaged", and a line in the debugger output says so. Waits for other writers, but not for long. Raises
+  // ERegistryException if the file cannot be written; it is then as it was.
   void Write(const std::vector<TRegistryKeyWrites>& writes) const;
 
 private:

@@ -7,18 +7,21 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <filesystem>
+#include <optional>
+#include <system_error>
 
 namespace platform {
 namespace {
 
 constexpr qint64 mostBytes = 64LL << 20;
 constexpr std::chrono::seconds longestWait{5};
+constexpr int mostLinks = 40; // in a row, as the system has it
 
 [[noreturn]] void Fail(const QString& reason) {
   throw EFileError(reason.toStdString());
@@ -43,6 +46,21 @@ QByteArray BytesOf(const QString& path, QIODevice::OpenMode mode) {
   return bytes;
 }
 
+// The file that `path` leads to, `path` itself if that is no link; it need not exist. Raises EFileError.
+QString TargetOf(const QString& path) {
+  std::filesystem::path target = QFile::encodeName(path).toStdString();
+  std::error_code error;
+  for (int links = 0; std::filesystem::is_symlink(target, error); ++links) {
+    if (links == mostLinks)
+      Fail(qt_error_string(ELOOP));
+    const std::filesystem::path next = std::filesystem::read_symlink(target, error);
+    if (error)
+      Fail(QString::fromStdString(error.message()));
+    target = target.parent_path() / next;
+  }
+  return QFile::decodeName(target.c_str());
+}
+
 std::string_view View(const QByteArray& bytes) {
   return {bytes.constData(), static_cast<std::size_t>(bytes.size())};
 }
@@ -50,10 +68,12 @@ std::string_view View(const QByteArray& bytes) {
 // A file that goes unless it is kept.
 class TNewFile {
 public:
-  // Makes the file, in place of one that was left behind.
-  explicit TNewFile(const QString& path) : file_(path) {
+  // Makes the file, in place of one that was left behind. From the first moment it has no more than `permissions`; a
+  // file without a predecessor has the usual ones.
+  TNewFile(const QString& path, std::optional<QFile::Permissions> permissions) : file_(path) {
     QFile::remove(path);
-    if (!file_.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+    constexpr QIODevice::OpenMode mode = QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered;
+    if (!(permissions ? file_.open(mode, *permissions) : file_.open(mode)))
       Fail(file_.errorString());
   }
   ~TNewFile() {
@@ -63,6 +83,11 @@ public:
   TNewFile(const TNewFile&) = delete;
   TNewFile& operator=(const TNewFile&) = delete;
 
+  // Gives it also those permissions that the system leaves off new files.
+  void SetPermissions(QFile::Permissions permissions) {
+    if (!file_.setPermissions(permissions))
+      Fail(file_.errorString());
+  }
   // Down to the disk.
   void Write(std::string_view bytes) {
     // A disk that fills up takes a part at first; only the next attempt tells the reason.
@@ -75,7 +100,6 @@ public:
     if (::fsync(file_.handle()) != 0)
       Fail(qt_error_string(errno));
   }
-  void SetPermissions(QFile::Permissions permissions) { file_.setPermissions(permissions); }
   // Gives it the name of `path`, whose file goes.
   void Rename(const QString& path) {
     if (::rename(QFile::encodeName(file_.fileName()).constData(), QFile::encodeName(path).constData()) != 0)
@@ -88,9 +112,20 @@ private:
   bool kept_ = false;
 };
 
-} // namespace
+// Replaces the file at `path`, no link.
+void Replace(const QString& path, std::string_view bytes, const TSafeFile::TBeforeReplacing& beforeReplacing) {
+  const QFileInfo old(path);
+  const auto permissions = old.exists() ? std::optional(old.permissions()) : std::nullopt;
+  TNewFile file(path + QStringLiteral(".new"), permissions);
+  if (permissions)
+    file.SetPermissions(*permissions);
+  file.Write(bytes);
+  if (beforeReplacing)
+    beforeReplacing(path);
+  file.Rename(path);
+}
 
-EFileError::~EFileError() = default;
+} // namespace
 
 QString TSafeFile::Folder() const {
   return QFileInfo(path_).absolutePath();
@@ -106,23 +141,11 @@ void TSafeFile::MakeFolder() const {
 }
 
 void TSafeFile::Change(const TChange& change, const TBeforeReplacing& beforeReplacing) const {
-  const TFileLock lock(path_ + QStringLiteral(".lock"), longestWait);
-  const QByteArray bytes = BytesOf(path_, QIODevice::ReadWrite);
+  const QString path = TargetOf(path_);
+  const TFileLock lock(path + QStringLiteral(".lock"), longestWait);
+  const QByteArray bytes = BytesOf(path, QIODevice::ReadWrite);
   if (const std::string newBytes = change(View(bytes)); newBytes != View(bytes))
-    Replace(newBytes, beforeReplacing);
-}
-
-void TSafeFile::Replace(std::string_view bytes, const TBeforeReplacing& beforeReplacing) const {
-  const QFileInfo old(path_);
-  // A link stays one: the file that it leads to is replaced.
-  const QString path = old.exists() ? old.canonicalFilePath() : path_;
-  TNewFile file(path + QStringLiteral(".new"));
-  file.Write(bytes);
-  if (old.exists())
-    file.SetPermissions(old.permissions());
-  if (beforeReplacing)
-    beforeReplacing(path);
-  file.Rename(path);
+    Replace(path, newBytes, beforeReplacing);
 }
 
 } // namespace platform

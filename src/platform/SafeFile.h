@@ -2,30 +2,24 @@
 // A file that several programs change and none may spoil.
 #pragma once
 
-#include "platform/Errors.h"
+#include "platform/FileError.h"
 
 #include <QString>
 
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace platform {
-
-// Why a file can be neither read nor written. The message does not name the file; who knows what the file is for says
-// so and passes the reason on in an exception of its own.
-class EFileError : public Exception {
-public:
-  using Exception::Exception;
-  ~EFileError() override;
-};
 
 // A file that is read and changed as a whole. One of more than 64 MB is refused: it is neither read nor changed.
 //
 // It is replaced in one step: what is new is written to "NAME.new" and takes the old file's name when it is on the
 // disk. Who writes holds a lock on "NAME.lock", an empty file that stays. The lock is the system's, which takes it back
 // from a process that has ended in whatever way, so it is never left behind, and a "NAME.new" that was left behind is
-// nobody's and can be overwritten. Any thread.
+// nobody's and can be overwritten. Where a link leads to the file, NAME is the file's own, so all who share it agree on
+// its lock, and the link stays one. What is new may be read by the same people as the old. Any thread.
 class TSafeFile {
 public:
   // What becomes of the file's bytes.
@@ -51,8 +45,6 @@ public:
   void Change(const TChange& change, const TBeforeReplacing& beforeReplacing = {}) const;
 
 private:
-  void Replace(std::string_view bytes, const TBeforeReplacing& beforeReplacing) const;
-
   QString path_;
 };
 

@@ -192,6 +192,47 @@ TEST_F(Registry, ANameWithControlCharactersCannotBeWritten) {
   EXPECT_THROW(registry.OpenKey("a\nb", true), ERegistryException);
 }
 
+TEST_F(Registry, AKeyThatTheFileCouldNotHoldCannotBeMade) {
+  TRegistry registry;
+  EXPECT_EQ(MessageOf([&] { registry.OpenKey("a] ;b", true); }),
+            "The end of a name in the registry looks like a comment: HKEY_CURRENT_USER\\a] ;b");
+  EXPECT_EQ(registry.CurrentPath(), "");
+  registry.CloseKey();
+  EXPECT_FALSE(QDir(Folder()).exists());
+}
+
+TEST_F(Registry, MakesAKeyThatAnotherProgramHasTakenAwayMeanwhile) {
+  SetFile(FileWith("\"a\"=dword:00000001\n"));
+  TRegistry registry;
+  ASSERT_TRUE(registry.KeyExists(Key));
+  ASSERT_TRUE(registry.OpenKey(Key, true));
+  registry.WriteInteger("b", 2);
+  SetFile("");
+  registry.CloseKey();
+  EXPECT_EQ(FileBytes(), FileWith("\"b\"=dword:00000002\n"));
+}
+
+TEST_F(Registry, DoesNotReadTheFileBeforeItWrites) {
+  ASSERT_TRUE(QDir().mkpath(File())); // what reading it would say is told below
+  TRegistry registry;
+  registry.OpenKey(Key, true);
+  registry.WriteInteger("a", 1);
+  EXPECT_EQ(Lines, std::vector<std::string>{});
+  EXPECT_TRUE(registry.ValueExists("a"));
+  EXPECT_EQ(Lines.size(), 1U);
+  EXPECT_THROW(registry.CloseKey(), ERegistryException);
+}
+
+TEST_F(Registry, OpeningAKeyThatIsThereWritesNothing) {
+  SetFile(FileWith("\"a\"=dword:00000001\n"));
+  {
+    TRegistry registry;
+    ASSERT_TRUE(registry.OpenKey(Key, true));
+    EXPECT_EQ(registry.ReadInteger("a"), 1);
+  }
+  EXPECT_EQ(Files(), QStringList{QStringLiteral("registry.reg")}) << "not even a lock";
+}
+
 TEST_F(Registry, ReadsAnExportOfAnotherMachineAndKeepsItsEncoding) {
   QDir().mkpath(Folder());
   ASSERT_TRUE(QFile::copy(QStringLiteral(VIRELLE_TEST_DATA "/registry/export.reg"), File()));

@@ -8,7 +8,6 @@
 namespace platform {
 namespace {
 
-constexpr std::u16string_view header = u"Windows Registry Editor Version 5.00";
 constexpr std::u16string_view rootStart = u"HKEY_";
 
 // Whether a text is, or at least holds, a part of a registry export. Nobody exports zeros: they are what is left of a
@@ -28,6 +27,19 @@ bool IsExport(std::u16string_view text) {
   return IsBlankLine(text);
 }
 
+// A file that was cut in the middle of a character is still UTF-8, not some code page, if characters before it say so.
+quorvane::TDecodedText DecodeCut(std::string_view bytes) {
+  constexpr std::size_t longestPart = 3;
+  quorvane::TDecodedText decoded = quorvane::Decode(bytes);
+  if (decoded.Encoding.Kind != quorvane::TEncodingKind::CodePage)
+    return decoded;
+  quorvane::TDecodedText utf8 = quorvane::DecodeAs(bytes, {});
+  const std::size_t lost = utf8.FirstLostByte.value_or(0);
+  const bool atEnd = lost + longestPart >= bytes.size();
+  const bool saysSo = std::ranges::any_of(bytes.substr(0, lost), [](char byte) { return (byte & 0x80) != 0; });
+  return atEnd && saysSo ? std::move(utf8) : std::move(decoded);
+}
+
 bool EndsWithBlankLine(std::u16string_view text) {
   return text.ends_with(u"\n\n") || text.ends_with(u"\n\r\n");
 }
@@ -35,7 +47,7 @@ bool EndsWithBlankLine(std::u16string_view text) {
 } // namespace
 
 TRegistryDocument::TRegistryDocument(std::string_view bytes) {
-  quorvane::TDecodedText decoded = quorvane::Decode(bytes);
+  quorvane::TDecodedText decoded = DecodeCut(bytes);
   if (!IsExport(decoded.Text)) {
     damaged_ = true;
     return;
@@ -137,7 +149,23 @@ void TRegistryDocument::Write(const TRegistryKeyWrites& writes) {
     changes.push_back(AddedTo(sections.back(), newLines));
   if (sections.empty() && (!newLines.empty() || !HasKey(writes.Key)))
     changes.push_back(AddedKey(writes.Key, newLines));
+  HideCutValue(changes);
   Apply(std::move(changes));
+}
+
+// A value in the middle of which the file ends would be whole, but another, with a line end behind it.
+void TRegistryDocument::HideCutValue(std::vector<TChange>& changes) const {
+  if (sections_.empty() || changes.empty() || changes.back().Begin != text_.size())
+    return;
+  std::optional<std::size_t> cut;
+  ForEachValue(sections_.back(), [&cut](const TRegistryValueLine& line) {
+    if (line.Cut)
+      cut = line.DataBegin;
+  });
+  if (!cut || std::ranges::find(changes, *cut, &TChange::Begin) != changes.end())
+    return;
+  const std::size_t line = text_.rfind(u'\n', *cut) + 1;
+  changes.push_back({line, line, u";"});
 }
 
 // Behind the last line of the section that is not blank.
@@ -166,7 +194,7 @@ TRegistryDocument::TChange TRegistryDocument::AddedKey(std::u16string_view key,
   if (!text_.empty() && !text_.ends_with(u'\n'))
     added.append(LineEnd());
   if (IsBlankLine(text_))
-    added.append(header).append(LineEnd());
+    added.append(RegistryHeader).append(LineEnd());
   if (!EndsWithBlankLine(text_))
     added.append(LineEnd());
   added.append(u"[").append(Spelled(key)).append(u"]").append(LineEnd());
@@ -178,7 +206,7 @@ TRegistryDocument::TChange TRegistryDocument::AddedKey(std::u16string_view key,
 void TRegistryDocument::Apply(std::vector<TChange> changes) {
   if (changes.empty())
     return;
-  std::ranges::sort(changes, {}, &TChange::Begin);
+  std::ranges::stable_sort(changes, {}, &TChange::Begin); // a value at the end of the file, then what is added
   std::u16string text;
   std::size_t begin = 0;
   for (const TChange& change : changes) {

@@ -32,7 +32,8 @@ struct TRegistryKeyWrites {
 //
 // Writing changes the text that stands for the written values and nothing else: comments, other values, lines that are
 // no part of the syntax, encoding and line ends stay as they are. A value that is new goes to the end of its key, a key
-// that is new to the end of the file. A new file is UTF-8 with LF.
+// that is new to the end of the file. A new file is UTF-8 with LF. A damaged value that ends the file becomes a comment
+// when something is written behind it: nobody knows how it would have gone on.
 class TRegistryDocument {
 public:
   // Without keys: what a user has who has never saved anything.
@@ -81,6 +82,9 @@ private:
   template <class TVisit> void ForEachValue(const TSection& section, TVisit visit) const;
 
   void Apply(std::vector<TChange> changes);
+  // Adds what makes a cut value at the end of the file a comment if the last of `changes`, which come in the order of
+  // their calls, is written behind it.
+  void HideCutValue(std::vector<TChange>& changes) const;
   TChange AddedTo(const TSection& section, const std::vector<std::u16string>& lines) const;
   TChange AddedKey(std::u16string_view key, const std::vector<std::u16string>& lines) const;
   std::u16string_view LineEnd() const;

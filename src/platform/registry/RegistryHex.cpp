@@ -4,6 +4,7 @@
 #include "platform/registry/RegistryText.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace platform {
 namespace {
@@ -25,7 +26,7 @@ std::u16string_view ListIn(std::u16string_view line) {
 
 } // namespace
 
-std::optional<std::u16string> TextOfHex(std::u16string_view list) {
+std::optional<THexText> TextOfHex(std::u16string_view list) {
   std::u16string content;
   unsigned digits = 0; // of the unit that is being read
   unsigned unit = 0;
@@ -44,19 +45,19 @@ std::optional<std::u16string> TextOfHex(std::u16string_view list) {
   }
   if (digits != 0)
     return std::nullopt;
-  if (content.ends_with(u'\0'))
+  const bool closed = content.ends_with(u'\0');
+  if (closed)
     content.pop_back();
-  return content;
+  return THexText{std::move(content), closed};
 }
 
 std::u16string HexOfText(std::u16string_view content) {
-  static constexpr std::u16string_view digits = u"0123456789abcdef";
   std::u16string list;
   const auto add = [&list](unsigned byte) {
     if (!list.empty())
       list += u',';
-    list += digits[byte / 16];
-    list += digits[byte % 16];
+    list += HexDigits[byte / 16];
+    list += HexDigits[byte % 16];
   };
   const auto addUnit = [&add](char16_t unit) {
     add(unit % 256U);

@@ -9,9 +9,14 @@
 
 namespace platform {
 
-// The text that `list`, the part behind the colon with all its lines, holds in UTF-16; one zero at its end is taken
-// off. None if the list is damaged.
-std::optional<std::u16string> TextOfHex(std::u16string_view list);
+// The text that a list of bytes holds.
+struct THexText {
+  std::u16string Content;
+  bool Closed; // there was a zero at its end, which is taken off
+};
+
+// The text that `list`, the part behind the colon with all its lines, holds in UTF-16. None if the list is damaged.
+std::optional<THexText> TextOfHex(std::u16string_view list);
 
 // `content` as such a list, with a zero at its end, in one line.
 std::u16string HexOfText(std::u16string_view content);

@@ -96,10 +96,9 @@ std::u16string Quoted(std::u16string_view content) {
 }
 
 std::u16string FormatNumber(std::uint32_t number) {
-  static constexpr std::u16string_view digits = u"0123456789abcdef";
   std::u16string line(mostDigits, u'0');
   for (auto digit = line.rbegin(); number != 0; ++digit, number /= 16)
-    *digit = digits[number % 16];
+    *digit = HexDigits[number % 16];
   line.insert(0, numberWord);
   return line;
 }
@@ -109,6 +108,17 @@ bool MayBeCut(std::u16string_view text, std::size_t begin, std::size_t length) {
   return begin + length == text.size() && length < numberWord.size() + mostDigits;
 }
 
+// Reads a list of bytes that is a text.
+void ParseHexText(std::u16string_view list, bool endsFile, TRegistryValueLine& result) {
+  std::optional<THexText> text = TextOfHex(list);
+  if (!text)
+    return;
+  const bool whole = text->Closed || !(endsFile || list.ends_with(u'\\'));
+  if (whole)
+    result.Value = std::move(text->Content);
+  result.Cut = !whole && endsFile;
+}
+
 // Reads what is written at `result.DataBegin`, where the line goes on as `line`.
 void ParseData(std::u16string_view text, std::u16string_view line, TRegistryValueLine& result) {
   result.DataEnd = result.DataBegin + WithoutTrailingBlanks(line).size();
@@ -116,8 +126,7 @@ void ParseData(std::u16string_view text, std::u16string_view line, TRegistryValu
     result.DataEnd = EndOfHex(text, result.DataBegin);
     const std::u16string_view data = text.substr(result.DataBegin, result.DataEnd - result.DataBegin);
     if (StartsWithName(data, hexTextWord))
-      if (std::optional<std::u16string> content = TextOfHex(data.substr(hexTextWord.size())))
-        result.Value = std::move(*content);
+      ParseHexText(data.substr(hexTextWord.size()), result.DataEnd == text.size(), result);
     return;
   }
   const auto take = [&](std::size_t length) {
@@ -132,7 +141,8 @@ void ParseData(std::u16string_view text, std::u16string_view line, TRegistryValu
     if (take(content->Length))
       result.Value = std::move(content->Content);
   } else if (const std::optional<TPart<std::uint32_t>> number = ParseNumber(line)) {
-    if (!MayBeCut(text, result.DataBegin, number->Length) && take(number->Length))
+    result.Cut = MayBeCut(text, result.DataBegin, number->Length);
+    if (!result.Cut && take(number->Length))
       result.Value = number->Content;
   }
 }
@@ -164,7 +174,7 @@ bool IsBlankLine(std::u16string_view line) {
 
 bool IsHeaderLine(std::u16string_view line) {
   line = WithoutTrailingBlanks(WithoutLeadingBlanks(line));
-  return SameName(line, u"Windows Registry Editor Version 5.00") || SameName(line, u"REGEDIT4");
+  return SameName(line, RegistryHeader) || SameName(line, u"REGEDIT4");
 }
 
 std::optional<TRegistryKeyLine> ParseKeyLine(std::u16string_view line) {
@@ -180,6 +190,12 @@ std::optional<TRegistryKeyLine> ParseKeyLine(std::u16string_view line) {
   result.Deleted = line[1] == u'-';
   result.Path = line.substr(0, end).substr(result.Deleted ? 2 : 1);
   return result;
+}
+
+bool IsKeyPath(std::u16string_view path) {
+  const std::u16string line = u'[' + std::u16string(path) + u']';
+  const std::optional<TRegistryKeyLine> key = ParseKeyLine(line);
+  return !HasControls(path) && !key->Deleted && key->Path == path;
 }
 
 std::optional<TRegistryValueLine> ParseValueLine(std::u16string_view text, std::size_t begin) {

@@ -15,8 +15,9 @@
 //   ; a comment
 //
 // Blanks count nowhere but in names and texts, the case of words and digits nowhere at all. A comment may also follow
-// a key or a value. A text that its line does not close is damaged; so is a number of fewer than eight digits that ends
-// with the file, in the middle of which the file may have been cut.
+// a key or a value. A text that its line does not close is damaged. So is what ends with the file, without a line end,
+// where the file may have been cut in the middle of it: a number of fewer than eight digits, or a list of bytes that
+// lacks the zero at its end. Such a list is damaged anywhere if it should go on and does not.
 #pragma once
 
 #include <cstddef>
@@ -27,6 +28,12 @@
 #include <variant>
 
 namespace platform {
+
+// The first line of a file of ours.
+inline constexpr std::u16string_view RegistryHeader = u"Windows Registry Editor Version 5.00";
+
+// The digits as they are written.
+inline constexpr std::u16string_view HexDigits = u"0123456789abcdef";
 
 // What a value holds: a number or a text, or nothing if it is damaged or of a type that settings have no use for.
 using TRegistryValue = std::variant<std::monostate, std::uint32_t, std::u16string>;
@@ -55,11 +62,15 @@ struct TRegistryKeyLine {
 // What `line` says of a key; none if it does not begin with a bracket.
 std::optional<TRegistryKeyLine> ParseKeyLine(std::u16string_view line);
 
+// Whether a line can hold a key of this path, from the root's name on, so that it is read as it was written.
+bool IsKeyPath(std::u16string_view path);
+
 // A line that begins with a name and an equals sign, with those in which its value goes on.
 struct TRegistryValueLine {
   std::u16string Name; // without quotes and escapes; empty for the default value
   TRegistryValue Value;
   bool Deleted = false;      // there is "-" in place of a value
+  bool Cut = false;          // it is damaged only because the file ends there; a line end would make it readable
   std::size_t DataBegin = 0; // the indexes in the text, from 0, between which the value is written;
   std::size_t DataEnd = 0;   // blanks and comments around it lie outside
 };

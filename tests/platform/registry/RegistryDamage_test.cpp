@@ -11,6 +11,28 @@
 namespace platform {
 namespace {
 
+const std::string wholeFile = TestFile("\"number\"=dword:00ccffcc\n\"text\"=\"C:\\\\a \\\"b\\\" \u00e4\u20ac\"\n"
+                                       "\"lines\"=hex(1):61,00,0a,00,\\\n  62,00,63,00,00,00\n"
+                                       "\"list\"=hex(1):61,00,00,00\n\"number2\"=dword:00000102");
+
+// Cuts the file at every place.
+template <class TVisit> void ForEachCut(TVisit visit) {
+  for (std::size_t size = 0; size < wholeFile.size(); ++size) {
+    SCOPED_TRACE("cut to " + std::to_string(size) + " bytes");
+    visit(std::string_view(wholeFile).substr(0, size));
+  }
+}
+
+// Each value is that of the whole file, or cannot be read.
+void ExpectNoOthers(const TRegistryDocument& document) {
+  const TRegistryDocument whole(wholeFile);
+  for (const auto& [name, value] : document.Values(testKey)) {
+    if (value != TRegistryValue() && name != u"new") {
+      EXPECT_EQ(value, ValueOf(whole, name)) << Utf8(name);
+    }
+  }
+}
+
 TEST(RegistryDamage, AnEmptyFileIsAFreshUser) {
   for (const char* bytes : {"", "\n", " \r\n\r\n", "\xEF\xBB\xBF", "\xFF\xFE"}) {
     const TRegistryDocument document{std::string_view(bytes)};
@@ -61,17 +83,35 @@ TEST(RegistryDamage, BytesThatAreNoTextInTheMarkedEncodingAreTold) {
 }
 
 TEST(RegistryDamage, WhereverAFileIsCutEachValueIsRightOrCannotBeRead) {
-  const std::string file =
-      TestFile("\"number\"=dword:00ccffcc\n\"text\"=\"C:\\\\a \\\"b\\\"\"\n\"number2\"=dword:00000102");
-  for (std::size_t size = 0; size < file.size(); ++size) {
-    const TRegistryValues values = TRegistryDocument(std::string_view(file).substr(0, size)).Values(testKey);
-    for (const auto& [name, value] : values) {
-      if (value == TRegistryValue())
-        continue;
-      const TRegistryValue whole = ValueOf(TRegistryDocument(file), name);
-      EXPECT_EQ(value, whole) << "cut to " << size << " bytes";
+  ForEachCut([](std::string_view bytes) { ExpectNoOthers(TRegistryDocument(bytes)); });
+}
+
+TEST(RegistryDamage, WhatIsWrittenBehindACutDoesNotMakeItsValueReadable) {
+  ForEachCut([](std::string_view bytes) {
+    for (const std::u16string& key : {testKey, std::u16string(u"HKEY_CURRENT_USER\\Other")}) {
+      const TRegistryDocument written(Written(bytes, {{u"new", 1U}}, key));
+      EXPECT_EQ(ValueOf(written, u"new", key), TRegistryValue(1U));
+      ExpectNoOthers(written);
     }
-  }
+  });
+}
+
+TEST(RegistryDamage, ACutValueBecomesACommentWhenSomethingIsWrittenBehindIt) {
+  const std::string added = "\n\"b\"=dword:00000001\n";
+  for (const char* cut : {"\"a\"=dword:0000002", "\"a\"=hex(1):61,00", "\"a\"=hex(1):61,00,\\\n  62,00"})
+    EXPECT_EQ(Written(TestFile(cut), {{u"b", 1U}}), TestFile(";" + std::string(cut) + added));
+  for (const char* whole : {"\"a\"=dword:00000002", "\"a\"=hex:61,00", "\"a\"=\"cut", "\"a\"=dword:2 "})
+    EXPECT_EQ(Written(TestFile(whole), {{u"b", 1U}}), TestFile(whole + added));
+}
+
+TEST(RegistryDamage, ACutValueIsWrittenOver) {
+  EXPECT_EQ(Written(TestFile("\"a\"=dword:0000002"), {{u"b", 1U}, {u"a", 3U}}),
+            TestFile("\"a\"=dword:00000003\n\"b\"=dword:00000001\n"));
+}
+
+TEST(RegistryDamage, ACutValueStaysAsLongAsNothingIsWrittenBehindIt) {
+  EXPECT_EQ(Written(TestFile("\"b\"=dword:00000001\n\"a\"=dword:0000002"), {{u"b", 3U}}),
+            TestFile("\"b\"=dword:00000003\n\"a\"=dword:0000002"));
 }
 
 TEST(RegistryDamage, LargeFilesAreReadInLinearTime) {

@@ -81,6 +81,22 @@ TEST(RegistryText, TakesAShortNumberAtTheEndOfTheFileForACutOne) {
   EXPECT_EQ(ParseValueLine(u"\"x\"=dword:00ccff\n", 0)->Value, TRegistryValue(0xccffU));
 }
 
+TEST(RegistryText, TakesAListWithoutItsZeroAtTheEndOfTheFileForACutOne) {
+  EXPECT_EQ(ParseValueLine(u"\"x\"=hex(1):61,00", 0)->Value, TRegistryValue());
+  EXPECT_EQ(ParseValueLine(u"\"x\"=hex(1):61,00\n", 0)->Value, TRegistryValue(u"a"));
+  EXPECT_EQ(ParseValueLine(u"\"x\"=hex(1):61,00,00,00", 0)->Value, TRegistryValue(u"a"));
+  EXPECT_EQ(ParseValueLine(u"\"x\"=hex(1):61,00,\\\n", 0)->Value, TRegistryValue()) << "it should go on";
+}
+
+TEST(RegistryText, KnowsWhichPathsALineCanHold) {
+  for (const char16_t* path : {u"HKEY_CURRENT_USER\\a", u"HKEY_CURRENT_USER\\a]", u"HKEY_CURRENT_USER\\a] b;",
+                               u"HKEY_CURRENT_USER\\a;b", u"HKEY_CURRENT_USER\\[a] "})
+    EXPECT_TRUE(IsKeyPath(path)) << Utf8(path);
+  for (const char16_t* path :
+       {u"HKEY_CURRENT_USER\\a];b", u"HKEY_CURRENT_USER\\a] ;b", u"HKEY_CURRENT_USER\\a\nb", u"-a"})
+    EXPECT_FALSE(IsKeyPath(path)) << Utf8(path);
+}
+
 TEST(RegistryText, ReadsNames) {
   EXPECT_EQ(ParseValueLine(u"@=\"x\"", 0)->Name, u"");
   EXPECT_EQ(ParseValueLine(u"\"\"=\"x\"", 0)->Name, u"");

@@ -1,0 +1,8 @@
+// SPDX-License-Identifier: MIT
+#include "platform/FileError.h"
+
+namespace platform {
+
+EFileError::~EFileError() = default;
+
+} // namespace platform
