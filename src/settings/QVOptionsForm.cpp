@@ -38,7 +38,7 @@ constexpr QSize kDesignedSize(520, 416); // with fonts of the usual size
 constexpr QSize kButtonSize(75, 25);
 constexpr int kBottomHeight = 37;
 
-// Assertions name the line that they have always had, which users and their reports know.
+// The lines that the assertions name. They are fixed and do not follow this file: intended.
 constexpr unsigned kNoMainForm = 293;
 constexpr unsigned kNoToolsMenu = 295;
 constexpr unsigned kNoGalleryItem = 297;
