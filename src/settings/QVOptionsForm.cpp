@@ -3,7 +3,6 @@
 
 #include "editor/QVEditorProxy.h"
 #include "host/QVIDEHackUtils.h"
-#include "host/QVImages.h"
 #include "platform/Actions.h"
 #include "platform/Application.h"
 #include "platform/Component.h"
