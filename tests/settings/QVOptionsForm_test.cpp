@@ -4,8 +4,11 @@
 
 #include "platform/Errors.h"
 #include "settings/model/QVOptionTable.h"
+#include "settings/QVTemplateEditor.h"
 #include "support/EnvironmentVariable.h"
 #include "support/LowerRights.h"
+
+#include <QWindow>
 
 #include <ostream>
 #include <sstream>
@@ -410,6 +413,27 @@ TEST_F(QVOptionsFormTest, AStartThatFailsSavesNothing) {
   platform::Application().SetMainForm(nullptr);
   StartAssertion();
   EXPECT_EQ(Stored(), "");
+}
+
+TEST_F(QVOptionsFormTest, EditShowsTheTemplateEditorAboveTheDialog) {
+  StartQVTemplateEditor();
+  StartQVOptions();
+  OpenAndCancel([] {
+    const support::ModalAnswer<TQVTemplateEditorForm> answer([](TQVTemplateEditorForm& form) {
+      EXPECT_EQ(&form, QVTemplateEditorForm);
+      EXPECT_EQ(form.windowHandle()->transientParent(), QVOptionsForm->windowHandle());
+      form.reject();
+    });
+    Button("EditTemplatesBtn").click();
+    EXPECT_TRUE(QVOptionsForm->isVisible());
+  });
+  StopQVOptions();
+  StopQVTemplateEditor();
+}
+
+TEST_F(QVOptionsFormTest, EditWithoutATemplateEditorDoesNothing) {
+  StartQVOptions();
+  OpenAndCancel([] { Button("EditTemplatesBtn").click(); });
 }
 
 TEST_F(QVOptionsFormTest, AFolderThatCannotBeWrittenIsReportedAtTheStop) {
