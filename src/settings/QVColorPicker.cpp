@@ -11,9 +11,9 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionToolButton>
+#include <QTimerEvent>
 
 #include <algorithm>
-#include <utility>
 
 namespace quorvane {
 
@@ -26,11 +26,15 @@ constexpr int kSwatchHeight = 5; // below a glyph
 constexpr int kGap = 1;          // between glyph and swatch
 constexpr int kGlyphSize = 12;
 
+// How long after the loss of the focus the press that caused it may arrive; less than people need for another one.
+constexpr int kDismissalMs = 200;
+
 } // namespace
 
 TColorBtn::TColorBtn(QWidget* parent)
     : QAbstractButton(parent), autoBtnCaption_(QStringLiteral("Automatic")),
-      otherBtnCaption_(QStringLiteral("&Other colors...")), regKey_(QStringLiteral("Pelinor")) {
+      otherBtnCaption_(QStringLiteral("&Other colors...")), regKey_(QStringLiteral("Pelinor")),
+      paletteType_(TColPickDlg::UsualType()) {
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
   setAttribute(Qt::WA_Hover);
@@ -71,7 +75,7 @@ void TColorBtn::SetDDArrowWidth(quint8 width) {
 }
 
 TColPickDlg* TColorBtn::Palette() const {
-  return palette_ && palette_->isVisible() ? palette_.data() : nullptr;
+  return palette_ && !palette_->IsClosed() ? palette_.data() : nullptr;
 }
 
 void TColorBtn::ReadReg() const {
@@ -90,11 +94,12 @@ void TColorBtn::DropDown() {
   ReadReg();
   if (BeforeDropDown) {
     const QPointer<TColorBtn> alive(this);
-    platform::Guarded(BeforeDropDown);
+    const auto beforeDropDown = BeforeDropDown; // outlives the button
+    platform::Guarded(beforeDropDown);
     if (!alive)
       return;
   }
-  palette_ = new TColPickDlg(this);
+  palette_ = new TColPickDlg(this, paletteType_);
   TColorPicker& picker = palette_->Picker();
   picker.SetAutoBtnCaption(autoBtnCaption_);
   picker.SetOtherBtnCaption(otherBtnCaption_);
@@ -116,7 +121,8 @@ void TColorBtn::Accept(TColor color, bool automatic) {
 }
 
 void TColorBtn::PaletteLostFocus() {
-  dismissing_ = underMouse();
+  if (underMouse())
+    dismissal_.start(kDismissalMs, this);
 }
 
 void TColorBtn::PaletteClosed(bool hadFocus) {
@@ -154,16 +160,26 @@ void TColorBtn::keyPressEvent(QKeyEvent* event) {
 }
 
 void TColorBtn::leaveEvent(QEvent* event) {
-  dismissing_ = false;
+  dismissal_.stop();
   QAbstractButton::leaveEvent(event);
 }
 
 void TColorBtn::mousePressEvent(QMouseEvent* event) {
-  if (std::exchange(dismissing_, false)) {
-    event->accept();
-    return;
-  }
-  QAbstractButton::mousePressEvent(event);
+  const bool dismisses = dismissal_.isActive();
+  dismissal_.stop();
+  // Closed at the press: at the release the palette may be gone already, for it loses the focus to this window.
+  if (Palette() != nullptr)
+    palette_->close();
+  else if (!dismisses)
+    return QAbstractButton::mousePressEvent(event);
+  event->accept();
+}
+
+void TColorBtn::timerEvent(QTimerEvent* event) {
+  if (event->timerId() == dismissal_.timerId())
+    dismissal_.stop();
+  else
+    QAbstractButton::timerEvent(event);
 }
 
 void TColorBtn::Describe() {

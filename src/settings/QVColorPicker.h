@@ -9,6 +9,7 @@
 #include "settings/QVColorPickerDrawing.h"
 
 #include <QAbstractButton>
+#include <QBasicTimer>
 #include <QIcon>
 #include <QPointer>
 
@@ -19,7 +20,7 @@ namespace quorvane {
 class TColPickDlg;
 
 // A button with a swatch of its colour, a glyph that tells what the colour is for, and an arrow. A click anywhere on it
-// opens the palette, as do Space, Down and Alt+Down; a click while it is open closes it.
+// opens the palette, as do Space, Down and Alt+Down; a press of the mouse while it is open closes it.
 //
 // The hint and the accessible description are the colour, kept up to date; whoever uses the button gives it its
 // accessible name.
@@ -42,7 +43,7 @@ public:
   ~TColorBtn() override;
 
   // Called before the palette opens, with the user's colours already read; and after a colour was picked. What they
-  // throw goes to the application's exception handling. OnClick may destroy the button.
+  // throw goes to the application's exception handling. Both may destroy the button.
   std::function<void()> BeforeDropDown;
   std::function<void()> OnClick;
 
@@ -80,9 +81,12 @@ public:
   quint8 DDArrowWidth() const { return arrowWidth_; }
   void SetDDArrowWidth(quint8 width);
 
-  // Opens the palette, as a click does.
+  // What kind of window the palette opens as, TColPickDlg::UsualType() at first.
+  void SetPaletteType(Qt::WindowType type) { paletteType_ = type; }
+
+  // Opens the palette, as a click does; closes it if it is open.
   void DropDown();
-  // The palette while it is open, else null.
+  // The palette while it is open, be it hidden beneath the system's colour dialog; else null.
   TColPickDlg* Palette() const;
 
   // Read and write the colours of the user, which all buttons share, below RegKey.
@@ -92,8 +96,10 @@ public:
   // For the palette: takes over the colour that was picked in it, writes the user's colours and tells OnClick.
   void Accept(platform::TColor color, bool automatic);
   // For the palette: it is about to close because something else is active now. If that comes from a press on this
-  // button, the press is not to open the palette again.
+  // button, which arrives within a moment, the press is not to open the palette again.
   void PaletteLostFocus();
+  // Whether such a press may still arrive.
+  bool AwaitsDismissal() const { return dismissal_.isActive(); }
   // For the palette: it is closed, so the button is drawn raised again. If the palette had the focus until now, the
   // button's window gets it back.
   void PaletteClosed(bool hadFocus);
@@ -108,6 +114,7 @@ protected:
   void leaveEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
 
 private:
   void Describe();
@@ -127,7 +134,8 @@ private:
   bool flat_ = false;
   bool dropDownFlat_ = true;
   bool isAutomatic_ = false;
-  bool dismissing_ = false; // the mouse press that took the focus from the palette has yet to arrive
+  Qt::WindowType paletteType_;
+  QBasicTimer dismissal_; // runs while the press that took the focus from the palette may still arrive
   QPointer<TColPickDlg> palette_;
 };
 

@@ -27,7 +27,8 @@ extern TUserColors UserColors;
 
 // Fills UserColors from the registry, from the values "ColorA" to "ColorP" of the key "SoftWare" and then `regKey`
 // below HKEY_CURRENT_USER. Creates no key: without it all colours are white, as is each one whose value is missing, not
-// a text, or not a hexadecimal number of at most 24 bits. Never throws for what stands in the registry.
+// a text, or not a hexadecimal number of at most 24 bits: a colour has no more, and what has more is none. Never throws
+// for what stands in the registry.
 void ReadUserColors(const QString& regKey);
 // Writes UserColors there, creating the keys: each the six upper-case hexadecimal digits of blue, green and red. What
 // cannot be written throws as platform::TRegistry says.

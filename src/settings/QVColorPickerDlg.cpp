@@ -5,9 +5,9 @@
 #include "settings/QVColorPickerCell.h"
 #include "settings/QVColorPickerPanel.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QColorDialog>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -130,6 +130,10 @@ void TColPickDlg::closeEvent(QCloseEvent* event) {
   if (std::exchange(closed_, true))
     return;
   const bool wasActive = isActiveWindow();
+  if (colorDialog_) {
+    colorDialog_->disconnect(this);
+    colorDialog_->close();
+  }
   hide();
   if (button_)
     button_->PaletteClosed(wasActive);
@@ -156,6 +160,8 @@ void TColPickDlg::AskColor(TColor preset, std::function<void(TColor)> accept) {
     if (hides)
       show();
     TakeFocus();
+    if (QApplication::activeWindow() == this) // and has been so all the time; else it will be told
+      keepsOpen_ = false;
   });
   if (hides)
     hide();

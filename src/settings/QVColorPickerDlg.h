@@ -28,10 +28,12 @@ public:
   // Qt::Popup on Wayland, Qt::Tool elsewhere.
   static Qt::WindowType UsualType();
 
-  explicit TColPickDlg(TColorBtn* button, Qt::WindowType type = UsualType());
+  TColPickDlg(TColorBtn* button, Qt::WindowType type);
   ~TColPickDlg() override;
 
   TColorPicker& Picker() const { return *picker_; }
+  // Whether it has been closed and is about to free itself. One that is hidden beneath the colour dialog has not.
+  bool IsClosed() const { return closed_; }
 
   // Shows the palette below `button`, or above it when the screen ends, for the choice of its colour.
   void Drop(TColorBtn& button);

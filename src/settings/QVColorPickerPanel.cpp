@@ -120,6 +120,7 @@ void TColorPicker::SetFlat(bool flat) {
 }
 
 void TColorPicker::Begin(TColor color, bool automatic) {
+  pickedCell_ = nullptr;
   pickedColor_ = color;
   automatic_ = automatic;
   TColBtn& cell = CellOf(color);
@@ -139,6 +140,7 @@ TColBtn& TColorPicker::CellOf(TColor color) {
 }
 
 void TColorPicker::Pick(const TColBtn& cell) {
+  pickedCell_ = &cell;
   pickedColor_ = cell.ActiveColor();
   automatic_ = cell.Tag() == AutomaticTag;
 }
@@ -153,9 +155,11 @@ void TColorPicker::BtnClick(TColBtn& cell) {
 void TColorPicker::BtnRClick(TColBtn& cell) {
   if (!OnAskColor)
     return;
-  OnAskColor(cell.ActiveColor(), [&cell](TColor color) {
+  OnAskColor(cell.ActiveColor(), [this, &cell](TColor color) {
     cell.SetActiveColor(color);
     UserColors.at(static_cast<std::size_t>(cell.Tag())) = color;
+    if (pickedCell_ == &cell)
+      Pick(cell);
   });
 }
 
@@ -169,9 +173,12 @@ void TColorPicker::OtherBtnClick() {
 }
 
 bool TColorPicker::HandleKey(const QKeyEvent& event) {
-  if (QKeySequence(event.keyCombination()) == otherBtn_->shortcut()) {
-    otherBtn_->click();
-    return true;
+  for (TColBtn* button : {autoBtn_, otherBtn_}) {
+    const QKeySequence mnemonic = button->shortcut();
+    if (!mnemonic.isEmpty() && mnemonic == QKeySequence(event.keyCombination())) {
+      button->click();
+      return true;
+    }
   }
   switch (event.key()) {
   case Qt::Key_Left:

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <utility>
 #include <vector>
 
 namespace quorvane {
@@ -18,7 +19,10 @@ class TColBtn;
 // that asks for one. The panel knows which colour has been picked last; the palette, which is its parent, decides what
 // becomes of it: a click on a cell sends the palette the Enter key.
 //
-// One cell has the focus. Moving it with the keys picks the colour of the cell that it comes to.
+// One cell has the focus. Moving it with the keys picks the colour of the cell that it comes to, and so does giving
+// that cell another colour then: what Enter accepts is what the focus shows. Asking for any other colour moves the
+// focus to the spare swatch as the keys would. The choice is accepted by a click on the swatch; this is how Space and
+// Enter do it.
 class TColorPicker final : public QFrame {
   Q_OBJECT
   Q_PROPERTY(QString AutoBtnCaption READ AutoBtnCaption WRITE SetAutoBtnCaption)
@@ -95,6 +99,7 @@ private:
   TColBtn* otherBtn_ = nullptr;
   std::vector<TRow> rows_; // as they stand under each other
   TColBtn* focusCell_ = nullptr;
+  const TColBtn* pickedCell_ = nullptr; // whose colour is the picked one; null if it is the one that all began with
   platform::TColor pickedColor_ = platform::clBlack;
   bool automatic_ = false;
   bool flat_ = false;

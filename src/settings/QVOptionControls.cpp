@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "settings/QVOptionControls.h"
 
+#include "platform/Color.h"
 #include "platform/Errors.h"
+#include "settings/model/QVOptions.h"
 #include "settings/QVColorPicker.h"
 #include "settings/QVHotKey.h"
 #include "settings/QVRadioGroup.h"
@@ -10,9 +12,14 @@
 #include <QLineEdit>
 #include <QSpinBox>
 
+#include <type_traits>
+
 namespace quorvane {
 
 namespace {
+
+// The options are a leaf that does not include the platform's name of the type.
+static_assert(std::is_same_v<TColor, platform::TColor>);
 
 template <class TControl> TControl& ControlOf(const TQVOptionRow& row, const QWidget& form) {
   auto* const control = form.findChild<TControl*>(ControlName(row.Option));

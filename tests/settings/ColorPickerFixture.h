@@ -9,6 +9,7 @@
 #include "settings/QVColorPickerColors.h"
 #include "settings/QVColorPickerDlg.h"
 #include "settings/QVColorPickerPanel.h"
+#include "support/EnvironmentVariable.h"
 #include "support/ModalAnswer.h"
 #include "support/PrintQt.h"
 #include "support/Wait.h"
@@ -16,11 +17,13 @@
 #include <gtest/gtest.h>
 
 #include <QColorDialog>
+#include <QFile>
 #include <QPointer>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace quorvane {
@@ -29,9 +32,7 @@ namespace quorvane {
 // fails the test, unless the test takes it.
 class RegistryTest : public testing::Test {
 protected:
-  RegistryTest()
-      : configHome_(qgetenv("XDG_CONFIG_HOME")), hadConfigHome_(qEnvironmentVariableIsSet("XDG_CONFIG_HOME")) {
-    qputenv("XDG_CONFIG_HOME", Folder.path().toLocal8Bit());
+  RegistryTest() : configHome_("XDG_CONFIG_HOME", QFile::encodeName(Folder.path())) {
     UserColors.fill(platform::clWhite);
     platform::Application().SetReporter(
         [this](const QString& message, int) { reported_.push_back(message.toStdString()); });
@@ -39,10 +40,6 @@ protected:
   ~RegistryTest() override {
     EXPECT_EQ(TakeReported(), std::vector<std::string>{});
     platform::Application().SetReporter(nullptr);
-    if (hadConfigHome_)
-      qputenv("XDG_CONFIG_HOME", configHome_);
-    else
-      qunsetenv("XDG_CONFIG_HOME");
   }
 
   // The messages of the exceptions since the start or the last call.
@@ -68,8 +65,7 @@ protected:
   QTemporaryDir Folder;
 
 private:
-  QByteArray configHome_;
-  bool hadConfigHome_;
+  support::EnvironmentVariable configHome_;
   std::vector<std::string> reported_;
 };
 

@@ -21,6 +21,7 @@ protected:
   template <class TAct> void Answer(TAct&& act, const std::function<void(QColorDialog&)>& answer) {
     bool answered = false;
     const support::ModalAnswer<QColorDialog> given([&](QColorDialog& dialog) {
+      EXPECT_TRUE(support::waitUntil([&] { return dialog.isActiveWindow(); })); // nobody answers sooner
       answered = true;
       answer(dialog);
     });
@@ -163,7 +164,11 @@ TEST_F(QVColorPickerDlg, ALeftPressThatIsReleasedElsewhereChoosesNothing) {
 TEST_F(QVColorPickerDlg, OnClickMayDestroyTheButton) {
   auto* const button = new TColorBtn(&Window);
   button->setGeometry(100, 20, 44, 24);
-  button->OnClick = [button] { delete button; };
+  bool returned = false;
+  button->OnClick = [button, &returned] {
+    delete button;
+    returned = true; // what the function holds is still there
+  };
   Show();
   button->show();
   QTest::mouseClick(button, Qt::LeftButton);
@@ -171,6 +176,7 @@ TEST_F(QVColorPickerDlg, OnClickMayDestroyTheButton) {
   ASSERT_TRUE(palette);
   QTest::mouseClick(&palette->Picker().FixedBtn(20), Qt::LeftButton);
   EXPECT_FALSE(palette);
+  EXPECT_TRUE(returned);
 }
 
 TEST_F(QVColorPickerDlg, DiesWithItsButton) {
@@ -357,6 +363,17 @@ TEST_F(QVColorPickerDlg, TheMenuKeyChangesAUsersColourToo) {
   EXPECT_EQ(UserColors.at(0), 0x060504);
 }
 
+TEST_F(QVColorPickerDlg, EnterAcceptsTheNewColourOfAUsersCellThatWasPickedByKey) {
+  Open();
+  Press(Qt::Key_Tab);
+  ASSERT_EQ(QApplication::focusWidget(), &Picker().UserBtn(0));
+  Answer([this] { Press(Qt::Key_Menu); }, [](QColorDialog& dialog) { Choose(dialog, QColor(1, 2, 3)); });
+  EXPECT_EQ(Picker().PickedColor(), 0x030201);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Button.ActiveColor(), 0x030201);
+  EXPECT_EQ(ReadText("Pelinor", "ColorA"), "030201");
+}
+
 TEST_F(QVColorPickerDlg, OtherColoursGoToTheSpareSwatchWhoseClickIsTheChoice) {
   Button.SetActiveColor(kUncommon);
   Open();
@@ -387,7 +404,6 @@ TEST_F(QVColorPickerDlg, StaysOpenBeneathTheColourDialog) {
   Open();
   Answer([this] { QTest::mouseClick(&Picker().OtherBtn(), Qt::LeftButton); },
          [this](QColorDialog& dialog) {
-           ASSERT_TRUE(support::waitUntil([&] { return dialog.isActiveWindow(); }));
            ASSERT_TRUE(Dialog);
            EXPECT_FALSE(Dialog->isActiveWindow());
            EXPECT_TRUE(Dialog->isVisible());
@@ -398,6 +414,20 @@ TEST_F(QVColorPickerDlg, StaysOpenBeneathTheColourDialog) {
   EXPECT_EQ(QApplication::focusWidget(), &Picker().FocusCell());
   ActivateOther();
   EXPECT_TRUE(IsGone()) << "the next loss of the focus counts again";
+}
+
+TEST_F(QVColorPickerDlg, MayBecomeActiveBeneathTheColourDialogAndStillClosesWhenItLosesTheFocusLater) {
+  Open();
+  Answer([this] { QTest::mouseClick(&Picker().OtherBtn(), Qt::LeftButton); },
+         [this](QColorDialog& dialog) {
+           Dialog->activateWindow();
+           ASSERT_TRUE(support::waitUntil([this] { return QApplication::activeWindow() == Dialog; }));
+           dialog.reject();
+         });
+  support::settle();
+  ASSERT_TRUE(Dialog && Dialog->isVisible());
+  ActivateOther();
+  EXPECT_TRUE(IsGone());
 }
 
 TEST_F(QVColorPickerDlg, MayDieBeneathTheColourDialog) {
@@ -447,12 +477,39 @@ TEST_F(QVColorPickerDlg, StaysOnTheScreen) {
 class QVColorPickerPopup : public QVColorPickerDlg {
 protected:
   void OpenPopup() {
-    Show();
-    Dialog = new TColPickDlg(&Button, Qt::Popup);
-    Dialog->Drop(Button);
+    Button.SetPaletteType(Qt::Popup);
+    Open();
     ASSERT_EQ(QApplication::activePopupWidget(), Dialog);
   }
+  // Opens the system's colour dialog, for which the palette hides.
+  QPointer<QColorDialog> AskColor() {
+    QTest::mouseClick(&Picker().OtherBtn(), Qt::LeftButton);
+    EXPECT_TRUE(support::waitUntil([] { return QApplication::activeModalWidget() != nullptr; }));
+    EXPECT_FALSE(Dialog->isVisible());
+    return qobject_cast<QColorDialog*>(QApplication::activeModalWidget());
+  }
 };
+
+TEST_F(QVColorPickerPopup, IsOpenWhileItIsHiddenBeneathTheColourDialog) {
+  OpenPopup();
+  const QPointer<QColorDialog> asked = AskColor();
+  ASSERT_TRUE(asked);
+  EXPECT_EQ(Button.Palette(), Dialog);
+  Button.DropDown();
+  EXPECT_TRUE(IsGone()) << "and there is no second one";
+  EXPECT_FALSE(asked);
+  EXPECT_EQ(Button.Palette(), nullptr);
+}
+
+TEST_F(QVColorPickerPopup, GoesWithTheColourDialogWhenTheButtonIsHidden) {
+  OpenPopup();
+  const QPointer<QColorDialog> asked = AskColor();
+  ASSERT_TRUE(asked);
+  Window.hide();
+  EXPECT_TRUE(IsGone());
+  EXPECT_FALSE(asked);
+  EXPECT_EQ(Clicks, 0);
+}
 
 TEST_F(QVColorPickerPopup, GivesWayToTheColourDialogAndComesBack) {
   OpenPopup();

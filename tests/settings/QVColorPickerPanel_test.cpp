@@ -57,6 +57,26 @@ TEST_F(QVColorPickerPanel, TakesCaptionsAndColourOfItsButtons) {
   EXPECT_EQ(Picker().AutoBtn().ActiveColor(), kUncommon);
 }
 
+TEST_F(QVColorPickerPanel, BothWideButtonsHaveTheirMnemonics) {
+  Button.SetAutoBtnCaption(QStringLiteral("&Automatic"));
+  Button.SetAutomaticColor(kUncommon);
+  Open();
+  Press(Qt::Key_A, Qt::AltModifier);
+  EXPECT_EQ(Button.ActiveColor(), kUncommon);
+  EXPECT_TRUE(Button.IsAutomatic());
+  EXPECT_TRUE(IsGone());
+}
+
+TEST_F(QVColorPickerPanel, AKeyWithoutACodeIsNoMnemonic) {
+  Button.SetOtherBtnCaption(QStringLiteral("More"));
+  Open();
+  QKeyEvent unknown(QEvent::KeyPress, 0, Qt::NoModifier);
+  EXPECT_FALSE(Picker().HandleKey(unknown));
+  support::settle();
+  EXPECT_TRUE(Dialog && Dialog->isVisible());
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
 TEST_F(QVColorPickerPanel, HasAllCellsFlatOrNone) {
   TColorPicker picker(&Window);
   for (const bool flat : {true, false}) {

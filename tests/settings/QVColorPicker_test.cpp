@@ -25,6 +25,20 @@ private:
   int count_ = 0;
 };
 
+// Calls a function when a widget is hidden.
+class OnHide : public QObject {
+public:
+  OnHide(QWidget& widget, std::function<void()> call) : call_(std::move(call)) { widget.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Hide)
+      call_();
+    return false;
+  }
+
+private:
+  std::function<void()> call_;
+};
+
 TEST_F(QVColorPicker, BeginsWithTheDesignedProperties) {
   const TColorBtn button;
   EXPECT_EQ(button.ActiveColor(), platform::clBlack);
@@ -62,6 +76,9 @@ TEST_F(QVColorPicker, PublishesItsPropertiesByName) {
   }
   EXPECT_EQ(Button.GlyphType(), gtLines);
   EXPECT_EQ(Button.ActiveColor(), kUncommon);
+  const QIcon glyph(QPixmap(12, 12)); // icons cannot be compared
+  EXPECT_TRUE(Button.setProperty("Glyph", glyph));
+  EXPECT_EQ(Button.property("Glyph").value<QIcon>().cacheKey(), glyph.cacheKey());
 }
 
 TEST_F(QVColorPicker, RepaintsOnlyWhenTheColourChanges) {
@@ -162,12 +179,34 @@ TEST_F(QVColorPicker, ThePressThatTakesTheFocusFromThePaletteDoesNotOpenItAgain)
   QTest::mouseMove(&Button);
   ASSERT_TRUE(support::waitUntil([this] { return Button.underMouse(); }));
   Open();
+  const OnHide press(*Dialog, [this] { QTest::mouseClick(&Button, Qt::LeftButton); });
   Window.activateWindow();
   ASSERT_TRUE(support::waitUntil([this] { return !Dialog; }));
-  QTest::mouseClick(&Button, Qt::LeftButton);
   EXPECT_EQ(Button.Palette(), nullptr);
   QTest::mouseClick(&Button, Qt::LeftButton);
   EXPECT_NE(Button.Palette(), nullptr) << "the next one does";
+}
+
+TEST_F(QVColorPicker, APressWhileThePaletteIsOpenDoesNotOpenItAgainHoweverLateThePaletteLosesTheFocus) {
+  Open();
+  QTest::mousePress(&Button, Qt::LeftButton);
+  Window.activateWindow();
+  ASSERT_TRUE(support::waitUntil([this] { return !Dialog; }));
+  QTest::mouseRelease(&Button, Qt::LeftButton);
+  EXPECT_EQ(Button.Palette(), nullptr);
+}
+
+TEST_F(QVColorPicker, OpensAtAClickAfterThePaletteLostTheFocusWithoutAPress) {
+  Show();
+  QTest::mouseMove(&Button);
+  ASSERT_TRUE(support::waitUntil([this] { return Button.underMouse(); }));
+  Open();
+  Window.activateWindow();
+  ASSERT_TRUE(support::waitUntil([this] { return !Dialog; }));
+  ASSERT_TRUE(support::waitUntil([this] { return !Button.AwaitsDismissal(); }));
+  EXPECT_TRUE(Button.underMouse());
+  QTest::mouseClick(&Button, Qt::LeftButton);
+  EXPECT_NE(Button.Palette(), nullptr);
 }
 
 TEST_F(QVColorPicker, WhatBeforeDropDownThrowsGoesToTheApplication) {
@@ -179,11 +218,16 @@ TEST_F(QVColorPicker, WhatBeforeDropDownThrowsGoesToTheApplication) {
 TEST_F(QVColorPicker, BeforeDropDownMayDestroyTheButton) {
   auto* const button = new TColorBtn(&Window);
   const QPointer<TColorBtn> alive(button);
-  button->BeforeDropDown = [button] { delete button; };
+  bool returned = false;
+  button->BeforeDropDown = [button, &returned] {
+    delete button;
+    returned = true; // what the function holds is still there
+  };
   Show();
   button->show();
   QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_FALSE(alive);
+  EXPECT_TRUE(returned);
 }
 
 TEST_F(QVColorPicker, TellsScreenReadersItsColour) {

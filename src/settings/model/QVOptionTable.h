@@ -23,10 +23,13 @@ enum class TQVOptionKind : std::uint8_t {
   Item,      // radio group: the index of its item from 0, -1 for none; an integer
   Spin,      // spin edit: an integer
   Flag,      // check box: a Boolean
-  Character, // edit, of which the first character counts: that character's code, an integer. Read, never written
+  Character, // edit, of which the first character counts: that character's code, an integer
   HotKey,    // hot-key control: the text of the shortcut, a string
-  Folder,    // no control: a string. Read, never written
+  Folder,    // no control: a string
 };
+
+// Whether an option goes back to the registry at the end, or changes only when the registry is edited.
+enum class TQVOptionSaving : std::uint8_t { Written, ReadOnly };
 
 enum class TQVRegistryType : std::uint8_t { Integer, Boolean, String };
 
@@ -42,14 +45,15 @@ struct TQVOptionRow {
   TQVOption Option;
   std::string_view Value; // name of the registry value
   TQVOptionKind Kind;
+  TQVOptionSaving Saving;
   std::int32_t Designed;    // the number, 0 or 1 for a Flag, the code of a Character; 0 for a Folder, which is empty
   std::string_view Control; // object name; empty for a Folder
   TQVLimits Limits;
 };
 
 inline constexpr auto QVOptionTable = std::to_array<TQVOptionRow>({
-#define QV_OPTION(value, kind, designed, control, ...)                                                                 \
-  {TQVOption::value, #value, TQVOptionKind::kind, designed, #control, {__VA_ARGS__}},
+#define QV_OPTION(value, kind, saving, designed, control, ...)                                                         \
+  {TQVOption::value, #value, TQVOptionKind::kind, TQVOptionSaving::saving, designed, #control, {__VA_ARGS__}},
 #include "settings/model/QVOptions.def"
 });
 

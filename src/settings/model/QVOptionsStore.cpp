@@ -4,7 +4,7 @@
 #include "settings/model/QVOptions.h"
 #include "settings/model/QVShortCutText.h"
 
-#include <array>
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -76,11 +76,11 @@ std::string Unreadable(const TQVOptionRow& row) {
   return line + " keeps its default";
 }
 
-// TemplateKey is not written although the dialog edits it: only editing the registry changes it for good. Nor is
-// StorageDir. Both are intended.
-bool IsWritten(TQVOptionKind kind) {
-  return kind != TQVOptionKind::Character && kind != TQVOptionKind::Folder;
-}
+// Writing knows no texts of controls.
+static_assert(std::ranges::none_of(QVOptionTable, [](const TQVOptionRow& row) {
+  const bool isText = row.Kind == TQVOptionKind::Character || row.Kind == TQVOptionKind::Folder;
+  return isText && row.Saving == TQVOptionSaving::Written;
+}));
 
 void Write(const TQVOptionRow& row, const TQVOptionValues& values, IQVRegistry& registry) {
   switch (RegistryType(row.Kind)) {
@@ -123,7 +123,7 @@ bool SaveOptions(const TQVOptionValues& values, IQVRegistry& registry) {
   // LineNumbers is written first, the others in the order of the table. Intended.
   Write(RowOf(TQVOption::LineNumbers), values, registry);
   for (const TQVOptionRow& row : QVOptionTable) {
-    if (IsWritten(row.Kind) && row.Option != TQVOption::LineNumbers)
+    if (row.Saving == TQVOptionSaving::Written && row.Option != TQVOption::LineNumbers)
       Write(row, values, registry);
   }
   registry.CloseKey();
