@@ -57,7 +57,7 @@ TQVMarker::~TQVMarker() {
 }
 
 std::shared_ptr<TQVMarker> TQVMarker::Create(const std::shared_ptr<platform::IOTAEditView>& view) {
-  const std::shared_ptr<TQVMarker> marker(new TQVMarker(*view));
+  std::shared_ptr<TQVMarker> marker(new TQVMarker(*view));
   marker->Attach(view);
   return marker;
 }
