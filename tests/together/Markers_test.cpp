@@ -4,6 +4,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 
 #include <map>
 #include <random>
@@ -312,12 +313,20 @@ TEST_F(Markers, InAnotherWindowBringItToTheFront) {
 }
 
 TEST_F(Markers, OutliveTheWindowTheyWereDroppedIn) {
-  openWithAddIn(twentyLines);
-  drop(10, 5);
-  stack().Resume(services->GetTopView());
-  window()->closePage(page());
-  quorvane::StopQVMarkerStack(); // with a page gone there is nothing to detach from
-  quorvane::StartQVMarkerStack();
+  openWithAddIn("first\n", "first.pas");
+  auto* const second = workspace.newWindow();
+  activate(second);
+  const QString file = write(QStringLiteral("second.pas"), twentyLines);
+  ASSERT_NE(workspace.openFile(file), nullptr);
+  services->GetTopView()->GetPosition()->Move(10, 5);
+  stack().Push(services->GetTopView());
+  const QPointer<desktop::TEditWindow> closed = second;
+  workspace.frameOf(second)->close();
+  ASSERT_TRUE(support::waitUntil([&closed] { return closed.isNull(); }));
+  activate(window());
+  EXPECT_EQ(rowsOf(file), Rows{10});
+  EXPECT_EQ(pickUp(), (Place{10, 5}));
+  EXPECT_EQ(page()->document()->fileName(), file);
 }
 
 // Commands.
