@@ -61,11 +61,13 @@ QList<QWidget*> LogForms() {
   return forms;
 }
 
-// How many options dialogs there are, shown or not.
-qsizetype OptionsForms() {
+// How many forms of a class there are, shown or not.
+qsizetype FormsOf(const QString& className) {
   const QList<QWidget*> forms = QApplication::topLevelWidgets();
-  return std::ranges::count_if(
-      forms, [](const QWidget* form) { return platform::ClassName(*form) == QStringLiteral("TQVOptionsForm"); });
+  return std::ranges::count_if(forms, [&](const QWidget* form) { return platform::ClassName(*form) == className; });
+}
+qsizetype OptionsForms() {
+  return FormsOf(QStringLiteral("TQVOptionsForm"));
 }
 
 QObject* ProxyOf(const QWidget& form) {
@@ -236,6 +238,13 @@ TEST_F(Quorvane5, ItsOptionsDialogLivesFromTheStartToTheStop) {
   Finalize();
   EXPECT_EQ(OptionsForms(), 0);
   EXPECT_EQ(MainForm.ToolsTexts(), before);
+}
+
+TEST_F(Quorvane5, ItsTemplateEditorLivesFromTheStartToTheStop) {
+  Initialize();
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVTemplateEditorForm")), 1);
+  Finalize();
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVTemplateEditorForm")), 0);
 }
 
 TEST_F(Quorvane5, DoesNotStartWithoutTheMenuOfItsOptions) {

@@ -74,7 +74,7 @@ TEST_F(QVTemplateEditorFailures, RenameMakesNoTemplate) {
 
 TEST_F(QVTemplateEditorFailures, ADeletedTemplateThatCannotBeBroughtBackKeepsItsText) {
   Start("[a]\ncode=x\n[b]\ncode=y\n");
-  Show([this] {
+  Show([] {
     Choose(0);
     std::optional<support::FileSizeLimit> full;
     {

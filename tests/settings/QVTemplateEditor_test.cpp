@@ -218,13 +218,13 @@ TEST_F(QVTemplateEditorTest, CancelEscapeAndTheCloseButtonDiscardWithoutAsking) 
       {"Escape in the list", [] { QTest::keyClick(&List(), Qt::Key_Escape); }},
       {"close", [] { QVTemplateEditorForm->close(); }},
   };
-  for (const auto& [name, end] : ends) {
-    SCOPED_TRACE(name);
+  for (const auto& end : ends) {
+    SCOPED_TRACE(end.first);
     Start("[a]\ncode=x\n");
     EXPECT_EQ(Show([&] {
                 Choose(0);
                 Type(QStringLiteral("1"));
-                EXPECT_EQ(Asked(end, {}), Lines{});
+                EXPECT_EQ(Asked(end.second, {}), Lines{});
                 EXPECT_FALSE(QVTemplateEditorForm->isVisible());
               }),
               TQVTemplateEditorForm::mrCancel);
