@@ -66,8 +66,12 @@ protected:
   // While another program writes `others` into the file under the lock on `lockFile`, a value waits to be written.
   void WriteWhileAnotherDoes(const QString& lockFile, const std::string& others) {
     auto other = std::make_unique<OtherWriter>(lockFile);
-    std::jthread writer([] { WriteNumber("a", 1); });
-    while (!other->IsWaitedFor())
+    std::atomic<bool> written = false;
+    std::jthread writer([&written] {
+      WriteNumber("a", 1);
+      written = true;
+    });
+    while (!other->IsWaitedFor() && !written)
       std::this_thread::yield();
     SetFile(others);
     other.reset();
