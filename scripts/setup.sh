@@ -7,6 +7,7 @@ g++                     /usr/bin/g++                                        the 
 cmake                   /usr/bin/cmake                                      the build
 ninja-build             /usr/bin/ninja                                      the build
 qt6-base-dev            /usr/include/x86_64-linux-gnu/qt6/QtWidgets/QWidget the editor
+qt6-svg-dev             /usr/include/x86_64-linux-gnu/qt6/QtSvg/QSvgRenderer the picture that greets
 libgl-dev               /usr/include/GL/gl.h                                the editor (Qt asks for it)
 libcli11-dev            /usr/include/CLI/CLI.hpp                            the command line
 nlohmann-json3-dev      /usr/include/nlohmann/json.hpp                      the command line

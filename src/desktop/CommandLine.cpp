@@ -50,6 +50,7 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   std::string caret;
   CommandLine line;
   bool noPackage = false;
+  bool noSplash = false;
   app.add_option("FILE", files, "Files to open");
   CLI::Option* const picture =
       app.add_option("--screenshot", screenshot,
@@ -68,6 +69,7 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
                                    ->expected(1)
                                    ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   app.add_flag("--no-package", noPackage, "Load no package")->excludes(package);
+  app.add_flag("--no-splash", noSplash, "Start without the picture that packages greet with");
   try {
     app.parse(argc, argv);
     if (!screenshot.empty() && files.size() != 1)
@@ -83,6 +85,7 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   if (!caret.empty())
     line.caret = parseCaret(caret);
   line.loadPackages = !noPackage;
+  line.showSplash = !noSplash;
   return line;
 }
 

@@ -22,6 +22,7 @@ struct CommandLine {
   double scale = 1;
   QStringList packages; // in place of the editor's own add-in, if there are any
   bool loadPackages = true;
+  bool showSplash = true;
 };
 
 // Reads the arguments of main. When there is nothing more to do (help, version, an error) it has written what there is

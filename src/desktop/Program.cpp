@@ -34,6 +34,7 @@ int complain(const QString& reason) {
 Program::Program(const CommandLine& commandLine) : commandLine_(commandLine), packages_(loader_) {
   platform::Application().SetProgramDirectory(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                                               QStringLiteral("/virelle/"));
+  platform::Application().SetShowSplash(commandLine.showSplash && commandLine.screenshot.isEmpty());
   platform::SetBorlandIDEServices(std::make_shared<IdeServices>(workspace_));
   workspace_.setPackages(&packages_);
   openSearchPath();

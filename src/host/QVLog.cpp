@@ -5,7 +5,6 @@
 #include "platform/Application.h"
 
 #include <QPlainTextEdit>
-#include <QVBoxLayout>
 
 namespace quorvane {
 
@@ -19,9 +18,7 @@ TQVLogForm::TQVLogForm() {
   auto* memo = new QPlainTextEdit(this);
   memo->setObjectName(QStringLiteral("Memo1"));
   memo->setReadOnly(true);
-  auto* layout = new QVBoxLayout(this);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(memo);
+  setWidget(memo);
 
   new platform::TActionList(this, QStringLiteral("DockActionList"));
 }

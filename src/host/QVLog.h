@@ -2,18 +2,18 @@
 // The diagnostic log window.
 #pragma once
 
+#include <QDockWidget>
 #include <QString>
-#include <QWidget>
 
 namespace quorvane {
 
-// A form with a read-only memo "Memo1" that fills it and an action list "DockActionList". Units write what they do to
-// it, and it discards every line: the calls are kept so that logging can be switched on in one place, by overriding
-// Log.
+// A form with a read-only memo "Memo1" that fills it and an action list "DockActionList". It can stand by itself or be
+// docked to the edge of a main window; it is hidden until somebody shows it. Units write what they do to it, and it
+// discards every line: the calls are kept so that logging can be switched on in one place, by overriding Log.
 //
 // The unit's start creates the one instance, owned by the application, and its stop frees it, almost last of all, so
 // that other units may log while they stop. Main thread only.
-class TQVLogForm : public QWidget {
+class TQVLogForm : public QDockWidget {
   Q_OBJECT
 public:
   TQVLogForm();

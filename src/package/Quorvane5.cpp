@@ -11,6 +11,7 @@
 #include "editor/QVMarkerStack.h"
 #include "host/QVLog.h"
 #include "host/QVStatManager.h"
+#include "host/QVVirelleSplash.h"
 #include "platform/Debug.h"
 #include "platform/Package.h"
 #include "settings/QVColorPicker.h"
@@ -45,6 +46,7 @@ constexpr platform::TContainedUnit kContains[] = {
     {"Quorvane5", nullptr},
     {"QVStatManager", nullptr},
     {"SysInit", nullptr},
+    {"QVVirelleSplash", nullptr},
     {"QVTemplateEditor", nullptr},
     {"QVLog", nullptr},
     {"QVSourceUtils", nullptr},
@@ -87,6 +89,7 @@ platform::TUnitEntry Units[] = {
     {"zkSimplePasParTypes", nullptr, [] { OutputDebugString("kzSimplePasParTypes Finalized"); }},
     {"zkSimplePasPar", nullptr, [] { OutputDebugString("zkSimplePasPar Finalized"); }},
     {"QVParseThread", StartQVParseThread, StopQVParseThread},
+    {"QVVirelleSplash", StartQVVirelleSplash, nullptr},
 };
 
 const platform::TPackageInfoTable kTable = {

@@ -39,6 +39,10 @@ public:
   const QString& ProgramDirectory() const { return programDirectory_; }
   void SetProgramDirectory(const QString& directory) { programDirectory_ = directory; }
 
+  // Whether add-ins may greet with a splash window when they start; true at first.
+  bool ShowSplash() const { return showSplash_; }
+  void SetShowSplash(bool show) { showSplash_ = show; }
+
   // Takes ownership: a component that still lives when the application ends is freed then.
   void InsertComponent(QObject* component);
 
@@ -60,6 +64,7 @@ private:
 
   QPointer<QWidget> mainForm_;
   QString programDirectory_;
+  bool showSplash_ = true;
   std::vector<QPointer<QObject>> components_;
   TReporter reporter_;
   std::mutex mutex_;

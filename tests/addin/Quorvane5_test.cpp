@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: MIT
 // The package as a host sees it: a shared object with three functions. Nothing of the add-in is linked here.
+#include "addin/LoadedPackage.h"
+
 #include "platform/Actions.h"
 #include "platform/Application.h"
 #include "platform/Component.h"
 #include "platform/Errors.h"
 #include "platform/Hooks.h"
-#include "platform/Package.h"
-#include "support/fakes/DebugRecorder.h"
 #include "support/fakes/FakeEditWindow.h"
-#include "support/fakes/FakeMainForm.h"
 #include "support/fakes/FakeServices.h"
 #include "support/fakes/FakeSource.h"
 
@@ -17,9 +16,6 @@
 #include <QApplication>
 #include <QPlainTextEdit>
 #include <QProcess>
-#include <QTemporaryDir>
-
-#include <dlfcn.h>
 
 #include <algorithm>
 #include <string>
@@ -28,7 +24,8 @@
 namespace {
 
 using fakes::TEditWindow;
-using Lines = std::vector<std::string>;
+using package::kThreadLines;
+using package::Lines;
 
 const Lines kStopLines = {
     "QVThread.Terminage",
@@ -52,24 +49,6 @@ const Lines kStopLines = {
     "QVColorPicker Finalized",
 };
 
-// What the parse thread writes, between the lines of the main thread.
-const Lines kThreadLines = {"Execute Parse Thread", "Exit Parse Thread"};
-
-QList<QWidget*> LogForms() {
-  QList<QWidget*> forms = QApplication::topLevelWidgets();
-  forms.removeIf([](const QWidget* form) { return platform::ClassName(*form) != QStringLiteral("TQVLogForm"); });
-  return forms;
-}
-
-// How many forms of a class there are, shown or not.
-qsizetype FormsOf(const QString& className) {
-  const QList<QWidget*> forms = QApplication::topLevelWidgets();
-  return std::ranges::count_if(forms, [&](const QWidget* form) { return platform::ClassName(*form) == className; });
-}
-qsizetype OptionsForms() {
-  return FormsOf(QStringLiteral("TQVOptionsForm"));
-}
-
 QObject* ProxyOf(const QWidget& form) {
   return platform::FindComponent(form, QStringLiteral("TQVEditorProxy"));
 }
@@ -84,44 +63,7 @@ bool IsBare(const TEditWindow& window) {
   return window.children() == QObjectList{&window.Editor(), &window.Actions()};
 }
 
-// Loads the library, which stays mapped as with a host that has unloaded it. Each test starts and stops it itself, in
-// balance.
-class Quorvane5 : public testing::Test {
-protected:
-  Quorvane5() {
-    void* library = dlopen(QUORVANE5_PATH, RTLD_NOW | RTLD_LOCAL);
-    if (!library)
-      throw std::runtime_error(dlerror());
-    Initialize = Resolve<platform::TPackageProcedure>(library, platform::InitializeName);
-    Finalize = Resolve<platform::TPackageProcedure>(library, platform::FinalizeName);
-    Table = Resolve<platform::TPackageInfoFunction>(library, platform::GetPackageInfoTableName)();
-    platform::Application().SetProgramDirectory(ProgramData.path() + u'/');
-  }
-  ~Quorvane5() override { platform::Application().SetProgramDirectory({}); }
-
-  template <class TFunction> static TFunction Resolve(void* library, const char* name) {
-    void* symbol = dlsym(library, name);
-    if (!symbol)
-      throw std::runtime_error(dlerror());
-    return reinterpret_cast<TFunction>(symbol);
-  }
-
-  void Register() { platform::RegisterPackage(*Table); }
-
-  // The lines of the main thread since the last call.
-  Lines TakeLines() {
-    Lines lines = Debug.Take();
-    std::erase_if(lines, [](const std::string& line) { return std::ranges::count(kThreadLines, line) != 0; });
-    return lines;
-  }
-
-  QTemporaryDir ProgramData;
-  fakes::FakeMainForm MainForm;
-  fakes::DebugRecorder Debug;
-  platform::TPackageProcedure Initialize = nullptr;
-  platform::TPackageProcedure Finalize = nullptr;
-  const platform::TPackageInfoTable* Table = nullptr;
-};
+using Quorvane5 = package::LoadedPackage;
 
 TEST_F(Quorvane5, DescribesItself) {
   EXPECT_EQ(Table->Description, u"Virelle for Delphi 5");
@@ -137,11 +79,11 @@ TEST_F(Quorvane5, ListsItsUnitsInContainsOrder) {
   for (const platform::TContainedUnit& unit : Table->Contains)
     names.emplace_back(unit.Name);
   EXPECT_EQ(names,
-            (Lines{"Quorvane5",           "QVStatManager", "SysInit",        "QVTemplateEditor", "QVLog",
-                   "QVSourceUtils",       "QVOTAServices", "QVOptions",      "QVEditorProxy",    "QVEditorDraw",
-                   "QVMarkerStack",       "QVLocalVars",   "QVIDEHackUtils", "QVPasInfo",        "QVEditorToolbar",
-                   "QVLiteParse",         "zkPasLexTypes", "zkPasLex",       "QVColorPicker",    "QVParseThread",
-                   "zkSimplePasParTypes", "zkSimplePasPar"}));
+            (Lines{"Quorvane5",       "QVStatManager",       "SysInit",       "QVVirelleSplash", "QVTemplateEditor",
+                   "QVLog",           "QVSourceUtils",       "QVOTAServices", "QVOptions",       "QVEditorProxy",
+                   "QVEditorDraw",    "QVMarkerStack",       "QVLocalVars",   "QVIDEHackUtils",  "QVPasInfo",
+                   "QVEditorToolbar", "QVLiteParse",         "zkPasLexTypes", "zkPasLex",        "QVColorPicker",
+                   "QVParseThread",   "zkSimplePasParTypes", "zkSimplePasPar"}));
 }
 
 TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
@@ -154,7 +96,7 @@ TEST_F(Quorvane5, ListsItsUnitsInStartOrder) {
                           "QVTemplateEditor", "QVStatManager",   "QVMarkerStack",
                           "QVEditorDraw",     "QVEditorProxy",   "QVLocalVars",
                           "QVOptions",        "QVEditorToolbar", "zkSimplePasParTypes",
-                          "zkSimplePasPar",   "QVParseThread"}));
+                          "zkSimplePasPar",   "QVParseThread",   "QVVirelleSplash"}));
 }
 
 TEST_F(Quorvane5, ProxiesRegisterBeforeToolbarsAndTheThreadLast) {
@@ -185,7 +127,7 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
 
   Initialize();
   EXPECT_EQ(TakeLines(), Lines{});
-  EXPECT_EQ(LogForms().size(), 1);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVLogForm")).size(), 1);
   EXPECT_EQ(ProxyOf(first), nullptr);
 
   Register();
@@ -222,7 +164,7 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
                              "QVPasInfo Finalized",
                              "QVColorPicker Finalized",
                          }));
-  EXPECT_EQ(LogForms().size(), 0);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVLogForm")).size(), 0);
   EXPECT_TRUE(IsBare(first));
   EXPECT_TRUE(IsBare(second));
   EXPECT_EQ(first.Editor().WindowProc(), firstProc);
@@ -233,18 +175,18 @@ TEST_F(Quorvane5, StartsRegistersAndStopsInOrder) {
 TEST_F(Quorvane5, ItsOptionsDialogLivesFromTheStartToTheStop) {
   const QStringList before = MainForm.ToolsTexts();
   Initialize();
-  EXPECT_EQ(OptionsForms(), 1);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVOptionsForm")).size(), 1);
   EXPECT_EQ(MainForm.ToolsTexts().size(), before.size() + 1);
   Finalize();
-  EXPECT_EQ(OptionsForms(), 0);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVOptionsForm")).size(), 0);
   EXPECT_EQ(MainForm.ToolsTexts(), before);
 }
 
 TEST_F(Quorvane5, ItsTemplateEditorLivesFromTheStartToTheStop) {
   Initialize();
-  EXPECT_EQ(FormsOf(QStringLiteral("TQVTemplateEditorForm")), 1);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVTemplateEditorForm")).size(), 1);
   Finalize();
-  EXPECT_EQ(FormsOf(QStringLiteral("TQVTemplateEditorForm")), 0);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVTemplateEditorForm")).size(), 0);
 }
 
 TEST_F(Quorvane5, DoesNotStartWithoutTheMenuOfItsOptions) {
@@ -257,7 +199,7 @@ TEST_F(Quorvane5, DoesNotStartWithoutTheMenuOfItsOptions) {
     EXPECT_NE(std::string(error.what()).find("Assertion failure (QVOptions, line 293)"), std::string::npos)
         << error.what();
   }
-  EXPECT_EQ(LogForms().size(), 0) << "what had started has stopped again";
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVLogForm")).size(), 0) << "what had started has stopped again";
 }
 
 TEST_F(Quorvane5, ItsThreadLivesFromTheStartToTheStop) {
@@ -292,18 +234,18 @@ TEST_F(Quorvane5, LoadedTwiceStartsOnceAndStopsWithTheLastUnload) {
   Initialize();
   Register();
   Initialize();
-  EXPECT_EQ(LogForms().size(), 1);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVLogForm")).size(), 1);
   TakeLines();
 
   Finalize();
   EXPECT_EQ(TakeLines(), Lines{});
-  EXPECT_EQ(LogForms().size(), 1);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVLogForm")).size(), 1);
   EXPECT_NE(ProxyOf(window), nullptr);
   EXPECT_TRUE(HasControls(window));
 
   Finalize();
   EXPECT_EQ(TakeLines().size(), kStopLines.size() + 2);
-  EXPECT_EQ(LogForms().size(), 0);
+  EXPECT_EQ(FormsOf(QStringLiteral("TQVLogForm")).size(), 0);
   EXPECT_TRUE(IsBare(window));
 }
 
@@ -312,7 +254,7 @@ TEST_F(Quorvane5, CanBeLoadedAgainAfterItWasUnloaded) {
     const TEditWindow window;
     Initialize();
     Register();
-    EXPECT_EQ(LogForms().size(), 1);
+    EXPECT_EQ(FormsOf(QStringLiteral("TQVLogForm")).size(), 1);
     EXPECT_NE(ProxyOf(window), nullptr);
     EXPECT_TRUE(HasControls(window));
     Finalize();
@@ -329,8 +271,8 @@ TEST_F(Quorvane5, StopsWithoutEditorWindows) {
 
 TEST_F(Quorvane5, LogFormBelongsToTheApplicationUntilItIsFreed) {
   Initialize();
-  ASSERT_EQ(LogForms().size(), 1);
-  delete LogForms().constFirst();
+  ASSERT_EQ(FormsOf(QStringLiteral("TQVLogForm")).size(), 1);
+  delete FormsOf(QStringLiteral("TQVLogForm")).constFirst();
   EXPECT_NO_THROW(Finalize());
 }
 

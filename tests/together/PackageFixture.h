@@ -17,6 +17,7 @@ class PackageFixture : public IdeFixture {
 protected:
   PackageFixture() {
     platform::SetBorlandIDEServices(services);
+    platform::Application().SetShowSplash(false); // it would stay for seconds behind every test
     platform::Application().SetReporter(
         [](const QString& message, int) { ADD_FAILURE() << "reported: " << message.toStdString(); });
   }
@@ -25,6 +26,7 @@ protected:
     platform::SetBorlandIDEServices(nullptr);
     platform::Application().ReportPending();
     platform::Application().SetReporter({});
+    platform::Application().SetShowSplash(true);
   }
 
   // The threads of the process, by their numbers.
