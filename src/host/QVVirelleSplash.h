@@ -22,8 +22,9 @@ public:
   // Clears VirelleSplashForm if it is this form.
   ~TVirelleSplashForm() override;
 
-  // Shows the form in the middle of the screen that the host's main form is on, paints it at once, as far as the window
-  // system lets it, since the host is still busy loading, and enables the timer.
+  // Shows the form in the middle of the screen that the host's main form is on, paints it at once and enables the timer.
+  // Where windows come up only with the events of their system, so does the painting: no events are served here, since
+  // the host's own windows wait to be equipped before anything of them is seen.
   void ShowForAWhile();
 
 private:
