@@ -8,8 +8,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QMainWindow>
 #include <QPlainTextEdit>
 #include <QPointer>
+
+#include <memory>
 
 namespace quorvane {
 namespace {
@@ -32,6 +35,36 @@ TEST(QVLog, ReadOnlyMemoFillsTheForm) {
   ASSERT_NE(memo, nullptr);
   EXPECT_TRUE(memo->isReadOnly());
   EXPECT_EQ(memo->geometry(), form.rect());
+}
+
+TEST(QVLog, FormIsHiddenUntilSomebodyShowsIt) {
+  StartQVLog();
+  EXPECT_FALSE(QVLogForm->isVisible());
+  StopQVLog();
+}
+
+TEST(QVLog, FormCanBeDockedToAMainWindow) {
+  QMainWindow host;
+  host.setCentralWidget(new QWidget);
+  StartQVLog();
+  host.addDockWidget(Qt::BottomDockWidgetArea, QVLogForm);
+  host.show();
+  EXPECT_FALSE(QVLogForm->isFloating());
+  EXPECT_TRUE(QVLogForm->isVisible());
+  EXPECT_EQ(host.dockWidgetArea(QVLogForm), Qt::BottomDockWidgetArea);
+  QVLogForm->setFloating(true);
+  EXPECT_TRUE(QVLogForm->isWindow());
+  StopQVLog();
+  EXPECT_EQ(host.findChild<QWidget*>(QStringLiteral("QVLogForm")), nullptr) << "a docked form is freed like any other";
+}
+
+TEST(QVLog, DockedFormMayGoWithItsMainWindow) {
+  auto host = std::make_unique<QMainWindow>();
+  StartQVLog();
+  host->addDockWidget(Qt::LeftDockWidgetArea, QVLogForm);
+  host.reset();
+  EXPECT_EQ(QVLogForm, nullptr);
+  EXPECT_NO_THROW(StopQVLog());
 }
 
 TEST(QVLog, FormHasAnActionListForDocking) {
