@@ -67,6 +67,7 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   CLI::Option* const package = app.add_option("--package", packages, "Load this package instead of the editor's own")
                                    ->type_name("PATH")
                                    ->expected(1)
+                                   ->allow_extra_args(false) // a file may come right behind it
                                    ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   app.add_flag("--no-package", noPackage, "Load no package")->excludes(package);
   app.add_flag("--no-splash", noSplash, "Start without the picture that packages greet with");
