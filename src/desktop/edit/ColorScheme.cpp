@@ -15,6 +15,7 @@ ColorScheme makeLight() {
   scheme.gutterGround = QColor(0xF3, 0xF3, 0xF3);
   scheme.gutterLine = QColor(0xD0, 0xD0, 0xD0);
   scheme.caret = QColor(0x00, 0x00, 0x00);
+  scheme.matchFrame = QColor(0xB3, 0x5C, 0x00);
   scheme.styles = {{
       {scheme.text},                           // Blank
       {QColor(0x3B, 0x74, 0x3B), false, true}, // Comment
@@ -39,6 +40,7 @@ ColorScheme makeDark() {
   scheme.gutterGround = QColor(0x26, 0x2A, 0x30);
   scheme.gutterLine = QColor(0x3A, 0x3F, 0x47);
   scheme.caret = QColor(0xF0, 0xF2, 0xF5);
+  scheme.matchFrame = QColor(0xE5, 0xA5, 0x4B);
   scheme.styles = {{
       {scheme.text},                           // Blank
       {QColor(0x84, 0xA6, 0x84), false, true}, // Comment

@@ -30,6 +30,7 @@ struct ColorScheme {
   QColor gutterGround;
   QColor gutterLine; // between gutter and text
   QColor caret;
+  QColor matchFrame;                                  // round what a search has found
   std::array<TextStyle, syntaxAttributeCount> styles; // by SyntaxAttribute
 
   const TextStyle& style(SyntaxAttribute attribute) const { return styles[static_cast<std::size_t>(attribute)]; }

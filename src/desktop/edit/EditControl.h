@@ -9,12 +9,15 @@
 #include "platform/Control.h"
 
 #include <QImage>
+#include <QList>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QRegion>
 #include <QSize>
 
+#include <functional>
 #include <memory>
+#include <vector>
 
 namespace desktop {
 
@@ -27,6 +30,12 @@ struct EditState {
   int anchor = 0;   // the other end of the selection; equals caret when nothing is selected
   int topLine = 0;  // the first visible line, from 0
   int leftCell = 0; // the first visible cell, from 0
+};
+
+// A part of a line: its first UTF-16 unit, from 0, and how many there are.
+struct UnitSpan {
+  int start = 0;
+  int length = 0;
 };
 
 // How a document is coloured.
@@ -152,6 +161,13 @@ public:
   // Remembers the last match of a search, as positions in the document, for SearchBegin and SearchAfter.
   void setSearchMatch(int begin, int after);
 
+  using SpanFinder = std::function<std::vector<UnitSpan>(const QTextBlock& line)>;
+  // Puts a frame round what `find` names in each line in sight; it is asked at every WM_PAINT. A null function ends it.
+  // Like the caret the frames lie over the picture, not in it, so that add-ins find every ground as it was.
+  void setFramedSpans(SpanFinder find);
+  // The frames in sight, in pixels of the client area.
+  QList<QRect> frames() const;
+
   // The image of the client area as add-ins and the host have painted it, the caret apart.
   const QImage& picture() const { return surface_; }
 
@@ -215,6 +231,8 @@ private:
   void eraseByDefault();
   void paintGutter();
   void paintCaret(QPainter& painter) const;
+  void findFrames();
+  void paintFrames(QPainter& painter) const;
   bool surfaceFits() const;
   void fitSurface();
   QSize clientSize() const;
@@ -266,6 +284,9 @@ private:
   int tag_ = 0;
   int helpContext_ = 0;
   QString helpKeyword_;
+
+  SpanFinder framedSpans_;
+  QList<QRect> frames_; // of the viewport
 
   QImage surface_;
   QRegion copyOnly_;          // of the viewport: to be shown again although nothing has changed but the surface

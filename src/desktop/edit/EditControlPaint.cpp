@@ -10,9 +10,11 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QTextBlock>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace desktop {
 
@@ -117,6 +119,7 @@ void TEditControl::paintEvent(QPaintEvent* event) {
     copyOnly_ -= region;
   QPainter painter(viewport_);
   painter.drawImage(-gutterWidth_, 0, surface_);
+  paintFrames(painter);
   paintCaret(painter);
 }
 
@@ -133,6 +136,7 @@ void TEditControl::paintPass(QPaintEvent& event) {
     send(platform::WM_ERASEBKGND, 0, &event);
   }
   send(platform::WM_PAINT, 0, &event);
+  findFrames();
 
   const QRegion shown = viewport_->isRendered() ? QRegion() : event.region();
   QRegion unseen = (QRegion(viewport_->rect()) - shown).translated(gutterWidth_, 0);
@@ -184,6 +188,44 @@ void TEditControl::paintCaret(QPainter& painter) const {
   if (!insertMode_)
     color.setAlpha(96); // the character under a caret that overwrites stays readable
   painter.fillRect(caretRect(), color);
+}
+
+void TEditControl::setFramedSpans(SpanFinder find) {
+  framedSpans_ = std::move(find);
+  requestPaint();
+}
+
+QList<QRect> TEditControl::frames() const {
+  QList<QRect> frames = frames_;
+  for (QRect& frame : frames)
+    frame.translate(gutterWidth_, 0);
+  return frames;
+}
+
+// The lines in sight have just been laid out.
+void TEditControl::findFrames() {
+  frames_.clear();
+  if (!framedSpans_)
+    return;
+  const QTextBlock end = lastVisibleBlock().next();
+  for (QTextBlock block = firstVisibleBlock(); block.isValid() && block != end; block = block.next()) {
+    const QRectF area = blockBoundingGeometry(block).translated(contentOffset());
+    const QTextLine line = block.layout()->lineAt(0);
+    if (!line.isValid())
+      continue;
+    for (const UnitSpan& span : framedSpans_(block)) {
+      const int left = qRound(area.left() + line.cursorToX(span.start));
+      const int right = qRound(area.left() + line.cursorToX(span.start + span.length));
+      if (right > 0 && left < viewport_->width() && right > left)
+        frames_.append(QRect(left, qRound(area.top()), right - left, cellSize().height()));
+    }
+  }
+}
+
+void TEditControl::paintFrames(QPainter& painter) const {
+  painter.setPen(scheme_.matchFrame);
+  for (const QRect& frame : frames_)
+    painter.drawRect(frame.adjusted(-1, 0, 0, -1)); // the left edge stands before the first character
 }
 
 // In the viewport: a bar before the caret's character, or its whole cell in overwrite mode.

@@ -2,7 +2,9 @@
 #include "desktop/ui/FindBar.h"
 
 #include "desktop/edit/EditControl.h"
+#include "desktop/edit/Indentation.h"
 #include "desktop/ui/CloseButton.h"
+#include "desktop/ui/TextReplace.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -10,13 +12,19 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QProgressDialog>
+#include <QSignalBlocker>
+#include <QTextBlock>
 #include <QToolButton>
+#include <QVBoxLayout>
+
+#include <vector>
 
 namespace desktop {
 
 namespace {
 
-QToolButton* addButton(QHBoxLayout* layout, const QString& name, const QString& text, const QString& hint) {
+QToolButton* addButton(QLayout* layout, const QString& name, const QString& text, const QString& hint) {
   auto* const button = new QToolButton;
   button->setObjectName(name);
   button->setText(text);
@@ -27,57 +35,129 @@ QToolButton* addButton(QHBoxLayout* layout, const QString& name, const QString& 
   return button;
 }
 
+QLineEdit* makeLine(const QString& name, const QString& hint) {
+  auto* const line = new QLineEdit;
+  line->setObjectName(name);
+  line->setPlaceholderText(hint);
+  line->setAccessibleName(hint);
+  line->setClearButtonEnabled(true);
+  line->setMaximumWidth(360);
+  return line;
+}
+
+QCheckBox* makeOption(const QString& name, const QString& text) {
+  auto* const option = new QCheckBox(text);
+  option->setObjectName(name);
+  return option;
+}
+
+bool selectsTheSame(const QTextCursor& left, const QTextCursor& right) {
+  return !left.isNull() && !right.isNull() && left.document() == right.document() &&
+         left.selectionStart() == right.selectionStart() && left.selectionEnd() == right.selectionEnd();
+}
+
 } // namespace
 
 FindBar::FindBar(TEditControl* editor, QWidget* parent)
-    : QWidget(parent), editor_(editor), text_(new QLineEdit), matchCase_(new QCheckBox(tr("Match &case"))),
-      message_(new QLabel) {
+    : QWidget(parent), editor_(editor), text_(makeLine(QStringLiteral("FindText"), tr("Find"))),
+      replacement_(makeLine(QStringLiteral("ReplaceText"), tr("Replace with"))), replaceRow_(new QWidget),
+      matchCase_(makeOption(QStringLiteral("MatchCase"), tr("&Match case"))),
+      wholeWord_(makeOption(QStringLiteral("WholeWord"), tr("&Whole words"))),
+      regularExpression_(makeOption(QStringLiteral("RegularExpression"), tr("&Regular expression"))),
+      inSelection_(makeOption(QStringLiteral("InSelection"), tr("&In selection"))), message_(new QLabel) {
   setObjectName(QStringLiteral("FindBar"));
-  text_->setObjectName(QStringLiteral("FindText"));
-  text_->setPlaceholderText(tr("Find"));
-  text_->setClearButtonEnabled(true);
-  text_->setMaximumWidth(360);
-  matchCase_->setObjectName(QStringLiteral("MatchCase"));
+  auto* const rows = new QVBoxLayout(this);
+  rows->setContentsMargins(8, 4, 4, 4);
+  rows->setSpacing(2);
+  rows->addLayout(buildFindRow());
+  replaceRow_->setLayout(buildReplaceRow());
+  rows->addWidget(replaceRow_);
+  rows->addLayout(buildOptions());
+  setFocusProxy(text_);
+  replaceRow_->hide();
+  hide();
+}
+
+QLayout* FindBar::buildFindRow() {
   message_->setObjectName(QStringLiteral("FindMessage"));
   message_->setTextFormat(Qt::PlainText);
-
-  auto* const layout = new QHBoxLayout(this);
-  layout->setContentsMargins(8, 4, 4, 4);
-  layout->addWidget(text_, 1);
-  auto* const previous = addButton(layout, QStringLiteral("FindPreviousButton"), tr("Previous"),
-                                   tr("Find the previous occurrence (Shift+Enter)"));
-  auto* const next =
-      addButton(layout, QStringLiteral("FindNextButton"), tr("Next"), tr("Find the next occurrence (Enter)"));
-  layout->addWidget(matchCase_);
-  layout->addWidget(message_, 1);
+  auto* const row = new QHBoxLayout;
+  row->addWidget(text_, 1);
+  const auto* const previous = addButton(row, QStringLiteral("FindPreviousButton"), tr("Previous"),
+                                         tr("Find the previous occurrence (Shift+Enter)"));
+  const auto* const next =
+      addButton(row, QStringLiteral("FindNextButton"), tr("Next"), tr("Find the next occurrence (Enter)"));
+  row->addWidget(message_, 1);
   auto* const closeButton = new CloseButton(tr("Close (Escape)"));
   closeButton->setObjectName(QStringLiteral("CloseFindBar"));
-  layout->addWidget(closeButton);
-  setFocusProxy(text_);
-  hide();
-
+  row->addWidget(closeButton);
   connect(text_, &QLineEdit::textEdited, this, &FindBar::findWhileTyping);
-  connect(matchCase_, &QCheckBox::toggled, this, &FindBar::findWhileTyping);
   connect(previous, &QToolButton::clicked, this, &FindBar::findPrevious);
   connect(next, &QToolButton::clicked, this, &FindBar::findNext);
   connect(closeButton, &CloseButton::clicked, this, &FindBar::close);
+  return row;
+}
+
+QLayout* FindBar::buildReplaceRow() {
+  auto* const row = new QHBoxLayout;
+  row->setContentsMargins({});
+  row->addWidget(replacement_, 1);
+  const auto* const one = addButton(row, QStringLiteral("ReplaceButton"), tr("Re&place"),
+                                    tr("Replace this occurrence and go to the next (Enter in the field)"));
+  const auto* const all =
+      addButton(row, QStringLiteral("ReplaceAllButton"), tr("Replace &All"), tr("Replace all occurrences"));
+  row->addStretch(1);
+  connect(one, &QToolButton::clicked, this, &FindBar::replace);
+  connect(all, &QToolButton::clicked, this, &FindBar::replaceAll);
+  return row;
+}
+
+QLayout* FindBar::buildOptions() {
+  auto* const row = new QHBoxLayout;
+  row->setSpacing(12);
+  for (QCheckBox* const option : {matchCase_, wholeWord_, regularExpression_, inSelection_})
+    row->addWidget(option);
+  row->addStretch(1);
+  for (QCheckBox* const option : {matchCase_, wholeWord_, regularExpression_})
+    connect(option, &QCheckBox::toggled, this, &FindBar::findWhileTyping);
+  connect(inSelection_, &QCheckBox::toggled, this, &FindBar::limitToSelection);
+  return row;
 }
 
 void FindBar::open() {
-  const QTextCursor cursor = editor_->textCursor();
+  adoptSelection();
+  updateMatcher();
   startHere();
-  const QString selected = cursor.selectedText();
-  if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator))
-    text_->setText(selected);
-  showFound(true, {});
+  showFound(true, matcher_.error());
   show();
+  showMatches();
   text_->setFocus(Qt::ShortcutFocusReason);
   text_->selectAll();
 }
 
+void FindBar::openReplace() {
+  replaceRow_->show();
+  open();
+}
+
 void FindBar::close() {
   hide();
+  replaceRow_->hide();
+  dropRange();
+  selectedLines_ = {};
+  editor_->setFramedSpans(nullptr);
   editor_->setFocus(Qt::OtherFocusReason);
+}
+
+void FindBar::adoptSelection() {
+  const QTextCursor cursor = editor_->textCursor();
+  if (!cursor.hasSelection() || inSelection_->isChecked())
+    return;
+  if (spansLines(cursor))
+    selectedLines_ = cursor;
+  else
+    text_->setText(regularExpression_->isChecked() ? QRegularExpression::escape(cursor.selectedText())
+                                                   : cursor.selectedText());
 }
 
 QString FindBar::text() const {
@@ -101,11 +181,138 @@ void FindBar::find(SearchDirection direction) {
     open();
     return;
   }
-  const SearchHit hit =
-      findText(*editor_->document(), editor_->textCursor(), text(), direction, matchCase_->isChecked());
-  select(hit, direction == SearchDirection::Forward ? tr("Reached the end, went on from the top")
-                                                    : tr("Reached the top, went on from the end"));
+  findFrom(editor_->textCursor(), direction);
+}
+
+void FindBar::findFrom(const QTextCursor& from, SearchDirection direction) {
+  select(findMatch(*editor_->document(), matcher_, range(), from, direction),
+         direction == SearchDirection::Forward ? tr("Reached the end, went on from the top")
+                                               : tr("Reached the top, went on from the end"));
   startHere();
+}
+
+void FindBar::findWord(SearchDirection direction) {
+  const QTextCursor word = wordAt(editor_->textCursor());
+  if (word.isNull())
+    return;
+  text_->setText(word.selectedText());
+  const QSignalBlocker wholeWordBlocker(wholeWord_);
+  const QSignalBlocker expressionBlocker(regularExpression_);
+  wholeWord_->setChecked(true);
+  regularExpression_->setChecked(false);
+  updateMatcher();
+  findFrom(word, direction);
+}
+
+void FindBar::replace() {
+  if (!canReplace())
+    return;
+  const QTextCursor cursor = editor_->textCursor();
+  const bool isMatch = cursor.hasSelection() || selectsTheSame(cursor, lastMatch_);
+  const auto replacement =
+      isMatch ? replacementAt(cursor, matcher_, range(), replacement_->text()) : std::optional<Replacement>();
+  if (replacement) {
+    applyReplacements(*editor_->document(), {*replacement});
+    QTextCursor behind = editor_->textCursor();
+    behind.setPosition(replacement->position + static_cast<int>(replacement->text.size()));
+    editor_->setTextCursor(behind);
+  }
+  findNext();
+  if (replacement && lastMatch_.isNull())
+    showFound(true, tr("Replaced the last occurrence"));
+}
+
+void FindBar::replaceAll() {
+  if (!canReplace())
+    return;
+  const QPointer<QTextDocument> document = editor_->document();
+  const int revision = document->revision();
+  const QPointer<QProgressDialog> progress =
+      new QProgressDialog(tr("Looking for \u201c%1\u201d...").arg(text()), tr("Stop"), 0, document->blockCount(), this);
+  progress->setWindowModality(Qt::WindowModal);
+  const auto goOn = [&](int lines) {
+    progress->setValue(lines); // which lets the user press the button
+    return progress && !progress->wasCanceled() && document && document->revision() == revision;
+  };
+  const auto replacements = collectReplacements(*document, matcher_, range(), replacement_->text(), goOn);
+  if (!progress) // this bar is gone as well
+    return;
+  delete progress;
+  if (!replacements) {
+    showFound(true, tr("Stopped, nothing was replaced"));
+  } else if (replacements->empty()) {
+    showFound(false, tr("Not found"));
+  } else {
+    applyReplacements(*document, *replacements);
+    lastMatch_ = {};
+    showFound(true, tr("%L1 replaced").arg(replacements->size()));
+  }
+}
+
+// Says why not.
+bool FindBar::canReplace() {
+  if (text().isEmpty())
+    openReplace();
+  else if (!matcher_.error().isEmpty())
+    showFound(false, matcher_.error());
+  else if (editor_->isReadOnly())
+    showFound(true, tr("This text is read-only"));
+  else
+    return true;
+  return false;
+}
+
+void FindBar::updateMatcher() {
+  matcher_ = TextMatcher({text(), matchCase_->isChecked(), wholeWord_->isChecked(), regularExpression_->isChecked()});
+  showMatches();
+}
+
+void FindBar::showMatches() {
+  if (!isVisible())
+    return;
+  editor_->setFramedSpans([matcher = matcher_, range = range_](const QTextBlock& block) {
+    std::vector<UnitSpan> spans;
+    matcher.forEach(block.text(), [&](const LineMatch& match) {
+      if (range.covers(block, match))
+        spans.push_back({match.start, match.length});
+      return true;
+    });
+    return spans;
+  });
+}
+
+void FindBar::limitToSelection(bool limit) {
+  if (limit) {
+    const QTextCursor cursor = editor_->textCursor();
+    const bool isChosen = cursor.hasSelection() && !selectsTheSame(cursor, lastMatch_);
+    const QTextCursor& chosen = isChosen ? cursor : selectedLines_;
+    if (!chosen.hasSelection() || chosen.document() != editor_->document()) {
+      dropRange();
+      showFound(true, tr("Nothing is selected"));
+      return;
+    }
+    range_ = SearchRange(chosen);
+    searched_ = editor_->document();
+    origin_ = range_.begin();
+  } else {
+    dropRange();
+  }
+  if (isVisible())
+    findWhileTyping();
+}
+
+void FindBar::dropRange() {
+  const QSignalBlocker blocker(inSelection_);
+  inSelection_->setChecked(false);
+  range_ = {};
+  showMatches();
+}
+
+// Another document than the one of the selection is searched whole.
+const SearchRange& FindBar::range() {
+  if (!range_.isWhole() && range_.document() != editor_->document())
+    dropRange();
+  return range_;
 }
 
 void FindBar::startHere() {
@@ -114,6 +321,7 @@ void FindBar::startHere() {
 }
 
 void FindBar::findWhileTyping() {
+  updateMatcher();
   if (text().isEmpty()) {
     showFound(true, {});
     return;
@@ -122,12 +330,13 @@ void FindBar::findWhileTyping() {
     startHere();
   QTextCursor from(editor_->document());
   from.setPosition(qMin(origin_, editor_->document()->characterCount() - 1));
-  select(findText(*editor_->document(), from, text(), SearchDirection::Forward, matchCase_->isChecked()), {});
+  select(findMatch(*editor_->document(), matcher_, range(), from, SearchDirection::Forward), {});
 }
 
 void FindBar::select(const SearchHit& hit, const QString& wrapMessage) {
+  lastMatch_ = hit.match;
   if (hit.match.isNull()) {
-    showFound(false, tr("Not found"));
+    showFound(false, matcher_.error().isEmpty() ? tr("Not found") : matcher_.error());
     return;
   }
   editor_->setTextCursor(hit.match);
@@ -156,7 +365,9 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
     break;
   case Qt::Key_Return:
   case Qt::Key_Enter:
-    if (event->modifiers() & Qt::ShiftModifier)
+    if (replacement_->hasFocus())
+      replace();
+    else if (event->modifiers() & Qt::ShiftModifier)
       findPrevious();
     else
       findNext();

@@ -93,6 +93,18 @@ void WindowCommands::findPrevious() {
   window_->findBar()->findPrevious();
 }
 
+void WindowCommands::findNextWord() {
+  window_->findBar()->findWord(SearchDirection::Forward);
+}
+
+void WindowCommands::findPreviousWord() {
+  window_->findBar()->findWord(SearchDirection::Backward);
+}
+
+void WindowCommands::replace() {
+  window_->findBar()->openReplace();
+}
+
 void WindowCommands::goToLine() {
   // Add-ins execute the command of the main form for whichever window is on top.
   if (workspace_.topPage() == nullptr)
@@ -197,8 +209,10 @@ void WindowCommands::update() {
   enable("EditCopyCommand", selected);
   enable("EditPasteCommand", line != nullptr || (writable && editor_->canPaste()));
   enable("EditSelectAllCommand", line != nullptr || open);
-  for (const char* const name : {"SearchFindCommand", "SearchNextCommand", "SearchPreviousCommand"})
+  for (const char* const name : {"SearchFindCommand", "SearchNextCommand", "SearchPreviousCommand",
+                                 "SearchNextWordCommand", "SearchPreviousWordCommand"})
     enable(name, open);
+  enable("SearchReplaceCommand", writable);
   enable("SearchGoToCommand", open || workspace_.topPage() != nullptr);
   for (const char* const name : {"ViewNextTabCommand", "ViewPreviousTabCommand"})
     enable(name, window_->pages().size() > 1);

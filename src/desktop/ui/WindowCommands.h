@@ -75,6 +75,9 @@ private:
   void find();
   void findNext();
   void findPrevious();
+  void findNextWord();
+  void findPreviousWord();
+  void replace();
   void goToLine();
   void largerText();
   void smallerText();

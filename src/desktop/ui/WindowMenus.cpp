@@ -70,6 +70,11 @@ void WindowCommands::buildSearchMenu() {
       Row{"SearchFindCommand", QT_TR_NOOP("&Find..."), "Ctrl+F", "edit-find", &WindowCommands::find},
       Row{"SearchNextCommand", QT_TR_NOOP("Find &Next"), "F3", "go-down", &WindowCommands::findNext},
       Row{"SearchPreviousCommand", QT_TR_NOOP("Find &Previous"), "Shift+F3", "go-up", &WindowCommands::findPrevious},
+      Row{"SearchNextWordCommand", QT_TR_NOOP("Next &Word at Caret"), "Ctrl+F3", "", &WindowCommands::findNextWord},
+      Row{"SearchPreviousWordCommand", QT_TR_NOOP("Previous W&ord at Caret"), "Ctrl+Shift+F3", "",
+          &WindowCommands::findPreviousWord},
+      Row{"SearchReplaceCommand", QT_TR_NOOP("&Replace..."), "Ctrl+H; Ctrl+R", "edit-find-replace",
+          &WindowCommands::replace},
       Row{},
       Row{"SearchGoToCommand", QT_TR_NOOP("&Go to Line Number..."), "Ctrl+G", "go-jump", &WindowCommands::goToLine},
   };

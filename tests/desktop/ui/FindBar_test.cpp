@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QToolButton>
 
 namespace desktop {
 namespace {
@@ -153,6 +154,216 @@ TEST_F(FindBarTest, TheCaretPublishesTheMatchThatWasFoundLast) {
   bar().open();
   typeText(QStringLiteral("three"));
   EXPECT_NE(editor()->property("SearchAfter").toLongLong(), before);
+}
+
+class ReplaceBarTest : public FindBarTest {
+protected:
+  QLineEdit& replacement() { return *bar().findChild<QLineEdit*>(QStringLiteral("ReplaceText")); }
+  QCheckBox& option(const char* name) { return *bar().findChild<QCheckBox*>(QString::fromLatin1(name)); }
+  void click(const char* name) { bar().findChild<QToolButton*>(QString::fromLatin1(name))->click(); }
+  std::string text() const { return editor()->toPlainText().toStdString(); }
+
+  void openWith(const QString& find, const QString& with) {
+    trigger("SearchReplaceCommand");
+    typeText(find);
+    replacement().setText(with);
+  }
+  void trigger(const char* name) { action(QString::fromLatin1(name))->trigger(); }
+};
+
+TEST_F(ReplaceBarTest, OnlyTheReplaceCommandShowsTheRow) {
+  trigger("SearchFindCommand");
+  EXPECT_FALSE(replacement().isVisible());
+  trigger("SearchReplaceCommand");
+  EXPECT_TRUE(replacement().isVisible());
+  EXPECT_TRUE(line().hasFocus());
+  bar().close();
+  trigger("SearchFindCommand");
+  EXPECT_FALSE(replacement().isVisible());
+}
+
+TEST_F(ReplaceBarTest, EnterReplacesTheMatchAndGoesToTheNext) {
+  openWith(QStringLiteral("two"), QStringLiteral("2"));
+  replacement().setFocus();
+  press(&replacement(), Qt::Key_Return);
+  EXPECT_EQ(text(), "one 2\none two\nthree\n");
+  EXPECT_EQ(selection(), std::pair(10, 13));
+  press(&replacement(), Qt::Key_Return);
+  EXPECT_EQ(text(), "one 2\none 2\nthree\n");
+  EXPECT_EQ(bar().message(), QStringLiteral("Replaced the last occurrence"));
+}
+
+TEST_F(ReplaceBarTest, WhatIsSelectedButNoMatchIsNotReplaced) {
+  openWith(QStringLiteral("two"), QStringLiteral("2"));
+  select(0, 3);
+  click("ReplaceButton");
+  EXPECT_EQ(text(), "one Two\none two\nthree\n");
+  EXPECT_EQ(selection(), std::pair(4, 7));
+}
+
+TEST_F(ReplaceBarTest, AReplacementThatHoldsTheTextIsNotReplacedAgain) {
+  openWith(QStringLiteral("one"), QStringLiteral("one one"));
+  click("ReplaceButton");
+  EXPECT_EQ(selection(), std::pair(12, 15));
+}
+
+TEST_F(ReplaceBarTest, EmptyMatchesAreReplacedOneAfterTheOther) {
+  openWith(QString(), QStringLiteral("> "));
+  option("RegularExpression").setChecked(true);
+  typeText(QStringLiteral("^"));
+  for (int i = 0; i < 3; ++i)
+    click("ReplaceButton");
+  EXPECT_EQ(text(), "one Two\n> one two\n> three\n> ");
+}
+
+TEST_F(ReplaceBarTest, ReplacesAllAsOneStepAndTellsHowMany) {
+  openWith(QStringLiteral("two"), QStringLiteral("2"));
+  click("ReplaceAllButton");
+  EXPECT_EQ(text(), "one 2\none 2\nthree\n");
+  EXPECT_EQ(bar().message(), QStringLiteral("2 replaced"));
+  editor()->undo();
+  EXPECT_EQ(text(), "one Two\none two\nthree\n");
+}
+
+TEST_F(ReplaceBarTest, HeedsCaseWholeWordsAndPatterns) {
+  openWith(QStringLiteral("two"), QStringLiteral("2"));
+  option("MatchCase").setChecked(true);
+  click("ReplaceAllButton");
+  EXPECT_EQ(text(), "one Two\none 2\nthree\n");
+  option("WholeWord").setChecked(true);
+  line().clear();
+  typeText(QStringLiteral("hree"));
+  click("ReplaceAllButton");
+  EXPECT_EQ(bar().message(), QStringLiteral("Not found"));
+  option("RegularExpression").setChecked(true);
+  line().clear();
+  typeText(QStringLiteral("t(h)re+"));
+  replacement().setText(QStringLiteral("\\1\\1"));
+  click("ReplaceAllButton");
+  EXPECT_EQ(text(), "one Two\none 2\nhh\n");
+}
+
+TEST_F(ReplaceBarTest, ABadPatternIsToldInTheBarAndChangesNothing) {
+  openWith(QString(), QString());
+  option("RegularExpression").setChecked(true);
+  typeText(QStringLiteral("(o"));
+  EXPECT_EQ(bar().message(), QStringLiteral("Bad pattern at character 3: missing closing parenthesis"));
+  click("ReplaceAllButton");
+  EXPECT_EQ(bar().message(), QStringLiteral("Bad pattern at character 3: missing closing parenthesis"));
+  EXPECT_EQ(text(), "one Two\none two\nthree\n");
+  typeText(QStringLiteral(")"));
+  EXPECT_EQ(bar().message(), QString());
+}
+
+TEST_F(ReplaceBarTest, ReplacesWithinTheLinesThatWereSelectedWhenTheBarOpened) {
+  select(8, 21);
+  openWith(QStringLiteral("o"), QStringLiteral("0"));
+  option("InSelection").setChecked(true);
+  EXPECT_EQ(selection(), std::pair(8, 9)) << "the first one in the selection";
+  click("ReplaceAllButton");
+  EXPECT_EQ(text(), "one Two\n0ne tw0\nthree\n");
+}
+
+TEST_F(ReplaceBarTest, SearchingASelectionGoesRoundInIt) {
+  select(8, 21);
+  openWith(QStringLiteral("one"), QString());
+  option("InSelection").setChecked(true);
+  bar().findNext();
+  EXPECT_EQ(selection(), std::pair(8, 11));
+  EXPECT_EQ(bar().message(), QStringLiteral("Reached the end, went on from the top"));
+  bar().findPrevious();
+  EXPECT_EQ(selection(), std::pair(8, 11));
+}
+
+TEST_F(ReplaceBarTest, WithoutASelectionThereIsNoneToSearch) {
+  openWith(QStringLiteral("one"), QString());
+  option("InSelection").setChecked(true);
+  EXPECT_FALSE(option("InSelection").isChecked());
+  EXPECT_EQ(bar().message(), QStringLiteral("Nothing is selected"));
+}
+
+TEST_F(ReplaceBarTest, AnotherPageIsSearchedWhole) {
+  select(8, 21);
+  openWith(QStringLiteral("one"), QString());
+  option("InSelection").setChecked(true);
+  openText(QStringLiteral("b.pas"), "x one");
+  bar().findNext();
+  EXPECT_FALSE(option("InSelection").isChecked());
+  EXPECT_EQ(selection(), std::pair(2, 5));
+}
+
+TEST_F(ReplaceBarTest, AReadOnlyTextIsSearchedButNotChanged) {
+  openText(QStringLiteral("b.pas"), "a\xE2\x80\xA9z");
+  const std::string before = text();
+  EXPECT_FALSE(action(QStringLiteral("SearchReplaceCommand"))->isEnabled());
+  bar().openReplace();
+  typeText(QStringLiteral("z"));
+  for (const char* const button : {"ReplaceButton", "ReplaceAllButton"}) {
+    click(button);
+    EXPECT_EQ(bar().message(), QStringLiteral("This text is read-only"));
+  }
+  EXPECT_EQ(text(), before);
+}
+
+TEST_F(ReplaceBarTest, OtherLineEndsStayAsTheyWere) {
+  openText(QStringLiteral("b.pas"), "one\r\none\ntwo\r\none");
+  openWith(QStringLiteral("one"), QStringLiteral("1"));
+  click("ReplaceAllButton");
+  trigger("FileSaveCommand");
+  EXPECT_EQ(read(QStringLiteral("b.pas")), "1\r\n1\ntwo\r\n1");
+}
+
+TEST_F(ReplaceBarTest, GoesToTheNextAndThePreviousOccurrenceOfTheWordAtTheCaret) {
+  openText(QStringLiteral("b.pas"), "max maximum\nMax x max");
+  editor()->setCaret(1, 2);
+  trigger("SearchNextWordCommand");
+  EXPECT_EQ(selection(), std::pair(12, 15));
+  EXPECT_FALSE(bar().isVisible());
+  bar().findNext();
+  EXPECT_EQ(selection(), std::pair(18, 21));
+  editor()->setCaret(2, 2);
+  trigger("SearchPreviousWordCommand");
+  EXPECT_EQ(selection(), std::pair(0, 3));
+  editor()->setCaret(2, 5);
+  trigger("SearchNextWordCommand");
+  EXPECT_EQ(bar().text(), QStringLiteral("x"));
+}
+
+TEST_F(ReplaceBarTest, WhileTheBarIsOpenEveryMatchInSightIsFramed) {
+  openWith(QStringLiteral("two"), QString());
+  support::settle();
+  const QSize cell = editor()->cellSize();
+  const int left = editor()->gutterWidth() + 4 * cell.width();
+  EXPECT_EQ(editor()->frames(), (QList<QRect>{{QPoint(left, 0), QSize(3 * cell.width(), cell.height())},
+                                              {QPoint(left, cell.height()), QSize(3 * cell.width(), cell.height())}}));
+  bar().close();
+  support::settle();
+  EXPECT_TRUE(editor()->frames().isEmpty());
+}
+
+TEST_F(ReplaceBarTest, FramesFollowTheTextAndTheOptions) {
+  openWith(QStringLiteral("two"), QString());
+  option("MatchCase").setChecked(true);
+  support::settle();
+  EXPECT_EQ(editor()->frames().size(), 1);
+  QTextCursor(editor()->document()).insertText(QStringLiteral("two two\n"));
+  support::settle();
+  EXPECT_EQ(editor()->frames().size(), 3);
+}
+
+TEST_F(ReplaceBarTest, FramesAreSeenOnTheScreenButAreNotInThePicture) {
+  openWith(QStringLiteral("two"), QString());
+  select(0, 0);
+  support::settle();
+  ASSERT_FALSE(editor()->frames().isEmpty());
+  const QImage with = editor()->picture();
+  const QPoint corner = editor()->frames().constFirst().bottomRight();
+  const QImage screen = editor()->grab().toImage();
+  EXPECT_EQ(screen.pixelColor(corner), editor()->colorScheme().matchFrame);
+  bar().close();
+  select(0, 0);
+  support::settle();
+  EXPECT_EQ(editor()->picture().copy(with.rect()), with);
 }
 
 } // namespace

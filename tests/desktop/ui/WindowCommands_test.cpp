@@ -63,7 +63,8 @@ TEST_F(WindowCommandsTest, EditMenuHoldsItsCommands) {
 TEST_F(WindowCommandsTest, SearchMenuHoldsItsCommands) {
   EXPECT_EQ(texts(menu(QStringLiteral("SearchMenu"))->actions()),
             (QStringList{QStringLiteral("&Find..."), QStringLiteral("Find &Next"), QStringLiteral("Find &Previous"),
-                         QStringLiteral("-"), QStringLiteral("&Go to Line Number...")}));
+                         QStringLiteral("Next &Word at Caret"), QStringLiteral("Previous W&ord at Caret"),
+                         QStringLiteral("&Replace..."), QStringLiteral("-"), QStringLiteral("&Go to Line Number...")}));
 }
 
 TEST_F(WindowCommandsTest, SearchMenuShowsWhatAddInsListForIt) {
