@@ -8,6 +8,7 @@
 #include "OpenUnit.h"
 
 #include "desktop/ide/PackageLoader.h"
+#include "platform/Application.h"
 #include "support/HostPaints.h"
 
 #include <QApplication>
@@ -144,6 +145,7 @@ void measureBlock(TypingApplication& application, const bench::OpenUnit& unit, d
 
 Times measure(TypingApplication& application) {
   const bench::OpenUnit unit(Lines);
+  platform::Application().SetShowSplash(false); // one a round, each for seconds
   desktop::PackageLoader loader;
   Times times;
   for (unsigned round = 0; round < Rounds; ++round) {
