@@ -20,6 +20,11 @@ librapidcheck-dev       /usr/include/rapidcheck.h                           the 
 # The tests run without these, only less thoroughly.
 optional_test_packages='
 fpc-source              /usr/share/fpcsrc                                   real Pascal code as test input
+desktop-file-utils      /usr/bin/desktop-file-validate                      the test of the desktop entry
+appstream               /usr/bin/appstreamcli                               the test of the metainfo
+shared-mime-info        /usr/bin/update-mime-database                       the test of the types of files
+man-db                  /usr/bin/man                                        the test of the manual pages
+groff                   /usr/bin/groff                                      the test of the manual pages
 '
 
 say() { printf '%s\n' "$*" >&2; }

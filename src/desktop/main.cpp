@@ -9,6 +9,11 @@
 
 namespace {
 
+// The name by which the desktop knows the editor: that of its desktop entry and of its icon.
+QString desktopId() {
+  return QStringLiteral("org.virelle.Virelle");
+}
+
 // The off-screen platform remarks on each window that it has no window manager; whoever asked for a picture knows.
 void dropPlatformRemarks(QtMsgType type, const QMessageLogContext& context, const QString& message) {
   if (!message.startsWith(QStringLiteral("This plugin does not support")))
@@ -25,7 +30,7 @@ void prepareQt(const desktop::CommandLine& commandLine) {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
   QCoreApplication::setApplicationName(QStringLiteral("virelle"));
   QCoreApplication::setApplicationVersion(QStringLiteral(VIRELLE_VERSION));
-  QGuiApplication::setDesktopFileName(QStringLiteral("virelle"));
+  QGuiApplication::setDesktopFileName(desktopId());
 }
 
 } // namespace
@@ -40,7 +45,7 @@ int main(int argc, char** argv) {
   int noArguments = 1;
   QApplication application(noArguments, argv);
   QGuiApplication::setWindowIcon(
-      QIcon::fromTheme(QStringLiteral("virelle"), QIcon::fromTheme(QStringLiteral("accessories-text-editor"))));
+      QIcon::fromTheme(desktopId(), QIcon::fromTheme(QStringLiteral("accessories-text-editor"))));
   desktop::Program program(*commandLine);
   return commandLine->screenshot.isEmpty() ? program.edit() : program.takeScreenshot();
 }
