@@ -152,6 +152,7 @@ protected:
   CommandLine commandLine(std::vector<std::string> arguments) const {
     arguments.insert(arguments.begin(), {"virelle", "--package", ADD_IN_FILE, file_.toStdString()});
     std::vector<char*> pointers;
+    pointers.reserve(arguments.size());
     for (std::string& argument : arguments)
       pointers.push_back(argument.data());
     int exitCode = -1;
