@@ -6,7 +6,7 @@ endif()
 set(doc "${usr}/share/doc/${CPACK_PACKAGE_NAME}")
 
 file(READ "${CPACK_VIRELLE_SOURCE}/LICENSE" license)
-string(REGEX REPLACE "^MIT License\n+(Copyright [^\n]*)\n+" "" license "${license}")
+string(REGEX REPLACE "^MIT License\n+Copyright \\(c\\) ([^\n]*)\n+" "" license "${license}")
 set(copyright "${CMAKE_MATCH_1}")
 if(NOT copyright)
   message(FATAL_ERROR "LICENSE does not begin with its name and a line of copyright")
@@ -24,9 +24,18 @@ License: Expat
  ${license}
 ")
 file(COPY_FILE "${CPACK_VIRELLE_SOURCE}/CHANGELOG.md" "${doc}/changelog")
+string(TIMESTAMP date "%a, %d %b %Y %H:%M:%S +0000" UTC) # heeds SOURCE_DATE_EPOCH
+file(WRITE "${doc}/changelog.Debian"
+"${CPACK_PACKAGE_NAME} (${CPACK_PACKAGE_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}) unstable; urgency=medium
+
+  * Package of version ${CPACK_PACKAGE_VERSION}; the changelog beside this one tells what is in it.
+
+ -- ${CPACK_PACKAGE_CONTACT}  ${date}
+")
 
 # Debian wants pages and changelogs compressed, without the time in them.
 file(GLOB pages "${usr}/share/man/man1/*.1")
-execute_process(COMMAND gzip --best --no-name --force "${doc}/changelog" ${pages} COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND gzip --best --no-name --force "${doc}/changelog" "${doc}/changelog.Debian" ${pages}
+  COMMAND_ERROR_IS_FATAL ANY)
 file(CHMOD_RECURSE "${usr}/share/doc" FILE_PERMISSIONS OWNER_READ OWNER_WRITE GROUP_READ WORLD_READ
   DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
