@@ -4,55 +4,64 @@
 #include <QTextBlock>
 
 #include <algorithm>
-#include <map>
+#include <limits>
+#include <set>
 #include <utility>
 
 namespace desktop {
 
 namespace {
 
-struct Move {
-  int from;
-  int to;
-  int data;
-
-  bool isDown() const { return to > from; }
-};
+bool isDown(const LineMove& move) {
+  return move.newLine > move.oldLine;
+}
 
 // No line may be reported to a place that another is still to be moved from.
-bool isReportedBefore(const Move& left, const Move& right) {
-  if (left.isDown() != right.isDown())
-    return left.isDown();
-  return left.isDown() ? left.from > right.from : left.from < right.from;
+bool isReportedBefore(const LineMove& left, const LineMove& right) {
+  if (isDown(left) != isDown(right))
+    return isDown(left);
+  return isDown(left) ? left.oldLine > right.oldLine : left.oldLine < right.oldLine;
 }
 
 } // namespace
 
 TrackedLines::TrackedLines(QTextDocument& document, Report report)
-    : document_(document), report_(std::move(report)), steps_(document.availableUndoSteps()) {
+    : document_(document), report_(std::move(report)), steps_(document.availableUndoSteps()), settled_(state()) {
   connect(&document_, &QTextDocument::contentsChanged, this, &TrackedLines::finishEdit);
 }
 
 TrackedLines::~TrackedLines() = default;
 
 void TrackedLines::add(int line, int data) {
-  settle();
+  if (state() != settled_)
+    settle();
   if (line < 0 || line >= document_.blockCount())
     return;
-  Line& added = lines_.emplace_back(Line{line, data, QTextCursor(&document_)});
+  const auto next = std::ranges::upper_bound(lines_, line, {}, &Line::number);
+  const std::optional<int> complete = document_.availableUndoSteps() == steps_ ? std::optional(line) : std::nullopt;
+  if (next != lines_.begin()) {
+    Line& last = *std::prev(next);
+    if (last.number == line && last.data == data && last.complete == complete && last.formers.empty()) {
+      ++last.count;
+      return;
+    }
+  }
+  Line& added = *lines_.insert(next, Line{line, data, 1, QTextCursor(&document_)});
   added.start.setKeepPositionOnInsert(true);
+  added.complete = complete;
   place(added);
-  if (document_.availableUndoSteps() == steps_)
-    added.complete = line;
 }
 
 int TrackedLines::indexOf(int line) const {
-  const auto found = std::ranges::find(lines_, line, &Line::number);
-  return found == lines_.end() ? -1 : static_cast<int>(found - lines_.begin());
+  const auto next = std::ranges::upper_bound(lines_, line, {}, &Line::number);
+  const auto index = static_cast<int>(next - lines_.begin()) - 1;
+  return index >= 0 && lines_[static_cast<std::size_t>(index)].number == line ? index : -1;
 }
 
 void TrackedLines::remove(int index) {
-  lines_.erase(lines_.begin() + index);
+  const auto removed = lines_.begin() + index;
+  if (--removed->count == 0)
+    lines_.erase(removed);
 }
 
 void TrackedLines::finishEdit() {
@@ -63,28 +72,28 @@ void TrackedLines::finishEdit() {
 }
 
 void TrackedLines::settle() {
-  const int steps = document_.availableUndoSteps();
-  std::map<int, int> targets; // by the number so far
-  for (Line& line : lines_) {
-    const int target = follow(line, steps);
-    const auto [known, isNew] = targets.emplace(line.number, target);
-    if (!isNew)
-      known->second = std::min(known->second, target);
-  }
+  settled_ = state();
+  std::vector<LineMove> moves;
   int highest = 0; // no line overtakes another
-  for (auto& [number, target] : targets)
-    highest = target = std::max(target, highest);
+  for (auto first = lines_.begin(); first != lines_.end();) {
+    const int number = first->number;
+    const auto next = std::find_if(first, lines_.end(), [number](const Line& line) { return line.number != number; });
+    int target = std::numeric_limits<int>::max(); // those on one line stay together
+    for (auto line = first; line != next; ++line)
+      target = std::min(target, follow(*line, settled_.steps));
+    highest = std::max(target, highest);
 
-  std::vector<Move> moves;
-  for (Line& line : lines_) {
-    const int target = targets.at(line.number);
-    if (target != line.number)
-      moves.push_back({std::exchange(line.number, target), target, line.data});
-    place(line);
+    std::set<int> reported;
+    for (; first != next; ++first) {
+      if (number != highest && reported.insert(first->data).second)
+        moves.push_back({number, highest, first->data});
+      first->number = highest;
+      place(*first);
+    }
   }
   std::ranges::stable_sort(moves, isReportedBefore);
-  for (const Move& move : moves)
-    report_(move.from, move.to, move.data);
+  if (!moves.empty())
+    report_(moves);
 }
 
 // The number that `line` has got. When edits have been undone it is where it was before them, if it was lost by them.

@@ -5,11 +5,21 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <vector>
 
 namespace desktop {
+
+// A tracked line that has moved. Lines are counted from 0.
+struct LineMove {
+  int oldLine;
+  int newLine;
+  int data;
+
+  friend bool operator==(const LineMove&, const LineMove&) = default;
+};
 
 // Lines of one document that are followed through its edits.
 //
@@ -19,29 +29,32 @@ namespace desktop {
 // the one in which its start has come to lie, until the edit that took the character is undone. Since the document's
 // own cursors mark both places, changes that it reports as one, as undo does, are followed exactly.
 //
-// Who is told of moves knows a line by its number alone, so lines that have come together stay together. Main thread
-// only.
+// Who is told of moves knows a line by its number alone, so lines that have come together stay together. What was added
+// to one line with one value, and has the same past, is kept as one however often it was added: an edit costs time for
+// each line that is tracked. Main thread only.
 class TrackedLines : public QObject {
   Q_OBJECT
 
 public:
-  // Receives one moved line; lines are counted from 0.
-  using Report = std::function<void(int oldLine, int newLine, int data)>;
+  // Receives what one edit has moved, which is something.
+  using Report = std::function<void(const std::vector<LineMove>& moves)>;
 
   // `document` must outlive the tracked lines. `report` must not edit the document.
   TrackedLines(QTextDocument& document, Report report);
   ~TrackedLines() override;
 
-  // Tracks line `line`, which is not tracked if there is no such line.
+  // Tracks line `line` once more. It is not tracked if there is no such line.
   void add(int line, int data);
-  // The first tracked line whose number, as it was last reported, is `line`; -1 when there is none.
+  // An index of what was added last to the line whose number, as it was last reported, is `line`; -1 when there is
+  // none. It holds until something is added, removed or moved.
   int indexOf(int line) const;
-  // `index` must be below size().
+  // Takes back one add. `index` must be below size().
   void remove(int index);
   int size() const { return static_cast<int>(lines_.size()); }
 
   // Reports what has moved so far: first the lines that moved down, the last one first, then those that moved up, the
-  // first one first. The end of every edit does this; inside an edit block it may be asked for.
+  // first one first; each value of a line once. The end of every edit does this; inside an edit block it may be asked
+  // for.
   void settle();
 
 private:
@@ -53,6 +66,7 @@ private:
   struct Line {
     int number;
     int data;
+    int count; // how often it was added
     QTextCursor start;
     QTextCursor second = {};          // behind the first character; null for an empty last line
     std::optional<int> complete = {}; // the number after the last edit block; none inside the first one
@@ -63,6 +77,16 @@ private:
     bool isWhole; // whether the line still begins with its start, and has its first character
   };
 
+  // Tells any two states of the text apart between which nobody has settled: each edit adds steps of undo, or makes the
+  // last one take or remove more characters.
+  struct State {
+    int steps;
+    int characters;
+
+    friend bool operator==(const State&, const State&) = default;
+  };
+
+  State state() const { return {document_.availableUndoSteps(), document_.characterCount()}; }
   void finishEdit();
   int follow(Line& line, int steps) const;
   void place(Line& line) const;
@@ -70,8 +94,9 @@ private:
 
   QTextDocument& document_;
   Report report_;
-  std::vector<Line> lines_;
-  int steps_; // the document's undo steps after the last edit block
+  std::deque<Line> lines_; // in the order of their numbers; on one line the last added is the last
+  int steps_;              // the document's undo steps after the last edit block
+  State settled_;
 };
 
 } // namespace desktop

@@ -34,7 +34,12 @@ private:
 
 } // namespace
 
-PageBuffer::PageBuffer(Workspace& workspace, Page& page) : workspace_(&workspace), page_(&page) {}
+PageBuffer::PageBuffer(Workspace& workspace, Page& page)
+    : workspace_(&workspace), page_(&page), fileName_(std::make_shared<QString>(page.document()->fileName())) {
+  const SourceDocument* const document = page.document();
+  QObject::connect(document, &SourceDocument::fileNameChanged, document,
+                   [document, name = fileName_] { *name = document->fileName(); });
+}
 PageBuffer::~PageBuffer() = default;
 
 Page& PageBuffer::page() const {
@@ -44,7 +49,7 @@ Page& PageBuffer::page() const {
 }
 
 QString PageBuffer::GetFileName() const {
-  return page().document()->fileName();
+  return *fileName_;
 }
 
 std::shared_ptr<platform::IOTAEditReader> PageBuffer::CreateReader() {

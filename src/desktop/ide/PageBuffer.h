@@ -16,8 +16,9 @@ class Page;
 class PageLineTracker;
 class Workspace;
 
-// The buffer of one page, and its options. When the page has been closed every operation raises EViewClosed; a reader
-// made before then goes on to serve the text that it was made for.
+// The buffer of one page, and its options. When the page has been closed it still knows the last name of its file;
+// every other operation raises EViewClosed, and a reader made before then goes on to serve the text that it was made
+// for.
 class PageBuffer : public platform::IOTAEditBuffer,
                    public platform::IOTABufferOptions,
                    public std::enable_shared_from_this<PageBuffer> {
@@ -50,6 +51,7 @@ private:
 
   QPointer<Workspace> workspace_;
   QPointer<Page> page_;
+  std::shared_ptr<QString> fileName_; // kept up to date by the document
   std::weak_ptr<platform::IOTAEditView> view_;
   std::weak_ptr<PageUndoGroup> undoGroup_;   // groups within it are it
   std::shared_ptr<PageLineTracker> tracker_; // null until it is asked for

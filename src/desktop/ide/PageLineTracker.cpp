@@ -6,12 +6,13 @@
 #include "platform/Application.h"
 #include "platform/Errors.h"
 
+#include <unordered_map>
+
 namespace desktop {
 
 PageLineTracker::PageLineTracker(Page& page)
-    : page_(&page), lines_(std::make_unique<TrackedLines>(*page.document(), [this](int oldLine, int newLine, int data) {
-        tell(oldLine + 1, newLine + 1, data);
-      })) {}
+    : page_(&page), lines_(std::make_unique<TrackedLines>(
+                        *page.document(), [this](const std::vector<LineMove>& moves) { tell(moves); })) {}
 PageLineTracker::~PageLineTracker() = default;
 
 void PageLineTracker::requirePage() const {
@@ -51,13 +52,30 @@ void PageLineTracker::settle() {
   lines_->settle();
 }
 
-// A notifier may add and remove others.
-void PageLineTracker::tell(int oldLine, int newLine, int data) {
-  for (const auto& [index, notifier] : std::map(notifiers_)) {
-    const auto listening = notifier.lock();
-    if (listening != nullptr && notifiers_.contains(index))
-      platform::Guarded(
-          [&listening = *listening, oldLine, newLine, data] { listening.LineChanged(oldLine, newLine, data); });
+// Each notifier that waits for one line is called for that line only, so that many of them take no longer than the
+// lines that have moved. A notifier may add and remove others.
+void PageLineTracker::tell(const std::vector<LineMove>& moves) {
+  constexpr int everyLine = 0;
+  struct Listener {
+    int index;
+    std::weak_ptr<platform::IOTAEditLineNotifier> notifier;
+  };
+  std::unordered_map<int, std::vector<Listener>> listeners; // by the line that they wait for
+  for (const auto& [index, notifier] : notifiers_) {
+    if (const auto listening = notifier.lock())
+      listeners[listening->GetLine()].push_back({index, notifier});
+  }
+  for (const LineMove& move : moves) {
+    for (const int line : {everyLine, move.oldLine + 1}) {
+      const auto found = listeners.find(line);
+      if (found == listeners.end())
+        continue;
+      for (const auto& [index, notifier] : found->second) {
+        const auto listening = notifier.lock();
+        if (listening != nullptr && notifiers_.contains(index))
+          platform::Guarded([&] { listening->LineChanged(move.oldLine + 1, move.newLine + 1, move.data); });
+      }
+    }
   }
 }
 

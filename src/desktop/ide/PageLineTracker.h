@@ -8,6 +8,7 @@
 
 #include <map>
 #include <memory>
+#include <vector>
 
 namespace desktop {
 
@@ -30,7 +31,7 @@ public:
 
 private:
   void requirePage() const;
-  void tell(int oldLine, int newLine, int data);
+  void tell(const std::vector<LineMove>& moves);
 
   QPointer<Page> page_;
   std::unique_ptr<TrackedLines> lines_; // of a document that may be gone when the page is

@@ -6,8 +6,8 @@
 // whatever the file's encoding; the host keeps the real text, and nothing that was served is ever written back.
 //
 // A buffer is an open file, a view shows it on a page of an editor window. Both objects outlive their page: when it has
-// been closed, every operation but a comparison raises EViewClosed. There is one view object per window and page while
-// the page is open, so views are compared by identity. Main thread only.
+// been closed, every operation raises EViewClosed, apart from comparisons and the buffer's GetFileName. There is one
+// view object per window and page while the page is open, so views are compared by identity. Main thread only.
 #pragma once
 
 #include "platform/Export.h"
@@ -93,6 +93,9 @@ public:
 class VIRELLE_PLATFORM IOTAEditLineNotifier : public virtual IInterface {
 public:
   ~IOTAEditLineNotifier() override;
+  // The one line, from 1, of whose moves the notifier wants to hear; 0, unless it says otherwise, for every line. Asked
+  // once an edit, before its moves are reported. Must not throw.
+  virtual int GetLine() const { return 0; }
   // The line tracked as `oldLine` with `data` is `newLine` now; both from 1, and they differ. Must not edit the text.
   // What it throws goes to TApplication::HandleException.
   virtual void LineChanged(int oldLine, int newLine, int data) = 0;
@@ -106,9 +109,10 @@ public:
 // one line stay one.
 //
 // An edit is reported when it is complete; inside an undo group, after each call of InsertCharacter or BackspaceDelete.
-// Each tracked line that has moved is reported once to every notifier: first those that moved down, the last line
-// first, then those that moved up, the first line first. So a notifier that keeps a line's number never takes a line
-// that has just been moved for one that is still to be moved. A line may be tracked more than once; each is reported.
+// Each tracked line that has moved is reported once to every notifier that wants to hear of it: first those that moved
+// down, the last line first, then those that moved up, the first line first. So a notifier that keeps a line's number
+// never takes a line that has just been moved for one that is still to be moved. A line may be tracked more than once,
+// also with several values; each value is reported once.
 //
 // Every operation raises EViewClosed when the page has been closed; notifiers hear of nothing then. Main thread only.
 class VIRELLE_PLATFORM IOTAEditLineTracker : public virtual IInterface {
@@ -116,10 +120,11 @@ public:
   ~IOTAEditLineTracker() override;
   // Tracks line `line`, from 1, under a value of the caller's. A line outside the text is not tracked.
   virtual void AddLine(int line, int data) = 0;
-  // The index (from 0) of the tracked line that was last reported, or added, as `line`; the first of several; -1 when
-  // there is none.
+  // The index (from 0) of the tracked line that was last reported, or added, as `line`; -1 when there is none. Of
+  // several it is the one added last: one that was added before may have been elsewhere, and return there with undo.
+  // The index holds until a line is added, deleted or moved.
   virtual int IndexOfLine(int line) const = 0;
-  // Ends tracking the line at `index`, which must be in range; the indexes of those behind it go down by one.
+  // Takes back one call of AddLine for the line at `index`, which must be in range.
   virtual void Delete(int index) = 0;
   // Reports to `notifier`, which is held weakly, until it is removed by the index returned. Indexes are not used again.
   virtual int AddNotifier(const std::shared_ptr<IOTAEditLineNotifier>& notifier) = 0;
@@ -144,7 +149,8 @@ class IOTAEditView;
 class VIRELLE_PLATFORM IOTAEditor : public virtual IInterface {
 public:
   ~IOTAEditor() override;
-  // The absolute name of the file; for a page that was never saved a name of the host's making, ending in ".pas".
+  // The absolute name of the file; for a page that was never saved a name of the host's making, ending in ".pas", which
+  // it gives to no other page. When the page has been closed, the last name that the file had.
   virtual QString GetFileName() const = 0;
 };
 

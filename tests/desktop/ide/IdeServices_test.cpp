@@ -196,7 +196,6 @@ TEST_F(IdeServicesTest, AnswersForAClosedPageWithAnError) {
   EXPECT_THROW(position->GetRow(), EViewClosed);
   EXPECT_THROW(position->GetColumn(), EViewClosed);
   EXPECT_THROW(position->Move(1, 1), EViewClosed);
-  EXPECT_THROW(buffer->GetFileName(), EViewClosed);
   EXPECT_THROW(buffer->CreateReader(), EViewClosed);
   EXPECT_THROW(buffer->GetBufferOptions(), EViewClosed);
   EXPECT_THROW(buffer->GetIsModified(), EViewClosed);

@@ -16,7 +16,9 @@ class Listener : public platform::IOTAEditLineNotifier {
 public:
   Told told;
   std::function<void()> onChange;
+  int line = 0;
 
+  int GetLine() const override { return line; }
   void LineChanged(int oldLine, int newLine, int data) override {
     told.emplace_back(oldLine, newLine, data);
     if (onChange)
@@ -127,6 +129,20 @@ TEST_F(LineTrackerTest, TellsEveryNotifierUntilItIsRemovedOrGone) {
   EXPECT_NE(tracker->AddNotifier(second), index);
 }
 
+TEST_F(LineTrackerTest, TellsANotifierThatWaitsForOneLineOfThatLineOnly) {
+  openLines();
+  const auto second = std::make_shared<Listener>();
+  second->line = 10;
+  tracker->AddNotifier(second);
+  for (const int line : {9, 10, 11})
+    tracker->AddLine(line, 0);
+  typeAt(1, U"\r");
+  EXPECT_EQ(second->told, (Told{{10, 11, 0}}));
+  EXPECT_EQ(listener->told, (Told{{11, 12, 0}, {10, 11, 0}, {9, 10, 0}}));
+  typeAt(1, U"\r");
+  EXPECT_EQ(second->told, (Told{{10, 11, 0}, {10, 11, 0}})) << "it did not follow its line";
+}
+
 TEST_F(LineTrackerTest, LetsANotifierRemoveAnother) {
   openLines();
   const auto second = std::make_shared<Listener>();
@@ -155,9 +171,20 @@ TEST_F(LineTrackerTest, EndsTrackingByIndex) {
   tracker->AddLine(10, 1);
   tracker->Delete(tracker->IndexOfLine(10));
   typeAt(1, U"\r");
-  EXPECT_EQ(listener->told, (Told{{10, 11, 1}}));
+  EXPECT_EQ(listener->told, (Told{{10, 11, 0}})) << "the last one was deleted";
   EXPECT_THROW(tracker->Delete(1), platform::EAssertionFailed);
   EXPECT_THROW(tracker->Delete(-1), platform::EAssertionFailed);
+}
+
+TEST_F(LineTrackerTest, DeletesTheLineThatCameLastSoThatTheFirstReturnsToItsPlaceWithUndo) {
+  openLines();
+  tracker->AddLine(10, 0);
+  view->GetPosition()->Move(10, 1);
+  view->GetPosition()->BackspaceDelete(1);
+  tracker->AddLine(9, 0);
+  tracker->Delete(tracker->IndexOfLine(9));
+  editor()->undo();
+  EXPECT_EQ(listener->told, (Told{{10, 9, 0}, {9, 10, 0}}));
 }
 
 TEST_F(LineTrackerTest, RefusesAClosedPage) {
