@@ -1,4 +1,5 @@
-# Read by cpack before anything else. Without dpkg-shlibdeps cpack would make a package that depends on nothing, and say so only in passing.
+# Read by cpack before anything else. Without dpkg-shlibdeps cpack would make a package that depends on nothing, and say so
+# only in passing.
 cmake_policy(VERSION 3.25)
 if(NOT CPACK_GENERATOR STREQUAL "DEB")
   return()
