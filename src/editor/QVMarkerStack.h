@@ -32,7 +32,8 @@ public:
 };
 
 // A marker that lets the line tracker of its buffer tell it where its line goes. Views are held weakly: a marker
-// outlives the page on which it was dropped, and is followed again from its row once the file is open again.
+// outlives the page on which it was dropped, and is followed again from its row once the file is open again. Until then
+// it holds the buffer, which knows the last name of its file: a page may get one while it is being closed.
 class TQVMarker final : public IQVMarker,
                         public platform::IOTAEditLineNotifier,
                         public std::enable_shared_from_this<TQVMarker> {
@@ -49,16 +50,18 @@ public:
 
   // Follows the text of `view` from the marker's row on.
   void Attach(const std::shared_ptr<platform::IOTAEditView>& view);
+  int GetLine() const override { return Row; }
   void LineChanged(int oldLine, int newLine, int data) override;
 
 private:
   explicit TQVMarker(platform::IOTAEditView& view);
 
-  mutable QString FileName; // as of the last time that it was asked for
+  QString FileName; // as it was when the marker was detached
   std::int32_t Row;
   std::int32_t Col;
-  std::weak_ptr<platform::IOTAEditView> View;
-  std::int32_t NotifierIndex = -1; // of the tracker of the view's buffer
+  std::shared_ptr<platform::IOTAEditBuffer> Buffer;   // null once the marker is detached
+  mutable std::weak_ptr<platform::IOTAEditView> View; // forgotten when it is found to be closed
+  std::int32_t NotifierIndex = -1;                    // of the tracker of the view's buffer
 };
 
 // Receives one marker: its row, its screen column, both from 1, and the number to show for it, which is its place in
@@ -79,8 +82,9 @@ public:
   // Drops a marker at the caret of `view`, which must be open.
   virtual void Push(const std::shared_ptr<platform::IOTAEditView>& view) = 0;
   // Picks the top marker up: its page comes to the front, opened if need be, the caret moves to the marker, clipped to
-  // the text, and the marker is gone. When the file cannot be shown any more the user is told, the caret stays where it
-  // is, and the marker is gone all the same. Does nothing on an empty stack.
+  // the text, and the marker is gone. When the file cannot be shown any more, or only as plain text, the user is told,
+  // the caret stays where it is, and the marker is gone all the same; so it is when the host fails. Does nothing on an
+  // empty stack.
   virtual void Pop() = 0;
   // Reports the markers of `fileName` whose row lies between `firstLine` and `lastLine`, both included, in the order in
   // which they were pushed.
@@ -89,8 +93,9 @@ public:
   virtual std::int32_t Count() const = 0;
   // Turns the order of the top `count` markers round.
   virtual void ReverseTop(std::int32_t count) = 0;
-  // Lets the markers of the file in `view` whose own view has been closed follow its text. To be called before the text
-  // of a newly opened view is edited; cheap enough for every key and paint.
+  // Lets the markers of the file in `view` whose own view has been closed follow its text; the file may have been
+  // opened by another of its names. To be called before the text of a newly opened view is edited; cheap enough for
+  // every key and paint, since a view that was the last to be resumed is done.
   virtual void Resume(const std::shared_ptr<platform::IOTAEditView>& view) = 0;
 };
 
@@ -110,6 +115,8 @@ public:
 
 private:
   std::vector<std::shared_ptr<TQVMarker>> Markers; // the last is the top
+  std::weak_ptr<platform::IOTAEditView> Resumed;   // the view resumed last
+  QString ResumedName;                             // and the name of its file then
 };
 
 // The one stack; null while the unit is not started, and then there are no markers.

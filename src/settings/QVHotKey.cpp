@@ -40,12 +40,14 @@ bool IsForeignLetter(int key) {
   return key > 0xFF && key <= 0xFFFF && QChar(static_cast<char16_t>(key)).isLetter();
 }
 
-// The virtual key code, or 0 for a key that has none.
+// The virtual key code, or 0 for a key that has none. Without Shift a digit is known by its sign alone: where the place
+// has another one, as on French keyboards, the digit needs Shift, and a shortcut without it would never fire.
 std::uint8_t VirtualKeyOf(const QKeyEvent& event) {
   if (const std::uint8_t key = platform::VirtualKey(event.key()))
     return key;
   const quint32 code = event.nativeScanCode();
-  if (const std::uint8_t digit = KeyAt(kDigits, code))
+  const std::uint8_t digit = event.modifiers().testFlag(Qt::ShiftModifier) ? KeyAt(kDigits, code) : 0;
+  if (digit != 0)
     return digit;
   if (!IsForeignLetter(event.key()))
     return 0;
@@ -56,8 +58,19 @@ std::uint8_t VirtualKeyOf(const QKeyEvent& event) {
   return 0;
 }
 
-TShortCut ModifierOf(int key) {
-  switch (key) {
+// X11 calls the key Alt Meta while Shift is held.
+bool IsAltCalledMeta(const QKeyEvent& event) {
+  constexpr quint32 leftAlt = 64;
+  constexpr quint32 rightAlt = 108;
+  const quint32 code = event.nativeScanCode();
+  return event.key() == Qt::Key_Meta && (code == leftAlt || code == rightAlt);
+}
+
+// The modifier that the key is, or 0.
+TShortCut ModifierOf(const QKeyEvent& event) {
+  if (IsAltCalledMeta(event))
+    return scAlt;
+  switch (event.key()) {
   case Qt::Key_Shift:
     return scShift;
   case Qt::Key_Control:
@@ -85,7 +98,7 @@ enum class TUse {
 };
 
 TUse UseOf(const QKeyEvent& event) {
-  if (ModifierOf(event.key()) != 0)
+  if (ModifierOf(event) != 0)
     return TUse::Hold;
   const bool plain = (ModifiersOf(event) & (scCtrl | scAlt)) == 0;
   switch (event.key()) {
@@ -168,7 +181,7 @@ void THotKey::keyPressEvent(QKeyEvent* event) {
     event->ignore();
     break;
   case TUse::Hold:
-    setText(HeldText(ModifiersOf(*event) | ModifierOf(event->key())));
+    setText(HeldText(ModifiersOf(*event) | ModifierOf(*event)));
     break;
   case TUse::Clear:
     SetHotKey(0);
@@ -181,7 +194,7 @@ void THotKey::keyPressEvent(QKeyEvent* event) {
 
 // The first modifier that is let go ends the attempt: what counts is shown again.
 void THotKey::keyReleaseEvent(QKeyEvent* event) {
-  if (ModifierOf(event->key()) != 0)
+  if (ModifierOf(*event) != 0)
     setText(HotKeyText(hotKey_));
   QLineEdit::keyReleaseEvent(event);
 }

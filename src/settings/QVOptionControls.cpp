@@ -27,31 +27,6 @@ template <class TControl> TControl& ControlOf(const TQVOptionRow& row, const QWi
   return *control;
 }
 
-void ShowValue(const TQVOptionRow& row, const TQVOptionValues& values, const QWidget& form) {
-  switch (row.Kind) {
-  case TQVOptionKind::Color:
-    ControlOf<TColorBtn>(row, form).SetActiveColor(values.Number(row.Option));
-    break;
-  case TQVOptionKind::Item:
-    ControlOf<TRadioGroup>(row, form).SetItemIndex(values.Number(row.Option));
-    break;
-  case TQVOptionKind::Spin:
-    ControlOf<QSpinBox>(row, form).setValue(values.Number(row.Option));
-    break;
-  case TQVOptionKind::Flag:
-    ControlOf<QCheckBox>(row, form).setChecked(values.Flag(row.Option));
-    break;
-  case TQVOptionKind::Character:
-    ControlOf<QLineEdit>(row, form).setText(QString::fromLatin1(values.Text(row.Option)));
-    break;
-  case TQVOptionKind::HotKey:
-    ControlOf<THotKey>(row, form).SetHotKey(values.Number(row.Option));
-    break;
-  case TQVOptionKind::Folder:
-    break; // has no control
-  }
-}
-
 void TakeValue(const TQVOptionRow& row, const QWidget& form, TQVOptionValues& values) {
   switch (row.Kind) {
   case TQVOptionKind::Color:
@@ -84,9 +59,35 @@ QString ControlName(TQVOption option) {
   return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
 }
 
+void ShowValue(TQVOption option, const TQVOptionValues& values, QWidget& form) {
+  const TQVOptionRow& row = RowOf(option);
+  switch (row.Kind) {
+  case TQVOptionKind::Color:
+    ControlOf<TColorBtn>(row, form).SetActiveColor(values.Number(option));
+    break;
+  case TQVOptionKind::Item:
+    ControlOf<TRadioGroup>(row, form).SetItemIndex(values.Number(option));
+    break;
+  case TQVOptionKind::Spin:
+    ControlOf<QSpinBox>(row, form).setValue(values.Number(option));
+    break;
+  case TQVOptionKind::Flag:
+    ControlOf<QCheckBox>(row, form).setChecked(values.Flag(option));
+    break;
+  case TQVOptionKind::Character:
+    ControlOf<QLineEdit>(row, form).setText(QString::fromLatin1(values.Text(option)));
+    break;
+  case TQVOptionKind::HotKey:
+    ControlOf<THotKey>(row, form).SetHotKey(values.Number(option));
+    break;
+  case TQVOptionKind::Folder:
+    break; // has no control
+  }
+}
+
 void ShowValues(const TQVOptionValues& values, QWidget& form) {
   for (const TQVOptionRow& row : QVOptionTable)
-    ShowValue(row, values, form);
+    ShowValue(row.Option, values, form);
 }
 
 TQVOptionValues TakeValues(const QWidget& form) {

@@ -13,8 +13,9 @@ namespace quorvane {
 // The object name of an option's control.
 QString ControlName(TQVOption option);
 
-// Put the values into the controls below `form`, and take them back. An option whose control is missing, or of a kind
-// that does not fit, is an EAssertionFailed that names the unit QVOptions.
+// Put one value or all of them into the controls below `form`, and take all back. An option whose control is missing,
+// or of a kind that does not fit, is an EAssertionFailed that names the unit QVOptions.
+void ShowValue(TQVOption option, const TQVOptionValues& values, QWidget& form);
 void ShowValues(const TQVOptionValues& values, QWidget& form);
 TQVOptionValues TakeValues(const QWidget& form);
 

@@ -18,8 +18,10 @@
 #include "toolbar/QVLineNumbers.h"
 #include "toolbar/QVLocalVars.h"
 
+#include <QAbstractButton>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPushButton>
 #include <QScreen>
@@ -60,7 +62,6 @@ template <class TCall> void ForEachProxy(TCall call) {
 TQVOptionsForm::TQVOptionsForm() : Pages(new QTabWidget(this)) {
   setObjectName(QStringLiteral("QVOptionsForm"));
   setWindowTitle(QStringLiteral("Virelle Options"));
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
   BuildPages();
   auto* const layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
@@ -83,7 +84,8 @@ void TQVOptionsForm::BuildPages() {
   AddOptionPages(*Pages);
   connect(Pages->findChild<QPushButton*>(QStringLiteral("EditTemplatesBtn")), &QPushButton::clicked, this,
           &TQVOptionsForm::EditTemplatesBtnClick);
-  ShowValues(TQVOptionValues(), *this);
+  for (QAbstractButton* button : Pages->findChildren<QAbstractButton*>())
+    button->installEventFilter(this);
 }
 
 QWidget* TQVOptionsForm::NewBottomPanel() {
@@ -107,7 +109,7 @@ QWidget* TQVOptionsForm::NewBottomPanel() {
 }
 
 void TQVOptionsForm::FormCreate() {
-  TQVOptionValues values = TakeValues(*this);
+  TQVOptionValues values; // as designed
   TQVOptionsRegistry registry;
   LoadOptions(registry, values, platform::OutputDebugString);
   ShowValues(values, *this);
@@ -117,7 +119,7 @@ void TQVOptionsForm::FormCreate() {
 
 void TQVOptionsForm::FormDestroy() {
   TQVOptionsRegistry registry;
-  SaveOptions(TakeValues(*this), registry);
+  SaveOptions(TakeValues(*this), registry, platform::OutputDebugString);
 }
 
 void TQVOptionsForm::InsertMenuItem() {
@@ -152,7 +154,7 @@ void TQVOptionsForm::EditTemplatesBtnClick() {
 void TQVOptionsForm::SetGlobalVars() {
   TQVOptionValues values = TakeValues(*this);
   ApplyOptions(values);
-  ShowValues(values, *this);
+  ShowValue(TQVOption::TemplateKey, values, *this); // it may have become a blank
 
   if (!OptShowLineNumbers || OptLinesInGutter)
     HideLineNumbers();
@@ -176,9 +178,22 @@ void TQVOptionsForm::setVisible(bool visible) {
 
 bool TQVOptionsForm::event(QEvent* event) {
   const bool handled = QDialog::event(event);
-  if (event->type() == QEvent::LayoutRequest)
+  // The desktop moves the window when it puts its frame around it.
+  if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Move)
     FitContents();
   return handled;
+}
+
+// On some desktops (GNOME) Enter presses the button that has the focus. Ignored, it goes up to the dialog. That holds
+// for the button of the templates too: Space presses it.
+bool TQVOptionsForm::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress)
+    return QDialog::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key != Qt::Key_Return && key != Qt::Key_Enter)
+    return false;
+  event->ignore();
+  return true;
 }
 
 // Pages that were never shown would keep the sizes that they had with the font before: Qt only tells layouts that are
@@ -193,8 +208,15 @@ void TQVOptionsForm::changeEvent(QEvent* event) {
     control->updateGeometry();
 }
 
+// The size that the dialog can have without its frame leaving the screen. How wide the frame is shows only when the
+// desktop has put it there; until then it is taken for a title bar.
+QSize TQVOptionsForm::Room() const {
+  const QSize titleBar(0, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+  return screen()->availableSize() - (frameSize() - size()).expandedTo(titleBar);
+}
+
 void TQVOptionsForm::FitContents() {
-  const QSize room = screen()->availableSize();
+  const QSize room = Room();
   QSize size = layout()->totalSizeHint().expandedTo(kDesignedSize);
   if (size.height() > room.height())
     size.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
@@ -202,7 +224,12 @@ void TQVOptionsForm::FitContents() {
 }
 
 void StartQVOptions() {
-  QVOptionsForm = new TQVOptionsForm;
+  try {
+    QVOptionsForm = new TQVOptionsForm;
+  } catch (...) {
+    OptStorageDir.clear(); // all that loading has set by then
+    throw;
+  }
   platform::Application().InsertComponent(QVOptionsForm);
 }
 

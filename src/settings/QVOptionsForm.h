@@ -17,8 +17,8 @@ namespace quorvane {
 // Cancel leaves the globals as they are, but does not turn the controls back: what was edited shows again the next
 // time, and is saved in the end. That is intended. So is that the page last shown stays.
 //
-// The names of the controls are those of the options' table. The dialog has its own size, as large as fonts and style
-// need it, and cannot be resized. Main thread only.
+// The names of the controls are those of the options' table. Enter is OK wherever the focus is on the pages, and Escape
+// is Cancel. The dialog has its own size, as large as fonts and style need it, and cannot be resized. Main thread only.
 class TQVOptionsForm final : public QDialog {
   Q_OBJECT
 public:
@@ -43,6 +43,8 @@ public:
 
 protected:
   bool event(QEvent* event) override;
+  // Takes Enter from the buttons of the pages: it is the dialog's.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
 
 private:
@@ -53,6 +55,7 @@ private:
   void InsertMenuItem();
   void MenuClick();
   void EditTemplatesBtnClick();
+  QSize Room() const;
   void FitContents();
 
   QTabWidget* Pages;
@@ -62,7 +65,8 @@ private:
 // The one dialog, or null while the unit is not started.
 extern TQVOptionsForm* QVOptionsForm;
 
-// Start and stop of the unit: the start creates the dialog, owned by the application, and the stop frees it.
+// Start and stop of the unit: the start creates the dialog, owned by the application, and the stop frees it. A start
+// that fails leaves no dialog, no menu item and no storage folder.
 void StartQVOptions();
 void StopQVOptions();
 

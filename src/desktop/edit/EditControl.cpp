@@ -211,16 +211,6 @@ void TEditControl::setIndentWidth(int cells) {
   indentWidth_ = std::max(cells, 1);
 }
 
-void TEditControl::indentBlock() {
-  indentLines(textCursor(), indentOptions());
-  showCaret();
-}
-
-void TEditControl::unindentBlock() {
-  unindentLines(textCursor(), indentOptions());
-  showCaret();
-}
-
 int TEditControl::caretRow() const {
   return textCursor().blockNumber() + 1;
 }

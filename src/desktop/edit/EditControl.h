@@ -122,10 +122,15 @@ public:
 
   IndentOptions indentOptions() const { return {indentWidth_, tabWidth_, tabInsertion_}; }
 
-  // Moves every line that the selection touches (the caret's line without one) by one indent width, as one undo step. A
-  // line that the selection only reaches the start of stays.
-  void indentBlock();
+  // For every line that the selection touches (the caret's line without one), as one undo step; a line that the
+  // selection only reaches the start of stays. A read-only text is left alone.
+  void indentBlock(); // by one indent width
   void unindentBlock();
+  void commentBlock(); // by "// "
+  void uncommentBlock();
+  void duplicateBlock(); // below, and the caret goes into the copy
+  void moveBlockUp();    // by one line
+  void moveBlockDown();
 
   // Row and screen column of the caret, both from 1, tabs expanded; and the character index (code points) from 0.
   int caretRow() const;
@@ -218,6 +223,7 @@ private:
   void sendScroll(Qt::Orientation orientation);
   void applyKey(QKeyEvent& event);
   bool unindentCaret();
+  template <class TEdit> void editLines(TEdit&& edit); // EditControlCommands.cpp
   void applyCharacter(char32_t character);
   void applyScroll(Qt::Orientation orientation);
   QScrollBar& scrollBar(Qt::Orientation orientation) const;

@@ -205,8 +205,7 @@ void TEditControl::applyKey(QKeyEvent& event) {
     return event.accept();
   }
   if (event.key() == Qt::Key_Backtab) {
-    if (!isReadOnly())
-      unindentBlock();
+    unindentBlock();
     return event.accept();
   }
   if (event.key() == Qt::Key_Backspace && !(event.modifiers() & ~Qt::ShiftModifier) && unindentCaret())

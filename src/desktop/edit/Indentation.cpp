@@ -1,40 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/edit/Indentation.h"
 
+#include "desktop/edit/SelectedLines.h"
 #include "desktop/edit/TextColumns.h"
-
-#include <QTextBlock>
-#include <QTextDocument>
 
 #include <algorithm>
 
 namespace desktop {
 
 namespace {
-
-qsizetype leadingWhiteSpace(QStringView line) {
-  const auto* const end = std::find_if(line.begin(), line.end(), [](QChar c) { return c != u' ' && c != u'\t'; });
-  return end - line.begin();
-}
-
-// Calls `change(cursor, line text, length of its leading white space)` for each line of the selection, with a cursor at
-// the start of the line, as one undo step.
-template <class TChange> void forEachLine(const QTextCursor& selection, TChange&& change) {
-  const QTextDocument& document = *selection.document();
-  const QTextBlock first = document.findBlock(selection.selectionStart());
-  QTextBlock last = document.findBlock(selection.selectionEnd());
-  if (last != first && selection.selectionEnd() == last.position())
-    last = last.previous();
-  QTextCursor cursor(first);
-  cursor.beginEditBlock();
-  for (int number = first.blockNumber(); number <= last.blockNumber(); ++number) {
-    const QTextBlock block = document.findBlockByNumber(number);
-    const QString text = block.text();
-    cursor.setPosition(block.position());
-    change(cursor, text, leadingWhiteSpace(text));
-  }
-  cursor.endEditBlock();
-}
 
 // Shortens the first `length` units of `line`, all white space, to `cells` cells. `cursor` is at the start of the line
 // and ends behind what has been changed.

@@ -81,6 +81,34 @@ void WindowCommands::selectAll() {
   focusedLine() != nullptr ? focusedLine()->selectAll() : editor_->selectAll();
 }
 
+void WindowCommands::indentBlock() {
+  editor_->indentBlock();
+}
+
+void WindowCommands::unindentBlock() {
+  editor_->unindentBlock();
+}
+
+void WindowCommands::commentBlock() {
+  editor_->commentBlock();
+}
+
+void WindowCommands::uncommentBlock() {
+  editor_->uncommentBlock();
+}
+
+void WindowCommands::duplicateBlock() {
+  editor_->duplicateBlock();
+}
+
+void WindowCommands::moveBlockUp() {
+  editor_->moveBlockUp();
+}
+
+void WindowCommands::moveBlockDown() {
+  editor_->moveBlockDown();
+}
+
 void WindowCommands::find() {
   window_->findBar()->open();
 }
@@ -213,6 +241,10 @@ void WindowCommands::update() {
                                  "SearchNextWordCommand", "SearchPreviousWordCommand"})
     enable(name, open);
   enable("SearchReplaceCommand", writable);
+  for (const char* const name :
+       {"EditIndentCommand", "EditUnindentCommand", "EditCommentCommand", "EditUncommentCommand",
+        "EditDuplicateCommand", "EditMoveUpCommand", "EditMoveDownCommand"})
+    enable(name, writable && line == nullptr);
   enable("SearchGoToCommand", open || workspace_.topPage() != nullptr);
   for (const char* const name : {"ViewNextTabCommand", "ViewPreviousTabCommand"})
     enable(name, window_->pages().size() > 1);

@@ -72,6 +72,13 @@ private:
   void copy();
   void paste();
   void selectAll();
+  void indentBlock();
+  void unindentBlock();
+  void commentBlock();
+  void uncommentBlock();
+  void duplicateBlock();
+  void moveBlockUp();
+  void moveBlockDown();
   void find();
   void findNext();
   void findPrevious();

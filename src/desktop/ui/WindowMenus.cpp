@@ -58,6 +58,17 @@ void WindowCommands::buildEditMenu() {
       Row{"EditPasteCommand", QT_TR_NOOP("&Paste"), "Ctrl+V", "edit-paste", &WindowCommands::paste},
       Row{},
       Row{"EditSelectAllCommand", QT_TR_NOOP("Select &All"), "Ctrl+A", "edit-select-all", &WindowCommands::selectAll},
+      Row{},
+      Row{"EditIndentCommand", QT_TR_NOOP("&Indent Block"), "Ctrl+I", "format-indent-more",
+          &WindowCommands::indentBlock},
+      Row{"EditUnindentCommand", QT_TR_NOOP("U&nindent Block"), "Ctrl+Shift+I", "format-indent-less",
+          &WindowCommands::unindentBlock},
+      Row{"EditCommentCommand", QT_TR_NOOP("Co&mment Block"), "Ctrl+D", "", &WindowCommands::commentBlock},
+      Row{"EditUncommentCommand", QT_TR_NOOP("Unc&omment Block"), "Ctrl+Shift+D", "", &WindowCommands::uncommentBlock},
+      Row{},
+      Row{"EditDuplicateCommand", QT_TR_NOOP("&Duplicate Lines"), "Ctrl+Alt+Down", "", &WindowCommands::duplicateBlock},
+      Row{"EditMoveUpCommand", QT_TR_NOOP("Move &Lines Up"), "Ctrl+Shift+Up", "", &WindowCommands::moveBlockUp},
+      Row{"EditMoveDownCommand", QT_TR_NOOP("Move Lines Do&wn"), "Ctrl+Shift+Down", "", &WindowCommands::moveBlockDown},
   };
   QMenu* const menu = addMenu("EditMenu", tr("&Edit"));
   addRows(menu, rows);

@@ -57,7 +57,10 @@ TEST_F(WindowCommandsTest, EditMenuHoldsItsCommands) {
   EXPECT_EQ(texts(menu(QStringLiteral("EditMenu"))->actions()),
             (QStringList{QStringLiteral("&Undo"), QStringLiteral("&Redo"), QStringLiteral("-"), QStringLiteral("Cu&t"),
                          QStringLiteral("&Copy"), QStringLiteral("&Paste"), QStringLiteral("-"),
-                         QStringLiteral("Select &All")}));
+                         QStringLiteral("Select &All"), QStringLiteral("-"), QStringLiteral("&Indent Block"),
+                         QStringLiteral("U&nindent Block"), QStringLiteral("Co&mment Block"),
+                         QStringLiteral("Unc&omment Block"), QStringLiteral("-"), QStringLiteral("&Duplicate Lines"),
+                         QStringLiteral("Move &Lines Up"), QStringLiteral("Move Lines Do&wn")}));
 }
 
 TEST_F(WindowCommandsTest, SearchMenuHoldsItsCommands) {
