@@ -30,7 +30,7 @@ QGroupBox* AddGroup(TQVScrollPage& page, const char* name, const QString& captio
   auto* const group = new QGroupBox(caption, &page.Contents());
   group->setObjectName(QLatin1StringView(name));
   auto* const layout = new QVBoxLayout(group);
-  layout->setContentsMargins(9, 5, 9, 5); // closer than usual, as there is much to show
+  layout->setContentsMargins(9, 4, 9, 4); // closer than usual, as there is much to show
   layout->setSpacing(3);
   page.AddGroup(group);
   return group;

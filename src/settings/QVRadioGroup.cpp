@@ -10,7 +10,7 @@ TRadioGroup::TRadioGroup(const QString& caption, const QStringList& items, QWidg
     : QGroupBox(caption, parent) {
   setAccessibleName(caption); // or it goes by the name of the group that it stands in
   auto* const layout = new QVBoxLayout(this);
-  layout->setContentsMargins(9, 5, 9, 5);
+  layout->setContentsMargins(9, 4, 9, 4);
   layout->setSpacing(3);
   for (const QString& item : items) {
     auto* const button = new QRadioButton(item, this);

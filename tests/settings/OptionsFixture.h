@@ -29,8 +29,11 @@ protected:
     Load();
     ApplyOptions(Controls);
   }
+  void Save() {
+    SaveOptions(Controls, Registry, [this](std::string_view line) { Reports.emplace_back(line); });
+  }
   // What its end does.
-  void Stop() { SaveOptions(Controls, Registry); }
+  void Stop() { Save(); }
 
   fakes::RecordingRegistry Registry;
   TQVOptionValues Controls;

@@ -55,11 +55,17 @@ protected:
     file.write(kHeader + values);
   }
 
-  // Opens the dialog by its menu item, as the user does; `act` uses it and has to close it.
+  // Opens the dialog by its menu item, as the user does; `act` uses it and has to close it, or the test fails.
   void Open(const std::function<void(TQVOptionsForm&)>& act) {
     QAction* const item = MainForm.ToolsItem(QStringLiteral("Virelle Options..."));
     ASSERT_NE(item, nullptr);
-    const support::ModalAnswer<TQVOptionsForm> answer(act);
+    const support::ModalAnswer<TQVOptionsForm> answer([&act](TQVOptionsForm& form) {
+      act(form);
+      if (form.isVisible()) {
+        ADD_FAILURE() << "the dialog was not closed";
+        form.done(TQVOptionsForm::mrCancel);
+      }
+    });
     item->trigger();
   }
   // The same, closing with a button.
@@ -88,6 +94,16 @@ protected:
       if (Pages().widget(page)->isAncestorOf(&control))
         Pages().setCurrentIndex(page);
     }
+  }
+  // Gives a control the focus, in a radio group the checked button, and returns what has it.
+  static QWidget* Focus(const char* name) {
+    auto& control = Control<QWidget>(name);
+    Reach(control);
+    if (const auto* group = qobject_cast<const TRadioGroup*>(&control))
+      group->findChildren<QAbstractButton*>().at(group->ItemIndex())->setFocus();
+    else
+      control.setFocus();
+    return QVOptionsForm->focusWidget();
   }
   static void Toggle(const char* name) {
     auto& box = Control<QCheckBox>(name);

@@ -179,12 +179,25 @@ INSTANTIATE_TEST_SUITE_P(Layouts, HotKeyOnLayout,
                          testing::Values(LayoutKey{"American", Qt::Key_ParenRight, u")"},
                                          LayoutKey{"German", Qt::Key_Equal, u"="}, LayoutKey{"French", Qt::Key_0, u"0"},
                                          LayoutKey{"Czech", Qt::Key_0, u"0"},
-                                         LayoutKey{"FrenchCanadian", Qt::Key_Agrave, u"À"}));
+                                         LayoutKey{"FrenchWithCapsLock", Qt::Key_Agrave, u"à"}));
 
 TEST_P(HotKeyOnLayout, TakesShiftAltZeroWhateverTheSign) {
   EXPECT_TRUE(
       PressAt(kDigitZero, GetParam().Key, QString::fromUtf16(GetParam().Sign), Qt::ShiftModifier | Qt::AltModifier));
   EXPECT_EQ(Field.HotKey(), scShift | scAlt | '0');
+}
+
+TEST_F(HotKeyTest, LeavesADigitsPlaceAloneThatGivesAnotherSignWithoutShift) {
+  constexpr quint32 digitOne = 10;
+  EXPECT_FALSE(PressAt(digitOne, Qt::Key_Ampersand, QStringLiteral("&"), Qt::ControlModifier)); // French
+  EXPECT_FALSE(PressAt(kDigitZero, Qt::Key_Agrave, QStringLiteral("à"), Qt::AltModifier));
+  EXPECT_EQ(Field.HotKey(), scCtrl | kF2);
+}
+
+TEST_F(HotKeyTest, TakesAFrenchDigitWithTheShiftThatItNeeds) {
+  constexpr quint32 digitOne = 10;
+  EXPECT_TRUE(PressAt(digitOne, Qt::Key_1, QStringLiteral("1"), Qt::ControlModifier | Qt::ShiftModifier));
+  EXPECT_EQ(Field.HotKey(), scShift | scCtrl | '1');
 }
 
 TEST_F(HotKeyTest, KnowsALetterOfAnotherScriptByItsPlace) {
@@ -207,6 +220,22 @@ TEST_F(HotKeyTest, ShowsModifiersWhileTheyAreHeld) {
   EXPECT_EQ(Field.text(), QStringLiteral("Shift+Alt+"));
   EXPECT_EQ(Field.HotKey(), scCtrl | kF2);
   QTest::keyRelease(&Field, Qt::Key_Alt, Qt::ShiftModifier);
+  EXPECT_EQ(Field.text(), QStringLiteral("Ctrl+F2"));
+}
+
+TEST_F(HotKeyTest, ShowsAltThatIsCalledMetaWhileShiftIsHeld) {
+  for (const quint32 alt : {64U, 108U}) {
+    EXPECT_TRUE(PressAt(alt, Qt::Key_Meta, {}, Qt::ShiftModifier));
+    EXPECT_EQ(Field.text(), QStringLiteral("Shift+Alt+")) << alt;
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_Meta, Qt::ShiftModifier | Qt::AltModifier, alt, 0, 0);
+    QCoreApplication::sendEvent(&Field, &release);
+    EXPECT_EQ(Field.text(), QStringLiteral("Ctrl+F2")) << alt;
+  }
+}
+
+TEST_F(HotKeyTest, DoesNotShowTheDesktopsOwnModifier) {
+  constexpr quint32 leftSuper = 133;
+  EXPECT_FALSE(PressAt(leftSuper, Qt::Key_Meta, {}, Qt::ShiftModifier));
   EXPECT_EQ(Field.text(), QStringLiteral("Ctrl+F2"));
 }
 

@@ -5,17 +5,22 @@
 #include "host/QVImages.h"
 #include "settings/model/QVOptionsStore.h"
 #include "settings/QVOptionControls.h"
+#include "settings/QVScrollPage.h"
 
 #include <QAccessible>
 #include <QGroupBox>
 #include <QImage>
+#include <QLayout>
 #include <QPainter>
 #include <QRadioButton>
 #include <QScrollArea>
 #include <QStyle>
 #include <QStyleFactory>
 
+#include <cstdlib>
+#include <iterator>
 #include <set>
+#include <tuple>
 
 namespace quorvane {
 namespace {
@@ -33,27 +38,46 @@ protected:
     ASSERT_TRUE(support::waitUntil([] { return QVOptionsForm->isActiveWindow(); }));
     support::settle();
   }
-  // What stands on a page, from the top: the captions of groups, boxes, buttons and labels in the order of their
-  // creation.
-  static QStringList Captions(const QWidget& page) {
+  // The captions of groups, buttons and labels on a page, in reading order.
+  static QStringList Captions(int page) {
     QStringList captions;
-    for (const QWidget* widget : page.findChildren<QWidget*>()) {
-      if (const auto* group = qobject_cast<const QGroupBox*>(widget))
-        captions.append(group->title());
-      else if (const auto* button = qobject_cast<const QAbstractButton*>(widget); button && !button->text().isEmpty())
-        captions.append(button->text());
-      else if (const auto* label = qobject_cast<const QLabel*>(widget))
-        captions.append(label->text());
-    }
-    captions.sort();
+    AddCaptions(*static_cast<TQVScrollPage*>(Pages().widget(page))->Contents().layout(), captions);
     return captions;
   }
-  static QStringList Sorted(QStringList texts) {
-    texts.sort();
-    return texts;
+  // Gives all texts a size that does not depend on the screen, and shows the dialog.
+  static void ShowWithPixels(int size) {
+    QFont font = QApplication::font();
+    font.setPixelSize(size);
+    QApplication::setFont(font);
+    Show();
+  }
+  // Whether the screen has room for all of the dialog.
+  static bool HasRoom() {
+    const QSize wanted = QVOptionsForm->layout()->totalSizeHint();
+    return wanted.width() <= QVOptionsForm->width() && wanted.height() <= QVOptionsForm->height();
   }
 
 private:
+  // Layouts hold their items from the top and from the left.
+  static void AddCaptions(const QLayout& layout, QStringList& captions) {
+    for (int index = 0; index < layout.count(); ++index) {
+      QLayoutItem* const item = layout.itemAt(index);
+      const QString caption = item->widget() ? CaptionOf(*item->widget()) : QString();
+      if (!caption.isEmpty())
+        captions.append(caption);
+      if (const QLayout* inner = item->widget() ? item->widget()->layout() : item->layout())
+        AddCaptions(*inner, captions);
+    }
+  }
+  static QString CaptionOf(const QWidget& widget) {
+    if (const auto* group = qobject_cast<const QGroupBox*>(&widget))
+      return group->title();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+      return button->text();
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    return label ? label->text() : QString();
+  }
+
   QFont font_ = QApplication::font();
 };
 
@@ -76,46 +100,44 @@ TEST_F(QVOptionsFormLayout, PagesHaveTheFirstThreeImages) {
 }
 
 TEST_F(QVOptionsFormLayout, SourceEditorPageHasItsControls) {
-  EXPECT_EQ(Captions(*Pages().widget(0)),
-            Sorted({QStringLiteral("Code Templates"),
-                    QStringLiteral("Enable Code Templates (Does Not Disable Native Templates)"),
-                    QStringLiteral("Edit..."), QStringLiteral("Template Key:"), QStringLiteral("Line Numbers"),
-                    QStringLiteral("Show Line Numbers"), QStringLiteral("Show Line Numbers in Second Gutter"),
-                    QStringLiteral("Show Separator Between Gutters (Second Gutter Only)"),
-                    QStringLiteral("Second Gutter On Left (Second Gutter Only)"), QStringLiteral("Color:"),
-                    QStringLiteral("Navigation Toolbar"), QStringLiteral("Show Navigation Toolbar"),
-                    QStringLiteral("Live Syntax Check"), QStringLiteral("Enable Live Syntax Checking")}));
+  EXPECT_EQ(Captions(0),
+            (QStringList{QStringLiteral("Code Templates"),
+                         QStringLiteral("Enable Code Templates (Does Not Disable Native Templates)"),
+                         QStringLiteral("Edit..."), QStringLiteral("Template Key:"), QStringLiteral("Line Numbers"),
+                         QStringLiteral("Show Line Numbers"), QStringLiteral("Show Line Numbers in Second Gutter"),
+                         QStringLiteral("Show Separator Between Gutters (Second Gutter Only)"),
+                         QStringLiteral("Second Gutter On Left (Second Gutter Only)"), QStringLiteral("Color:"),
+                         QStringLiteral("Navigation Toolbar"), QStringLiteral("Show Navigation Toolbar"),
+                         QStringLiteral("Live Syntax Check"), QStringLiteral("Enable Live Syntax Checking")}));
 }
 
 TEST_F(QVOptionsFormLayout, SmartHighlighterPageHasItsControls) {
-  EXPECT_EQ(Captions(*Pages().widget(1)),
-            Sorted({QStringLiteral("Block Highlighter"),
-                    QStringLiteral("Block Markers"),
-                    QStringLiteral("Mark Current Block(s)"),
-                    QStringLiteral("Mark All Blocks"),
-                    QStringLiteral("Do Not Mark Blocks"),
-                    QStringLiteral("Marker Shape"),
-                    QStringLiteral("Brackets"),
-                    QStringLiteral("Blocks"),
-                    QStringLiteral("Draw Connecting Lines For Uneven Blocks (Brackets Only)"),
-                    QStringLiteral("Color 1:"),
-                    QStringLiteral("Color 2:"),
-                    QStringLiteral("Color 3:"),
-                    QStringLiteral("Color 4:"),
-                    QStringLiteral("Line Width (Brackets Only):"),
-                    QStringLiteral("Marker Activation"),
-                    QStringLiteral("Activate Live (Always Active)"),
-                    QStringLiteral("Activate on Hotkey"),
-                    QStringLiteral("Hotkey:"),
-                    QStringLiteral("Parenthesis Matcher"),
-                    QStringLiteral("Mark Matching Parenthesis"),
-                    QStringLiteral("Color:")}));
+  EXPECT_EQ(Captions(1), (QStringList{QStringLiteral("Block Highlighter"),
+                                      QStringLiteral("Block Markers"),
+                                      QStringLiteral("Mark Current Block(s)"),
+                                      QStringLiteral("Mark All Blocks"),
+                                      QStringLiteral("Do Not Mark Blocks"),
+                                      QStringLiteral("Marker Shape"),
+                                      QStringLiteral("Brackets"),
+                                      QStringLiteral("Blocks"),
+                                      QStringLiteral("Draw Connecting Lines For Uneven Blocks (Brackets Only)"),
+                                      QStringLiteral("Color 1:"),
+                                      QStringLiteral("Color 2:"),
+                                      QStringLiteral("Color 3:"),
+                                      QStringLiteral("Color 4:"),
+                                      QStringLiteral("Line Width (Brackets Only):"),
+                                      QStringLiteral("Marker Activation"),
+                                      QStringLiteral("Activate Live (Always Active)"),
+                                      QStringLiteral("Activate on Hotkey"),
+                                      QStringLiteral("Hotkey:"),
+                                      QStringLiteral("Parenthesis Matcher"),
+                                      QStringLiteral("Mark Matching Parenthesis"),
+                                      QStringLiteral("Color:")}));
 }
 
 TEST_F(QVOptionsFormLayout, IDEWindowsPageHasItsControls) {
-  EXPECT_EQ(Captions(*Pages().widget(2)),
-            Sorted({QStringLiteral("Flyout Bar"), QStringLiteral("Show Flyout Bar On Startup"),
-                    QStringLiteral("Flyout Delay (in milliseconds):")}));
+  EXPECT_EQ(Captions(2), (QStringList{QStringLiteral("Flyout Bar"), QStringLiteral("Show Flyout Bar On Startup"),
+                                      QStringLiteral("Flyout Delay (in milliseconds):")}));
 }
 
 TEST_F(QVOptionsFormLayout, ControlsHaveTheirNamesAndGroups) {
@@ -213,25 +235,56 @@ TEST_F(QVOptionsFormLayout, HotKeyIsRefusedWithoutModifiersAndWithShiftAlone) {
   EXPECT_EQ(field.text(), QStringLiteral("Shift+Alt+0"));
 }
 
-TEST_F(QVOptionsFormLayout, TabLeadsThroughThePageInReadingOrder) {
+TEST_F(QVOptionsFormLayout, RadioButtonsHaveTheirIndexes) {
+  const std::pair<const char*, QStringList> groups[] = {
+      {"BlockMarkerGroup",
+       {QStringLiteral("Mark Current Block(s)"), QStringLiteral("Mark All Blocks"),
+        QStringLiteral("Do Not Mark Blocks")}},
+      {"BlockMarkerShapeGroup", {QStringLiteral("Brackets"), QStringLiteral("Blocks")}},
+      {"MarkerActivationGroup",
+       {QStringLiteral("Activate Live (Always Active)"), QStringLiteral("Activate on Hotkey")}},
+  };
+  for (const auto& [name, texts] : groups) {
+    auto& group = Control<TRadioGroup>(name);
+    QStringList checked;
+    for (int index = 0; index < group.ItemCount(); ++index) {
+      group.SetItemIndex(index);
+      for (const QRadioButton* button : group.findChildren<QRadioButton*>()) {
+        if (button->isChecked())
+          checked.append(button->text());
+      }
+    }
+    EXPECT_EQ(checked, texts) << name;
+  }
+}
+
+TEST_F(QVOptionsFormLayout, LabelsStandBesideTheControlsThatTheyName) {
+  const std::tuple<const char*, const char*, const char*> labels[] = {
+      {"Template Key:", "lblTemplateKey", "TemplateKeyEdit"},
+      {"Color:", "ColorLabel", "LineNumberColorBox"},
+      {"Color 1:", "Color1Label", "BlockColorBox1"},
+      {"Color 2:", "Color2Label", "BlockColorBox2"},
+      {"Color 3:", "Color3Label", "BlockColorBox3"},
+      {"Color 4:", "Color4Label", "BlockColorBox4"},
+      {"Line Width (Brackets Only):", "LineWidthLabel", "LineWidthSpin"},
+      {"Hotkey:", "HotkeyLabel", "MarkerActivateHotkey"},
+      {"Color:", "ParenColorLabel", "ParenColorBox"},
+      {"Flyout Delay (in milliseconds):", "FlyDelayLabel", "FlyDelaySpin"},
+  };
+  EXPECT_EQ(Pages().findChildren<QLabel*>().size(), std::ssize(labels));
   Show();
-  Pages().setCurrentIndex(1);
-  auto* const first = Control<TRadioGroup>("BlockMarkerGroup").findChildren<QRadioButton*>().constFirst();
-  first->setFocus();
-  QStringList names;
-  do {
-    const QWidget* focus = QVOptionsForm->focusWidget();
-    names.append(qobject_cast<const QRadioButton*>(focus) ? focus->parent()->objectName() : focus->objectName());
-    QTest::keyClick(QVOptionsForm->focusWidget(), Qt::Key_Tab);
-  } while (QVOptionsForm->focusWidget() != first && names.size() < 50);
-  const QString tabs = Pages().focusProxy() ? Pages().focusProxy()->objectName() : QString();
-  EXPECT_EQ(names, (QStringList{QStringLiteral("BlockMarkerGroup"), QStringLiteral("BlockMarkerShapeGroup"),
-                                QStringLiteral("UnevenBracketsCheck"), QStringLiteral("BlockColorBox1"),
-                                QStringLiteral("BlockColorBox2"), QStringLiteral("BlockColorBox3"),
-                                QStringLiteral("BlockColorBox4"), QStringLiteral("LineWidthSpin"),
-                                QStringLiteral("MarkerActivationGroup"), QStringLiteral("MarkerActivateHotkey"),
-                                QStringLiteral("MarkParensCheck"), QStringLiteral("ParenColorBox"),
-                                QStringLiteral("btnOK"), QStringLiteral("btnCancel"), tabs}));
+  for (const auto& [text, labelName, controlName] : labels) {
+    const auto& label = Control<QLabel>(labelName);
+    auto& control = Control<QWidget>(controlName);
+    Reach(control);
+    support::settle();
+    EXPECT_EQ(label.text(), QLatin1StringView(text)) << labelName;
+    EXPECT_EQ(label.buddy(), &control) << labelName;
+    ASSERT_EQ(label.parentWidget(), control.parentWidget()) << labelName;
+    constexpr int spacing = 6;
+    EXPECT_EQ(control.x(), label.geometry().right() + 1 + spacing) << labelName;
+    EXPECT_LE(std::abs(control.geometry().center().y() - label.geometry().center().y()), 1) << labelName;
+  }
 }
 
 TEST_F(QVOptionsFormLayout, EveryControlHasANameOfItsOwnForThoseWhoCannotSeeIt) {
@@ -252,10 +305,8 @@ TEST_F(QVOptionsFormLayout, EveryControlHasANameOfItsOwnForThoseWhoCannotSeeIt) 
 }
 
 TEST_F(QVOptionsFormLayout, HasItsDesignedSizeWithSmallFonts) {
-  QFont small = QApplication::font();
-  small.setPixelSize(9);
-  QApplication::setFont(small);
-  Show();
+  constexpr int eightPoints = 11; // at 96 dots per inch
+  ShowWithPixels(eightPoints);
   EXPECT_EQ(QVOptionsForm->width(), 520);
   EXPECT_EQ(QVOptionsForm->height(), 416);
 }
@@ -293,35 +344,45 @@ void ExpectAllIsWhole(QTabWidget& pages) {
   }
 }
 
-TEST_F(QVOptionsFormLayout, ClipsNothingWithTheUsualFont) {
-  Show();
-  ExpectAllIsWhole(Pages());
+TEST_F(QVOptionsFormLayout, ClipsNothingWithUsualFonts) {
+  for (const int size : {11, 12, 13, 14}) {
+    ShowWithPixels(size);
+    ASSERT_TRUE(HasRoom()) << size;
+    ExpectAllIsWhole(Pages());
+  }
 }
 
 TEST_F(QVOptionsFormLayout, GrowsWithLargerFontsAndClipsNothing) {
-  Show();
+  ShowWithPixels(12);
   const QSize usual = QVOptionsForm->size();
   QFont larger = QApplication::font();
-  larger.setPointSizeF(larger.pointSizeF() * 1.2);
+  larger.setPixelSize(14);
   QApplication::setFont(larger);
-  ASSERT_TRUE(support::waitUntil([&] { return QVOptionsForm->height() > usual.height(); }));
+  ASSERT_TRUE(support::waitUntil([&] { return QVOptionsForm->height() > usual.height(); }, 20));
+  ASSERT_TRUE(HasRoom());
   ExpectAllIsWhole(Pages());
 }
 
 TEST_F(QVOptionsFormLayout, ScrollsWhatTheScreenHasNoRoomFor) {
-  QFont huge = QApplication::font();
-  huge.setPointSizeF(huge.pointSizeF() * 3);
-  QApplication::setFont(huge);
-  Show();
-  const QSize room = QVOptionsForm->screen()->availableSize();
-  EXPECT_LE(QVOptionsForm->width(), room.width());
-  EXPECT_LE(QVOptionsForm->height(), room.height());
+  ShowWithPixels(40);
+  ASSERT_FALSE(HasRoom());
   Pages().setCurrentIndex(1);
   support::settle();
   auto& last = Control<TColorBtn>("ParenColorBox");
   static_cast<QScrollArea*>(Pages().widget(1))->ensureWidgetVisible(&last);
   EXPECT_TRUE(IsWhole(last));
   EXPECT_TRUE(IsWhole(Button("btnOK")));
+}
+
+TEST_F(QVOptionsFormLayout, StaysOnTheScreenWithItsTitleBar) {
+  ShowWithPixels(40);
+  ASSERT_FALSE(HasRoom());
+  const QSize room = QVOptionsForm->screen()->availableSize();
+  const int titleBar = QVOptionsForm->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, QVOptionsForm);
+  ASSERT_GT(titleBar, 0);
+  EXPECT_LE(QVOptionsForm->height() + titleBar, room.height());
+  EXPECT_LE(QVOptionsForm->frameSize().width(), room.width());
+  EXPECT_LE(QVOptionsForm->frameSize().height(), room.height());
 }
 
 } // namespace

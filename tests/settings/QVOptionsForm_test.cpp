@@ -119,6 +119,22 @@ TEST_F(QVOptionsFormTest, AValueOfTheWrongTypeLeavesTheDefaultAndIsToldOnce) {
   EXPECT_NE(lines.front().find("\"LineWidth\""), std::string::npos) << lines.front();
 }
 
+TEST_F(QVOptionsFormTest, AFlyoutBarOfTheWrongTypeIsToldOnceThoughTemplatesAreReadFromItToo) {
+  Store("\"FlyoutBar\"=\"yes\"\n\"EnableTemplates\"=dword:00000001\n");
+  StartQVOptions();
+  EXPECT_TRUE(OptEnableTemplates);
+  const std::vector<std::string> lines = Debug.Take();
+  ASSERT_EQ(lines.size(), 1U);
+  EXPECT_NE(lines.front().find("\"FlyoutBar\""), std::string::npos) << lines.front();
+}
+
+TEST_F(QVOptionsFormTest, TemplatesWithoutAFlyoutBarToBeReadFromAreNothingToTell) {
+  Store("\"EnableTemplates\"=dword:00000000\n");
+  StartQVOptions();
+  EXPECT_TRUE(OptEnableTemplates);
+  EXPECT_EQ(Debug.Take(), std::vector<std::string>{});
+}
+
 TEST_F(QVOptionsFormTest, AStoredTemplateKeySurvivesEditingInTheDialog) {
   Store("\"TemplateKey\"=dword:0000003d\n");
   for (int round = 0; round < 3; ++round) {
@@ -290,32 +306,6 @@ TEST_F(QVOptionsFormTest, EveryControlIsAmongTheChanges) {
   }
 }
 
-TEST_F(QVOptionsFormTest, EnterIsOKWhereverTheFocusIs) {
-  StartQVOptions();
-  for (const char* name : {"ShowNavBarCheck", "TemplateKeyEdit", "MarkerActivateHotkey", "LineWidthSpin"}) {
-    const bool before = OptMarkParens;
-    Open([&](TQVOptionsForm& form) {
-      Toggle("MarkParensCheck");
-      auto& control = Control<QWidget>(name);
-      Reach(control);
-      control.setFocus();
-      ASSERT_EQ(form.focusWidget(), &control);
-      QTest::keyClick(&control, Qt::Key_Return);
-    });
-    EXPECT_EQ(OptMarkParens, !before) << name;
-  }
-}
-
-TEST_F(QVOptionsFormTest, EscapeIsCancel) {
-  StartQVOptions();
-  Open([&](TQVOptionsForm& form) {
-    Toggle("MarkParensCheck");
-    QTest::keyClick(&form, Qt::Key_Escape);
-  });
-  EXPECT_TRUE(OptMarkParens);
-  EXPECT_EQ(QVOptionsForm->result(), TQVOptionsForm::mrCancel);
-}
-
 TEST_F(QVOptionsFormTest, ClosingTheWindowIsCancel) {
   StartQVOptions();
   Open([&](TQVOptionsForm& form) {
@@ -393,20 +383,49 @@ std::string StartAssertion() {
   return {};
 }
 
-TEST_F(QVOptionsFormTest, AssertsThatThereIsAMainForm) {
-  platform::Application().SetMainForm(nullptr);
-  EXPECT_EQ(StartAssertion(), "Assertion failure (QVOptions, line 293)");
+// What a host lacks, and what the start says then.
+struct TLack {
+  const char* What;
+  void (*TakeAway)(fakes::FakeMainForm&);
+  const char* Assertion;
+
+  friend void PrintTo(const TLack& lack, std::ostream* out) { *out << lack.What; }
+};
+
+class QVOptionsFormLack : public OptionsFormTest, public testing::WithParamInterface<TLack> {};
+INSTANTIATE_TEST_SUITE_P(
+    Of, QVOptionsFormLack,
+    testing::Values(TLack{"MainForm", [](fakes::FakeMainForm&) { platform::Application().SetMainForm(nullptr); },
+                          "Assertion failure (QVOptions, line 293)"},
+                    TLack{"ToolsMenu",
+                          [](fakes::FakeMainForm& form) { form.Tools().setObjectName(QStringLiteral("Other")); },
+                          "Assertion failure (QVOptions, line 295)"},
+                    TLack{"GalleryItem",
+                          [](fakes::FakeMainForm& form) { form.Gallery().setObjectName(QStringLiteral("Other")); },
+                          "Assertion failure (QVOptions, line 297)"}),
+    testing::PrintToStringParamName());
+
+TEST_P(QVOptionsFormLack, IsAssertedAndLeavesNoDialogAndTheMenuAsItWas) {
+  GetParam().TakeAway(MainForm);
+  EXPECT_EQ(StartAssertion(), GetParam().Assertion);
   EXPECT_EQ(QVOptionsForm, nullptr);
+  EXPECT_EQ(MainForm.ToolsTexts(), (QStringList{QStringLiteral("First"), QStringLiteral("Gallery")}));
 }
 
-TEST_F(QVOptionsFormTest, AssertsThatThereIsAToolsMenu) {
-  MainForm.Tools().setObjectName(QStringLiteral("Other"));
-  EXPECT_EQ(StartAssertion(), "Assertion failure (QVOptions, line 295)");
+// So options are loaded, then the menu item is made, and only then the globals follow.
+TEST_P(QVOptionsFormLack, IsFoundAfterLoadingAndBeforeAnyGlobalFollows) {
+  Store("\"LineWidth\"=dword:00000007\n\"MarkParens\"=\"no\"\n");
+  GetParam().TakeAway(MainForm);
+  EXPECT_EQ(StartAssertion(), GetParam().Assertion);
+  EXPECT_EQ(Debug.Take().size(), 1U) << "the value that cannot be read";
+  EXPECT_EQ(OptLineWidth, 2);
 }
 
-TEST_F(QVOptionsFormTest, AssertsThatThereIsAGalleryItem) {
-  MainForm.Gallery().setObjectName(QStringLiteral("Other"));
-  EXPECT_EQ(StartAssertion(), "Assertion failure (QVOptions, line 297)");
+TEST_P(QVOptionsFormLack, LeavesNoStorageFolder) {
+  Store("\"StorageDir\"=\"/srv/templates\"\n");
+  GetParam().TakeAway(MainForm);
+  EXPECT_EQ(StartAssertion(), GetParam().Assertion);
+  EXPECT_EQ(OptStorageDir, "");
 }
 
 TEST_F(QVOptionsFormTest, AStartThatFailsSavesNothing) {

@@ -205,8 +205,7 @@ TEST_F(LoadTest, ReportsATemplateKeyThatIsNoCharacterAndKeepsTheDefault) {
     Registry.Store("TemplateKey", code);
     Load();
     EXPECT_EQ(Controls, TQVOptionValues()) << code;
-    EXPECT_EQ(Reports,
-              (TLines{"QVOptions: registry value \"TemplateKey\" cannot be read; TemplateKey keeps its default"}));
+    EXPECT_EQ(Reports, (TLines{"QVOptions: registry value \"TemplateKey\" cannot be read; the default stands"}));
   }
 }
 
@@ -224,7 +223,7 @@ TEST_F(LoadTest, ReportsEachValueOfTheWrongTypeAndKeepsItsDefault) {
     Load();
     const std::string name(row.Value);
     std::string line = "QVOptions: registry value \"";
-    line.append(name).append("\" cannot be read; ").append(name).append(" keeps its default");
+    line.append(name).append("\" cannot be read; the default stands");
     EXPECT_EQ(Reports, TLines{line});
     EXPECT_EQ(Controls, TQVOptionValues()) << name;
     EXPECT_EQ(OptStorageDir, "");
@@ -265,12 +264,20 @@ TEST_F(LoadTest, LeavesTemplatesEnabledIfNothingIsStoredForThemWhateverTheFlyout
   }
 }
 
-TEST_F(LoadTest, ReportsThatTemplatesHaveNoFlyoutBarToBeReadFrom) {
+TEST_F(LoadTest, FindsNothingWrongWithTemplatesThatHaveNoFlyoutBarToBeReadFrom) {
   Registry.Store("EnableTemplates", 0);
   Load();
   EXPECT_TRUE(Controls.Flag(TQVOption::EnableTemplates));
-  EXPECT_EQ(Reports,
-            (TLines{"QVOptions: registry value \"FlyoutBar\" cannot be read; EnableTemplates keeps its default"}));
+  EXPECT_EQ(Reports, TLines{});
+}
+
+TEST_F(LoadTest, ReportsAFlyoutBarOfTheWrongTypeOnceThoughTemplatesAreReadFromItToo) {
+  Registry.Store("EnableTemplates", 0);
+  Registry.Store("FlyoutBar", "yes");
+  Load();
+  EXPECT_TRUE(Controls.Flag(TQVOption::FlyoutBar));
+  EXPECT_TRUE(Controls.Flag(TQVOption::EnableTemplates));
+  EXPECT_EQ(Reports, (TLines{"QVOptions: registry value \"FlyoutBar\" cannot be read; the default stands"}));
 }
 
 TEST_F(LoadTest, DoesNotMindTheTypeOfTheTemplatesOwnValue) {
@@ -282,7 +289,8 @@ TEST_F(LoadTest, DoesNotMindTheTypeOfTheTemplatesOwnValue) {
 }
 
 TEST_F(SaveTest, CreatesTheKeyAndWritesInItsOrder) {
-  EXPECT_TRUE(SaveOptions(Controls, Registry));
+  Save();
+  EXPECT_EQ(Reports, TLines{});
   EXPECT_EQ(Registry.Calls, (TLines{"open or create Software\\Vantrel\\QVIDE",
                                     "write Boolean LineNumbers",
                                     "write integer ParenColor",
@@ -309,9 +317,16 @@ TEST_F(SaveTest, CreatesTheKeyAndWritesInItsOrder) {
                                     "close"}));
 }
 
-TEST_F(SaveTest, SaysThatTheKeyCouldNotBeOpened) {
+TEST_F(SaveTest, ReportsThatTheKeyCouldNotBeOpened) {
   Registry.CanOpen = false;
-  EXPECT_FALSE(SaveOptions(Controls, Registry));
+  Save();
+  EXPECT_TRUE(Registry.Values.empty());
+  EXPECT_EQ(Reports, (TLines{"QVOptions: the registry key cannot be opened; the options are not saved"}));
+}
+
+TEST_F(SaveTest, CanDoWithoutAReport) {
+  Registry.CanOpen = false;
+  SaveOptions(Controls, Registry, nullptr);
   EXPECT_TRUE(Registry.Values.empty());
 }
 
@@ -321,7 +336,7 @@ TEST_F(SaveTest, WritesTheControlsAndNotTheGlobals) {
   Controls.SetNumber(TQVOption::LineWidth, 3);
   Controls.SetNumber(TQVOption::MarkerHotKey, 0x4070);
   Controls.SetNumber(TQVOption::BlockIndex, -1);
-  SaveOptions(Controls, Registry);
+  Save();
   EXPECT_EQ(Registry.Stored("LineWidth"), TStored(3));
   EXPECT_EQ(Registry.Stored("LineNumbers"), TStored(1));
   EXPECT_EQ(Registry.Stored("MarkerHotKey"), TStored("Ctrl+F1"));
@@ -330,7 +345,7 @@ TEST_F(SaveTest, WritesTheControlsAndNotTheGlobals) {
 
 TEST_F(SaveTest, WritesNoHotKeyAsAnEmptyText) {
   Controls.SetNumber(TQVOption::MarkerHotKey, 0);
-  SaveOptions(Controls, Registry);
+  Save();
   EXPECT_EQ(Registry.Stored("MarkerHotKey"), TStored(""));
   Start();
   EXPECT_EQ(OptMarkerHotkey, 0);
@@ -338,7 +353,7 @@ TEST_F(SaveTest, WritesNoHotKeyAsAnEmptyText) {
 
 TEST_F(SaveTest, WritesTheTemplatesOwnState) {
   Controls.SetFlag(TQVOption::EnableTemplates, false);
-  SaveOptions(Controls, Registry);
+  Save();
   EXPECT_EQ(Registry.Stored("EnableTemplates"), TStored(0));
   EXPECT_EQ(Registry.Stored("FlyoutBar"), TStored(1));
 }
@@ -348,7 +363,7 @@ TEST_F(SaveTest, LeavesOtherValuesOfTheKeyAlone) {
   Registry.Store("StorageDir", "/srv/templates");
   Registry.Store("Stranger", 42);
   Controls.SetText(TQVOption::TemplateKey, "j");
-  SaveOptions(Controls, Registry);
+  Save();
   EXPECT_EQ(Registry.Stored("TemplateKey"), TStored("of another type"));
   EXPECT_EQ(Registry.Stored("StorageDir"), TStored("/srv/templates"));
   EXPECT_EQ(Registry.Stored("Stranger"), TStored(42));
@@ -430,7 +445,7 @@ public:
 
 TEST(SaveToAThrowingRegistry, PassesOnWhatItThrows) {
   ThrowingRegistry registry;
-  EXPECT_THROW(SaveOptions(TQVOptionValues(), registry), std::runtime_error);
+  EXPECT_THROW(SaveOptions(TQVOptionValues(), registry, nullptr), std::runtime_error);
 }
 
 } // namespace

@@ -7,6 +7,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTest>
 
@@ -71,6 +73,11 @@ protected:
     support::settle();
   }
 
+  // Fails the test, and closes the dialog, if that is still there.
+  static void expectClosed(QDialog& dialog) {
+    EXPECT_FALSE(dialog.isVisible());
+    dialog.close();
+  }
   static bool shows(const TEditWindow* of, const char* component) {
     const auto* const control = qobject_cast<QWidget*>(platform::FindComponent(*of, QLatin1StringView(component)));
     return control != nullptr && control->isVisibleTo(of);
@@ -154,11 +161,44 @@ TEST_F(OptionsInHost, OKGivesEveryWindowTheNewHotKey) {
     auto* const field = dialog.findChild<QWidget*>(QStringLiteral("MarkerActivateHotkey"));
     QTest::keyClick(field, Qt::Key_M, Qt::ControlModifier | Qt::AltModifier);
     QTest::keyClick(field, Qt::Key_Return);
+    expectClosed(dialog);
   });
   actions.constFirst()->trigger();
   EXPECT_TRUE(hasShortcut(window(), QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_M)));
   EXPECT_FALSE(hasShortcut(window(), QKeySequence(Qt::SHIFT | Qt::ALT | Qt::Key_0)));
   EXPECT_TRUE(hasShortcut(second, QKeySequence(Qt::CTRL | Qt::ALT | Qt::Key_M)));
+}
+
+// The field knows the key by its place. In the editor a keyboard offers the digit besides the sign; off-screen there is
+// no layout that could, so there the key is the digit.
+TEST_F(OptionsInHost, AHotKeyTakenByTheSignOfAnotherLayoutFiresForItsDigit) {
+  const support::ModalAnswer<QDialog> answer([](QDialog& dialog) {
+    dialog.findChild<QWidget*>(QStringLiteral("MarkerActivationGroup"))
+        ->findChildren<QAbstractButton*>()
+        .at(1)
+        ->click();
+    auto* const field = dialog.findChild<QLineEdit*>(QStringLiteral("MarkerActivateHotkey"));
+    QTest::keyClick(field, Qt::Key_M, Qt::ControlModifier);
+    EXPECT_EQ(field->text(), QStringLiteral("Ctrl+M"));
+    constexpr quint32 placeOfZero = 19;
+    QKeyEvent german(QEvent::KeyPress, Qt::Key_Equal, Qt::ShiftModifier | Qt::AltModifier, placeOfZero, 0, 0,
+                     QStringLiteral("="));
+    QCoreApplication::sendEvent(field, &german);
+    EXPECT_EQ(field->text(), QStringLiteral("Shift+Alt+0"));
+    QTest::keyClick(field, Qt::Key_Return);
+    expectClosed(dialog);
+  });
+  toolsMenu(frame())->actions().constFirst()->trigger();
+  activate(window());
+  editor()->setFocus();
+  support::settle();
+  const QImage unmarked = editor()->picture().copy();
+  QTest::keyPress(editor(), Qt::Key_M, Qt::ControlModifier);
+  support::settle();
+  EXPECT_EQ(editor()->picture(), unmarked);
+  QTest::keyPress(editor(), Qt::Key_0, Qt::ShiftModifier | Qt::AltModifier);
+  support::settle();
+  EXPECT_NE(editor()->picture(), unmarked);
 }
 
 TEST_F(OptionsInHost, EditOpensTheTemplateEditorAboveTheDialog) {

@@ -68,12 +68,15 @@ private:
   TQVOptionValues& values_;
 };
 
+// Of a value that two options read, only the one whose name it has reports it.
+bool IsReadByItsName(const TQVOptionRow& row) {
+  return ReadName(row.Option) == row.Value;
+}
+
 std::string Unreadable(const TQVOptionRow& row) {
   std::string line = "QVOptions: registry value \"";
-  line += ReadName(row.Option);
-  line += "\" cannot be read; ";
   line += row.Value;
-  return line + " keeps its default";
+  return line + "\" cannot be read; the default stands";
 }
 
 // Writing knows no texts of controls.
@@ -103,7 +106,8 @@ void LoadOptions(IQVRegistry& registry, TQVOptionValues& values, const TQVReport
     return;
   TReader reader(registry, values);
   for (const TQVOptionRow& row : QVOptionTable) {
-    if (registry.ValueExists(row.Value) && !reader.Read(row) && report)
+    const bool failed = registry.ValueExists(row.Value) && !reader.Read(row);
+    if (failed && IsReadByItsName(row) && report)
       report(Unreadable(row));
   }
   registry.CloseKey();
@@ -117,9 +121,12 @@ void ApplyOptions(TQVOptionValues& values) {
 #include "settings/model/QVOptionGlobals.def"
 }
 
-bool SaveOptions(const TQVOptionValues& values, IQVRegistry& registry) {
-  if (!registry.OpenKey(QVOptionsKey, true))
-    return false;
+void SaveOptions(const TQVOptionValues& values, IQVRegistry& registry, const TQVReport& report) {
+  if (!registry.OpenKey(QVOptionsKey, true)) {
+    if (report)
+      report("QVOptions: the registry key cannot be opened; the options are not saved");
+    return;
+  }
   // LineNumbers is written first, the others in the order of the table. Intended.
   Write(RowOf(TQVOption::LineNumbers), values, registry);
   for (const TQVOptionRow& row : QVOptionTable) {
@@ -127,7 +134,6 @@ bool SaveOptions(const TQVOptionValues& values, IQVRegistry& registry) {
       Write(row, values, registry);
   }
   registry.CloseKey();
-  return true;
 }
 
 } // namespace quorvane

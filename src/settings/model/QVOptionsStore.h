@@ -42,19 +42,21 @@ public:
   virtual void WriteString(std::string_view name, std::string_view value) = 0;
 };
 
-// Takes one line of text that says which value could not be read.
+// Takes one line of text that says what could not be read or saved.
 using TQVReport = std::function<void(std::string_view line)>;
 
 // Reads every stored value that exists into `values`, in the order of the table, and StorageDir straight into
 // OptStorageDir; what is not stored stays as it is, and without the key nothing is read. A value that cannot be read,
-// having another type or, for a character's code, being none of one byte, stays as it is too, and `report` is told.
+// having another type or, for a character's code, being none of one byte, stays as it is too, and `report` is told,
+// once for each such value.
 void LoadOptions(IQVRegistry& registry, TQVOptionValues& values, const TQVReport& report);
 
 // Copies the controls into the globals. An empty template key becomes a blank first, in `values` too, so the caller
-// shows them again afterwards. OptStorageDir is left alone.
+// shows it again afterwards. OptStorageDir is left alone.
 void ApplyOptions(TQVOptionValues& values);
 
-// Writes all values but TemplateKey and StorageDir, creating the key if needed. False if it could not be opened.
-bool SaveOptions(const TQVOptionValues& values, IQVRegistry& registry);
+// Writes all values but TemplateKey and StorageDir, creating the key if needed. If it could not be opened, nothing is
+// written and `report` is told.
+void SaveOptions(const TQVOptionValues& values, IQVRegistry& registry, const TQVReport& report);
 
 } // namespace quorvane
