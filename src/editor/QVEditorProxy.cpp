@@ -3,6 +3,7 @@
 
 #include "editor/QVMarkerStack.h"
 #include "host/QVIDEHackUtils.h"
+#include "platform/Application.h"
 #include "platform/Component.h"
 #include "platform/Debug.h"
 #include "platform/Errors.h"
@@ -160,10 +161,13 @@ void TQVEditorProxy::PickupMarker() {
   RepaintControl();
 }
 
+// Called before the host gets its message, which must reach it whatever happens here.
 void TQVEditorProxy::ResumeMarkers() {
-  const auto view = QVMarkerStackManager && QVMarkerStackManager->Count() > 0 ? GetOTAEditView() : nullptr;
-  if (view)
-    QVMarkerStackManager->Resume(view);
+  platform::Guarded([this] {
+    const auto view = QVMarkerStackManager && QVMarkerStackManager->Count() > 0 ? GetOTAEditView() : nullptr;
+    if (view)
+      QVMarkerStackManager->Resume(view);
+  });
 }
 
 } // namespace quorvane

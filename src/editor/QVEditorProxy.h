@@ -189,7 +189,7 @@ private:
 
   // A new action of the list, which the host's menu for searching shows.
   platform::TAction* AddSearchAction(const QString& text, platform::TShortCut shortCut, std::function<void()> execute);
-  // Lets the markers of a file that has been opened again follow its text.
+  // Lets the markers of a file that has been opened again follow its text. Throws nothing.
   void ResumeMarkers();
   void DrawActionExecute();
   void PaintEditor(platform::TMessage& message);

@@ -4,7 +4,11 @@
 #include "host/QVIDEHackUtils.h"
 #include "host/QVLog.h"
 #include "host/QVOTAServices.h"
+#include "platform/Application.h"
 #include "platform/Debug.h"
+
+#include <QFileInfo>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <utility>
@@ -23,29 +27,40 @@ constexpr unsigned kTopCheck = 237;
 // Tracked lines may carry a value; markers need none.
 constexpr int kNoData = 0;
 
-// Brings the place of a marker to the front. Returns the view there, or null when it cannot be shown.
-std::shared_ptr<platform::IOTAEditView> Show(const IQVMarker& marker) {
+// Brings the place of a marker to the front. False if its file cannot be shown.
+bool Show(const IQVMarker& marker) {
   if (const auto view = marker.GetEditView()) {
     view->GetBuffer()->Show();
-    return GetTopView();
+    return true;
   }
   const auto actions = OTAActionServices();
-  const bool opened = actions && actions->OpenFile(marker.GetFileName());
-  return opened ? GetTopView() : nullptr;
+  return actions && actions->OpenFile(marker.GetFileName());
 }
 
-// Why the file cannot be shown the host has said.
-void TellOfLoss(const IQVMarker& marker) {
+void Tell(const QString& message, const IQVMarker& marker) {
   if (const auto messages = OTAMessageServices())
-    messages->AddTitleMessage(
-        QStringLiteral("The marker in %1 is gone, since the file cannot be shown").arg(marker.GetFileName()));
+    messages->AddTitleMessage(message.arg(marker.GetFileName()));
+}
+
+void GoTo(const IQVMarker& marker) {
+  if (!Show(marker)) // why, the host has said
+    Tell(QStringLiteral("The marker in %1 is gone, since the file cannot be shown"), marker);
+  else if (const auto view = GetTopView())
+    view->GetPosition()->Move(marker.GetRow(), marker.GetCol());
+  else
+    Tell(QStringLiteral("The marker in %1 is gone, since the file is shown as plain text"), marker);
+}
+
+// Empty for a file that is not there.
+QString CanonicalName(const QString& fileName) {
+  return QFileInfo(fileName).canonicalFilePath();
 }
 
 } // namespace
 
 IQVMarker::~IQVMarker() = default;
 
-TQVMarker::TQVMarker(platform::IOTAEditView& view) : FileName(view.GetBuffer()->GetFileName()) {
+TQVMarker::TQVMarker(platform::IOTAEditView& view) {
   const auto caret = view.GetPosition();
   Row = caret->GetRow();
   Col = caret->GetColumn();
@@ -63,16 +78,15 @@ std::shared_ptr<TQVMarker> TQVMarker::Create(const std::shared_ptr<platform::IOT
 }
 
 void TQVMarker::Attach(const std::shared_ptr<platform::IOTAEditView>& view) {
-  const auto tracker = view->GetBuffer()->GetEditLineTracker();
+  Buffer = view->GetBuffer();
+  const auto tracker = Buffer->GetEditLineTracker();
   tracker->AddLine(Row, kNoData);
   NotifierIndex = tracker->AddNotifier(shared_from_this());
   View = view;
 }
 
 QString TQVMarker::GetFileName() const {
-  if (const auto view = GetEditView())
-    FileName = view->GetBuffer()->GetFileName();
-  return FileName;
+  return Buffer ? Buffer->GetFileName() : FileName;
 }
 
 // A view outlives its page and answers with an error then.
@@ -83,19 +97,25 @@ std::shared_ptr<platform::IOTAEditView> TQVMarker::GetEditView() const {
       (void)view->GetBuffer();
   } catch (const platform::EViewClosed&) {
     view = nullptr;
+    View.reset();
   }
   return view;
 }
 
 void TQVMarker::Detach() {
-  if (const auto view = GetEditView()) {
-    const auto tracker = view->GetBuffer()->GetEditLineTracker();
-    tracker->RemoveNotifier(NotifierIndex);
-    const int index = tracker->IndexOfLine(Row);
-    if (index > -1)
-      tracker->Delete(index);
-  }
+  const bool isOpen = GetEditView() != nullptr;
   View.reset();
+  const auto buffer = std::exchange(Buffer, nullptr);
+  if (!buffer)
+    return;
+  FileName = buffer->GetFileName();
+  if (!isOpen)
+    return;
+  const auto tracker = buffer->GetEditLineTracker();
+  tracker->RemoveNotifier(NotifierIndex);
+  const int index = tracker->IndexOfLine(Row);
+  if (index > -1)
+    tracker->Delete(index);
 }
 
 void TQVMarker::LineChanged(int oldLine, int newLine, int) {
@@ -126,12 +146,14 @@ void TQVMarkerStack::Pop() {
   const auto marker = Markers.back();
   platform::Require(marker != nullptr, kUnit, "Assertion failure", kTopCheck);
   Log(QStringLiteral("Marker Picked Up Row %1 Col %2)").arg(marker->GetRow()).arg(marker->GetCol()));
-  if (const auto view = Show(*marker))
-    view->GetPosition()->Move(marker->GetRow(), marker->GetCol());
-  else
-    TellOfLoss(*marker);
-  marker->Detach();
-  std::erase(Markers, marker); // by identity: while a file is opened the stack may have changed
+  {
+    // Also when the host fails: else the marker would stay on top, and none below it could be reached.
+    const auto drop = qScopeGuard([&] {
+      platform::Guarded([&marker] { marker->Detach(); });
+      std::erase(Markers, marker); // by identity: while a file is opened the stack may have changed
+    });
+    GoTo(*marker);
+  }
   if (const auto top = GetTopView())
     top->Paint();
 }
@@ -160,8 +182,16 @@ void TQVMarkerStack::Resume(const std::shared_ptr<platform::IOTAEditView>& view)
   if (Markers.empty())
     return;
   const QString fileName = view->GetBuffer()->GetFileName();
+  if (Resumed.lock() == view && ResumedName == fileName)
+    return;
+  Resumed = view;
+  ResumedName = fileName;
+  const QString canonical = CanonicalName(fileName);
   for (const auto& marker : Markers) {
-    if (marker->GetFileName() == fileName && !marker->GetEditView())
+    if (marker->GetEditView())
+      continue;
+    const QString name = marker->GetFileName();
+    if (name == fileName || (!canonical.isEmpty() && CanonicalName(name) == canonical))
       marker->Attach(view);
   }
 }

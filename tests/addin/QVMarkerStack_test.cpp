@@ -4,6 +4,9 @@
 #include "MarkerFixture.h"
 #include "platform/Errors.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 #include <type_traits>
 
 namespace quorvane {
@@ -234,12 +237,88 @@ TEST_F(QVMarkerStack, AFileThatIsGoneIsSaidToBeAndTheMarkerIsDroppedWhereTheCare
   EXPECT_EQ(Stack().Count(), 0);
 }
 
-TEST_F(QVMarkerStack, AFileThatOpensOutOfReachDropsTheMarkerToo) {
+TEST_F(QVMarkerStack, AFileThatOpensOutOfReachIsSaidToBeShownAndTheMarkerIsDroppedToo) {
   Push(4, 10);
   CloseFile();
   EXPECT_NO_THROW(Stack().Pop());
-  EXPECT_EQ(Services->Messages.size(), 1);
+  EXPECT_EQ(
+      Services->Messages,
+      QStringList{QStringLiteral("The marker in /home/me/unit1.pas is gone, since the file is shown as plain text")});
   EXPECT_EQ(Stack().Count(), 0);
+}
+
+// A view whose operations fail when told to.
+class TFailingView : public FakeView {
+public:
+  using FakeView::FakeView;
+  bool Fails = false;
+  std::shared_ptr<platform::IOTAEditPosition> GetPosition() override {
+    return Fails ? throw platform::Exception("no position") : FakeView::GetPosition();
+  }
+};
+
+TEST_F(QVMarkerStack, AFailureOfTheHostWhilePickingUpDropsTheMarkerAndTheNextOneCanBeReached) {
+  Push(4, 10);
+  const auto failing = std::make_shared<TFailingView>(std::make_shared<FakeBuffer>(QStringLiteral("/f.pas")), nullptr);
+  Stack().Push(failing);
+  failing->Fails = true;
+  Services->TopView = failing;
+  EXPECT_THROW(Stack().Pop(), platform::Exception);
+  EXPECT_EQ(Stack().Count(), 1);
+  EXPECT_TRUE(failing->Buffer->Tracker->Lines.empty());
+  EXPECT_EQ(failing->Buffer->Tracker->LiveNotifiers(), 0);
+  Services->TopView = View;
+  EXPECT_EQ(Pop(), (TOTAEditPos{4, 10}));
+}
+
+TEST_F(QVMarkerStack, AFileThatGotItsNameWhileItWasClosedIsOpenedByThatName) {
+  Push(4, 10);
+  Buffer->FileName = QStringLiteral("/home/me/saved.pas");
+  CloseFile();
+  Services->CanOpen = false;
+  Stack().Pop();
+  EXPECT_EQ(Services->OpenedFiles, QStringList{QStringLiteral("/home/me/saved.pas")});
+}
+
+TEST_F(QVMarkerStack, MarkersAreTrackedAgainUnderAnotherNameOfTheirFile) {
+  const QTemporaryDir folder;
+  const QString name = folder.filePath(QStringLiteral("unit.pas"));
+  const QString link = folder.filePath(QStringLiteral("link.pas"));
+  QFile file(name);
+  ASSERT_TRUE(file.open(QFile::WriteOnly));
+  ASSERT_TRUE(QFile::link(name, link));
+  {
+    const TFile open = OpenAnother(name);
+    open.View->Cursor = {4, 10};
+    Stack().Push(open.View);
+  }
+  const TFile again = OpenAnother(link);
+  Stack().Resume(again.View);
+  EXPECT_EQ(again.Buffer->Tracker->Lines.size(), 1U);
+  EXPECT_EQ(Markers(link), (Rows{{10, 4, 1}}));
+}
+
+TEST_F(QVMarkerStack, AViewThatHasBeenResumedAsksClosedOnesNothingMore) {
+  class ClosedView : public FakeView {
+  public:
+    using FakeView::FakeView;
+    bool Closed = false;
+    int Asked = 0;
+    std::shared_ptr<platform::IOTAEditBuffer> GetBuffer() override {
+      ++Asked;
+      return Closed ? throw platform::EViewClosed() : FakeView::GetBuffer();
+    }
+  };
+  const TFile other = OpenAnother(QStringLiteral("/home/me/unit2.pas"));
+  const auto closing = std::make_shared<ClosedView>(other.Buffer, Window.get());
+  Stack().Push(closing);
+  closing->Closed = true;
+  closing->Asked = 0;
+  for (int paint = 0; paint < 3; ++paint) {
+    Stack().Resume(View);
+    (void)Markers();
+  }
+  EXPECT_EQ(closing->Asked, 1);
 }
 
 TEST_F(QVMarkerStack, AMarkerOfAClosedFileIsKept) {
@@ -298,6 +377,28 @@ TEST_P(QVMarkerResuming, TheEditorLetsMarkersFollowAFileOpenedAgainBeforeTheHost
   };
   Editor().Send(GetParam());
   EXPECT_EQ(tracked, 1U);
+}
+
+TEST_P(QVMarkerResuming, AMessageReachesTheHostAlsoWhenItsTrackerFails) {
+  class FailingBuffer : public FakeBuffer {
+  public:
+    using FakeBuffer::FakeBuffer;
+    std::shared_ptr<platform::IOTAEditLineTracker> GetEditLineTracker() override {
+      throw platform::Exception("no tracker");
+    }
+  };
+  OptMarkerLive = false;
+  Push(4, 10);
+  CloseFile();
+  Buffer = std::make_shared<FailingBuffer>(Buffer->FileName);
+  View = std::make_shared<FakeView>(Buffer, Window.get());
+  Services->TopView = View;
+  Editor().TakeReceived();
+  Editor().Send(GetParam());
+  const std::vector<unsigned> received = Editor().TakeReceived(); // WM_SETFOCUS is followed by a WM_PAINT
+  ASSERT_FALSE(received.empty());
+  EXPECT_EQ(received.front(), GetParam());
+  EXPECT_EQ(TakeReported(), Lines{"no tracker"});
 }
 
 // The marker by itself.
