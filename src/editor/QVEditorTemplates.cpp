@@ -36,7 +36,15 @@ QString NameAtEnd(QStringView text) {
   return text.sliced(start).toString();
 }
 
+// Whether the host types `character`; it ignores all other control characters.
+bool IsTyped(char32_t character) {
+  const bool control = character < 0x20 || (character >= 0x7F && character < 0xA0);
+  return !control || character == U'\r' || character == U'\t';
+}
+
 void TypeCharacter(platform::IOTAEditPosition& position, char32_t character) {
+  if (!IsTyped(character))
+    return;
   position.InsertCharacter(character);
   if (QVEditorStatClient)
     QVEditorStatClient->CharTyped(character);

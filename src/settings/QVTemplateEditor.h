@@ -31,9 +31,9 @@ class TQVTemplateList;
 //
 // - A new template under a name that exists empties that one.
 // - After deleting, the text of the deleted template counts as typed: the dialog asks whether to save it, and Yes
-// brings
-//   the template back, though the list shows it only when it is loaded again.
-// - Renaming copies: the template stays under its old name too, which remains the current one.
+//   brings the template back, though the list shows it only when it is loaded again.
+// - Renaming copies: the template stays under its old name too, which remains the current one. A third template that
+//   has the new name gets the text unasked.
 // - The current template is kept from one showing to the next, while the text begins empty. So the first choice, or OK,
 //   asks whether to save the empty text, unless the template has none.
 //

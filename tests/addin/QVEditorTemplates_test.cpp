@@ -315,6 +315,15 @@ TEST_F(QVEditorTemplates, TheStatisticsHearOfEachTypedCharacterAndOfNothingElse)
   EXPECT_EQ(client->Typed, U"ab\r\u20AC\U0001F600");
 }
 
+TEST_F(QVEditorTemplates, TheStatisticsHearOfNoControlCharacterThatTheHostIgnores) {
+  const auto client = std::make_shared<TStatClient>();
+  QVEditorStatClient = client;
+  Templates.Texts[QStringLiteral("beg")] = QStringLiteral("a\x01\x1F\x7F\u0080\u009F\u00A0\n\t\rb");
+  Put("beg^");
+  Type(U' ');
+  EXPECT_EQ(client->Typed, U"a\u00A0\t\rb");
+}
+
 TEST_F(QVEditorTemplates, NameAndTextAreOneStepOfUndo) {
   Put("two^");
   int open = 0;

@@ -176,5 +176,14 @@ TEST(QVTemplateExamples, LeaveTemplatesOfTheirNamesAlone) {
   EXPECT_EQ(store.Names().size(), TemplateExamples().size());
 }
 
+TEST(QVTemplateExamples, LeaveTemplatesAloneThatAnotherProgramHasAddedMeanwhile) {
+  IniTemplateFile file;
+  TQVTemplateStore store(file);
+  store.LoadTemplates();
+  file.WriteString("BEG", "code", "theirs");
+  store.AddExamples();
+  EXPECT_EQ(store.GetTemplateContent("beg"), "theirs");
+}
+
 } // namespace
 } // namespace quorvane

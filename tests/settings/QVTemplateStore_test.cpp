@@ -145,6 +145,12 @@ TEST(QVTemplateStore, RenamingLeavesTheTemplateUnderBothNames) {
   EXPECT_EQ(loaded.Store.GetTemplateContent("begin"), "  x ");
 }
 
+TEST(QVTemplateStore, RenamingToTheNameOfAThirdTemplateReplacesItsText) {
+  TLoadedStore loaded("[beg]\ncode=1\n[begin]\ncode=2\n");
+  loaded.Store.RenameTemplate("beg", "begin");
+  EXPECT_EQ(loaded.Bytes(), "[beg]\ncode=1\n[begin]\ncode=1\n");
+}
+
 TEST(QVTemplateStore, RenamingToTheSameNameChangesNothing) {
   TLoadedStore loaded("[beg]\ncode=x\n");
   loaded.Store.RenameTemplate("beg", "BEG");

@@ -120,6 +120,7 @@ void TQVTemplateStore::DeleteTemplate(std::string_view name) {
 }
 
 void TQVTemplateStore::AddExamples() {
+  LoadTemplates(); // another program may have taken a name meanwhile
   for (const TQVTemplateExample& example : TemplateExamples())
     if (!IsTemplateName(example.Name))
       file_.WriteString(example.Name, codeKey, example.Code);

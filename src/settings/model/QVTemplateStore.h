@@ -88,10 +88,11 @@ public:
 
   // Makes a template with an empty text. One that is there under this name loses its text; that is intended.
   void AddTemplate(std::string_view name);
-  // Gives the text of a template to a second name. The old one stays; that is intended.
+  // Gives the text of a template to a second name. The old one stays, and a template that is there under the new name
+  // loses its text; both are intended.
   void RenameTemplate(std::string_view name, std::string_view newName);
   void DeleteTemplate(std::string_view name);
-  // Adds those examples (QVTemplateExamples.h) whose names are not taken in the list.
+  // Adds those examples (QVTemplateExamples.h) whose names are not taken in the file.
   void AddExamples();
 
 private:
