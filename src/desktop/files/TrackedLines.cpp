@@ -39,14 +39,17 @@ void TrackedLines::add(int line, int data) {
     return;
   const auto next = std::ranges::upper_bound(lines_, line, {}, &Line::number);
   const std::optional<int> complete = document_.availableUndoSteps() == steps_ ? std::optional(line) : std::nullopt;
+  const qint64 order = added_++;
   if (next != lines_.begin()) {
     Line& last = *std::prev(next);
-    if (last.number == line && last.data == data && last.complete == complete && last.formers.empty()) {
+    if (last.number == line && last.data == data && last.order == order - 1 && last.complete == complete &&
+        last.formers.empty()) {
       ++last.count;
+      last.order = order;
       return;
     }
   }
-  Line& added = *lines_.insert(next, Line{line, data, 1, QTextCursor(&document_)});
+  Line& added = *lines_.insert(next, Line{line, data, 1, order, QTextCursor(&document_)});
   added.start.setKeepPositionOnInsert(true);
   added.complete = complete;
   place(added);
@@ -75,12 +78,14 @@ void TrackedLines::settle() {
   settled_ = state();
   std::vector<LineMove> moves;
   int highest = 0; // no line overtakes another
+  bool haveMet = false;
   for (auto first = lines_.begin(); first != lines_.end();) {
     const int number = first->number;
     const auto next = std::find_if(first, lines_.end(), [number](const Line& line) { return line.number != number; });
     int target = std::numeric_limits<int>::max(); // those on one line stay together
     for (auto line = first; line != next; ++line)
       target = std::min(target, follow(*line, settled_.steps));
+    haveMet |= first != lines_.begin() && highest >= target;
     highest = std::max(target, highest);
 
     std::set<int> reported;
@@ -91,6 +96,8 @@ void TrackedLines::settle() {
       place(*first);
     }
   }
+  if (haveMet)
+    std::ranges::sort(lines_, {}, [](const Line& line) { return std::pair(line.number, line.order); });
   std::ranges::stable_sort(moves, isReportedBefore);
   if (!moves.empty())
     report_(moves);

@@ -29,9 +29,9 @@ struct LineMove {
 // the one in which its start has come to lie, until the edit that took the character is undone. Since the document's
 // own cursors mark both places, changes that it reports as one, as undo does, are followed exactly.
 //
-// Who is told of moves knows a line by its number alone, so lines that have come together stay together. What was added
-// to one line with one value, and has the same past, is kept as one however often it was added: an edit costs time for
-// each line that is tracked. Main thread only.
+// Who is told of moves knows a line by its number alone, so lines that have come together stay together. What is added
+// to one line with one value again and again is kept as one: an edit takes time for each line that is tracked, however
+// often it is. Main thread only.
 class TrackedLines : public QObject {
   Q_OBJECT
 
@@ -66,7 +66,8 @@ private:
   struct Line {
     int number;
     int data;
-    int count; // how often it was added
+    int count;    // how often it was added, each time right after the other
+    qint64 order; // of the last time among all that was ever added
     QTextCursor start;
     QTextCursor second = {};          // behind the first character; null for an empty last line
     std::optional<int> complete = {}; // the number after the last edit block; none inside the first one
@@ -94,7 +95,8 @@ private:
 
   QTextDocument& document_;
   Report report_;
-  std::deque<Line> lines_; // in the order of their numbers; on one line the last added is the last
+  std::deque<Line> lines_; // in the order of their numbers; of one number the last added is the last
+  qint64 added_ = 0;       // how many have ever been added
   int steps_;              // the document's undo steps after the last edit block
   State settled_;
 };

@@ -192,6 +192,16 @@ TEST_F(TrackedLinesTest, TakesBackTheAddThatCameLastAndKeepsThePastOfTheOthers) 
   EXPECT_EQ(taken(), (std::vector<Reported>{{3, 5, 0}}));
 }
 
+TEST_F(TrackedLinesTest, TakesBackTheAddThatCameLastAlsoOfLinesThatHaveMet) {
+  lines.add(7, 0);
+  lines.add(5, 1);
+  replace(at(3), at(8), {});
+  lines.remove(lines.indexOf(3));
+  taken();
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{3, 7, 0}}));
+}
+
 TEST_F(TrackedLinesTest, CountsALineThatIsAddedInsideAnEditBlockAsTheTextIsThen) {
   lines.add(5, 0);
   QTextCursor cursor(&document);
@@ -284,28 +294,49 @@ public:
     std::vector<std::pair<std::size_t, int>> lost = {}; // how many edits had been done, and where it started then
   };
 
-  void apply(const Edit& edit) {
-    for (Mark& mark : marks) {
-      if (isLost(mark.start, edit))
-        mark.lost.emplace_back(done_.size(), mark.start);
+  // The edits that are undone as one.
+  using Step = std::vector<Edit>;
+
+  void begin() {
+    done_.emplace_back();
+    starts_ = starts();
+  }
+  // Makes an edit of the step that was begun last.
+  void add(const Edit& edit) {
+    const std::size_t before = done_.size() - 1;
+    for (std::size_t mark = 0; mark < marks.size(); ++mark) {
+      auto& lost = marks[mark].lost;
+      if (isLost(marks[mark].start, edit) && (lost.empty() || lost.back().first != before))
+        lost.emplace_back(before, starts_[mark]);
     }
     change(edit);
-    done_.push_back(edit);
+    done_.back().push_back(edit);
+  }
+  void apply(const Edit& edit) {
+    begin();
+    add(edit);
+  }
+  // Makes an edit that goes on with the one before, with which it will be undone.
+  void goOn(const Edit& edit) {
+    change(edit);
+    Edit& last = done_.back().back();
+    last.inserted += edit.inserted;
+    last.removed = edit.place < last.place ? edit.removed + last.removed : last.removed + edit.removed;
+    last.place = std::min(edit.place, last.place);
   }
 
-  Edit undo() {
-    const Edit edit = done_.back();
+  Step undo() {
+    const Step step = done_.back();
     done_.pop_back();
-    std::vector<int> before;
-    for (const Mark& mark : marks)
-      before.push_back(mark.start);
-    change({edit.place, edit.inserted, edit.removed});
+    const std::vector<int> before = starts();
+    for (auto edit = step.rbegin(); edit != step.rend(); ++edit)
+      change({edit->place, edit->inserted, edit->removed});
     for (Mark& mark : marks) {
       for (; !mark.lost.empty() && mark.lost.back().first == done_.size(); mark.lost.pop_back())
         mark.start = mark.lost.back().second;
     }
     keepTogether(before);
-    return edit;
+    return step;
   }
 
   bool canUndo() const { return !done_.empty(); }
@@ -321,6 +352,13 @@ public:
   std::vector<Mark> marks;
 
 private:
+  std::vector<int> starts() const {
+    std::vector<int> starts;
+    for (const Mark& mark : marks)
+      starts.push_back(mark.start);
+    return starts;
+  }
+
   static int endOf(const Edit& edit) { return edit.place + static_cast<int>(edit.removed.size()); }
 
   // Whether the line that starts at `start` loses its first character or is joined to the one above.
@@ -354,13 +392,15 @@ private:
   }
 
   std::string text_;
-  std::vector<Edit> done_;
+  std::vector<Step> done_;
+  std::vector<int> starts_; // before the step that was begun last
 };
 
 // Random edits of a model's text, made to the document as well.
 class RandomEdits {
 public:
-  RandomEdits(SourceDocument& document, LineModel& model) : document_(document), model_(model) {}
+  RandomEdits(SourceDocument& document, TrackedLines& lines, LineModel& model)
+      : document_(document), lines_(lines), model_(model) {}
 
   int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
 
@@ -369,43 +409,113 @@ public:
     if (kind == 0 && model_.canUndo()) {
       document_.undo();
       undone_.push_back(model_.undo());
-    } else if (kind == 1 && !undone_.empty()) {
+    } else if (kind == 1 && !undone_.empty() && undone_.back().size() == 1) {
       document_.redo();
-      model_.apply(undone_.back());
+      model_.apply(undone_.back().front());
       undone_.pop_back();
     } else {
+      undone_.clear();
       edit();
     }
   }
 
 private:
   void edit() {
-    const std::string& text = model_.text();
-    const int size = static_cast<int>(text.size());
-    int place = below(size + 1);
-    if (below(2) == 0) // where it matters most
-      place = model_.lineStart(place);
-    const int length = below(3) == 0 ? std::min(below(12), size - place) : 0;
-    const LineModel::Edit edit{place, text.substr(static_cast<std::size_t>(place), static_cast<std::size_t>(length)),
-                               pieces_[static_cast<std::size_t>(below(static_cast<int>(pieces_.size())))]};
-    if (edit.removed.empty() && edit.inserted.empty())
-      return;
+    const int kind = below(4);
+    if (kind == 0)
+      pressKeys();
+    else if (kind == 1)
+      group();
+    else
+      block();
+  }
+
+  int place() {
+    const int place = below(static_cast<int>(model_.text().size()) + 1);
+    return below(2) == 0 ? model_.lineStart(place) : place; // where it matters most
+  }
+
+  // An edit that changes something.
+  LineModel::Edit change() {
+    for (;;) {
+      const std::string& text = model_.text();
+      const int begin = place();
+      const int length = below(3) == 0 ? std::min(below(12), static_cast<int>(text.size()) - begin) : 0;
+      LineModel::Edit edit{begin, text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(length)),
+                           pieces_[static_cast<std::size_t>(below(static_cast<int>(pieces_.size())))]};
+      if (!edit.removed.empty() || !edit.inserted.empty())
+        return edit;
+    }
+  }
+
+  void make(const LineModel::Edit& edit) {
     const bool forward = below(2) == 0;
+    const int end = edit.place + static_cast<int>(edit.removed.size());
     QTextCursor cursor(&document_);
-    cursor.setPosition(forward ? place : place + length);
-    cursor.setPosition(forward ? place + length : place, QTextCursor::KeepAnchor);
+    cursor.setPosition(forward ? edit.place : end);
+    cursor.setPosition(forward ? end : edit.place, QTextCursor::KeepAnchor);
     cursor.beginEditBlock();
     cursor.insertText(QString::fromStdString(edit.inserted));
     cursor.endEditBlock();
-    undone_.clear();
+  }
+
+  void block() {
+    const LineModel::Edit edit = change();
+    make(edit);
     model_.apply(edit);
   }
 
+  // Several edits as one step, with a look at the lines after each.
+  void group() {
+    QTextCursor cursor(&document_);
+    cursor.beginEditBlock();
+    model_.begin();
+    for (int count = 2 + below(3); count > 0; --count) {
+      const LineModel::Edit edit = change();
+      make(edit);
+      lines_.settle();
+      model_.add(edit);
+    }
+    cursor.endEditBlock();
+  }
+
+  // One of the keys x, Backspace and Delete, some times. Several presses may be undone as one.
+  void pressKeys() {
+    const int key = below(3);
+    QTextCursor cursor(&document_);
+    cursor.setPosition(place());
+    for (int count = 1 + below(4); count > 0; --count) {
+      const int at = cursor.position() - (key == 1 ? 1 : 0);
+      if (key != 0 && (at < 0 || at >= static_cast<int>(model_.text().size())))
+        return;
+      const int steps = document_.availableUndoSteps();
+      if (key == 0)
+        cursor.insertText(QStringLiteral("x"));
+      else if (key == 1)
+        cursor.deletePreviousChar();
+      else
+        cursor.deleteChar();
+      const LineModel::Edit edit = key == 0
+                                       ? LineModel::Edit{at, {}, "x"}
+                                       : LineModel::Edit{at, model_.text().substr(static_cast<std::size_t>(at), 1), {}};
+      if (document_.availableUndoSteps() == steps) {
+        ++joined;
+        model_.goOn(edit);
+      } else {
+        model_.apply(edit);
+      }
+    }
+  }
+
   SourceDocument& document_;
+  TrackedLines& lines_;
   LineModel& model_;
   std::mt19937 random_{20010131}; // NOLINT(bugprone-random-generator-seed): the same edits in every run
-  std::vector<LineModel::Edit> undone_;
+  std::vector<LineModel::Step> undone_;
   std::vector<std::string> pieces_ = {"", "x", "\n", "ab\n", "\n\n", "begin\n  \nend;", "a\nb\nc\n", "\nx"};
+
+public:
+  int joined = 0; // key presses that will be undone with the one before
 };
 
 // Ten thousand edits with fifty markers, each of which knows nothing but its line and what it is told.
@@ -416,13 +526,13 @@ TEST(TrackedLinesModel, AgreesWithASimpleModelAfterEveryOneOfRandomEdits) {
   SourceDocument document(QStringLiteral("/unit.pas"));
   document.setPlainText(QString::fromStdString(text));
   LineModel model(text);
-  RandomEdits edits(document, model);
 
   std::vector<int> markers;
   TrackedLines lines(document, [&markers](const std::vector<LineMove>& moves) {
     for (const LineMove& move : moves)
       std::ranges::replace(markers, move.oldLine, move.newLine);
   });
+  RandomEdits edits(document, lines, model);
   const auto drop = [&](int line) {
     lines.add(line, 0);
     markers.push_back(line);
@@ -441,11 +551,13 @@ TEST(TrackedLinesModel, AgreesWithASimpleModelAfterEveryOneOfRandomEdits) {
     // Markers gather where much is deleted, so now and then one is picked up and dropped elsewhere.
     if (edits.below(20) == 0) {
       lines.remove(lines.indexOf(markers.front()));
-      markers.erase(markers.begin());
-      model.marks.erase(model.marks.begin());
+      const auto last = std::find(markers.rbegin(), markers.rend(), markers.front()).base() - 1 - markers.begin();
+      markers.erase(markers.begin() + last);
+      model.marks.erase(model.marks.begin() + last);
       drop(edits.below(document.blockCount()));
     }
   }
+  EXPECT_GT(edits.joined, 100);
 }
 
 } // namespace
