@@ -10,6 +10,9 @@ namespace desktop {
 
 namespace {
 
+// How much white space a new line takes over.
+constexpr qsizetype mostCarriedOver = 500;
+
 // Shortens the first `length` units of `line`, all white space, to `cells` cells. `cursor` is at the start of the line
 // and ends behind what has been changed.
 void shortenWhiteSpace(QTextCursor& cursor, QStringView line, qsizetype length, int cells, int tabWidth) {
@@ -43,17 +46,22 @@ void breakLine(QTextCursor& cursor) {
   cursor.removeSelectedText();
   const QString before = cursor.block().text().left(cursor.positionInBlock());
   cursor.insertBlock();
-  cursor.insertText(before.left(leadingWhiteSpace(before)));
+  cursor.insertText(before.left(std::min(leadingWhiteSpace(before), mostCarriedOver)));
   cursor.endEditBlock();
 }
 
-void insertTab(QTextCursor& cursor, const IndentOptions& options) {
+int insertTab(QTextCursor& cursor, const IndentOptions& options, std::optional<int> column) {
   cursor.beginEditBlock();
   cursor.removeSelectedText();
-  const int cell = columnOfUnit(cursor.block().text(), cursor.positionInBlock(), options.tabWidth) - 1;
-  const int blanks = options.indentWidth - cell % options.indentWidth;
-  cursor.insertText(options.insertion == TabInsertion::Character ? QStringLiteral("\t") : QString(blanks, u' '));
+  if (!column)
+    column = columnOfUnit(cursor.block().text(), cursor.positionInBlock(), options.tabWidth);
+  const int cell = *column - 1;
+  const bool isCharacter = options.insertion == TabInsertion::Character;
+  const int stops = isCharacter ? options.tabWidth : options.indentWidth;
+  const int cells = stops - cell % stops;
+  cursor.insertText(isCharacter ? QStringLiteral("\t") : QString(cells, u' '));
   cursor.endEditBlock();
+  return *column + cells;
 }
 
 bool unindentToLineAbove(QTextCursor& cursor, const IndentOptions& options) {

@@ -5,6 +5,8 @@
 
 #include <QTextCursor>
 
+#include <optional>
+
 namespace desktop {
 
 // What the Tab key puts in.
@@ -23,11 +25,13 @@ struct IndentOptions {
 };
 
 // Breaks the line at the cursor, replacing the selection. The new line begins with the white space that the broken one
-// has before the cursor.
+// has before the cursor, or with its first 500 characters: else a text typed by a program, each line indented deeper
+// than the one before, would take memory with the square of its length.
 void breakLine(QTextCursor& cursor);
 
-// Replaces the selection by what the options say.
-void insertTab(QTextCursor& cursor, const IndentOptions& options);
+// Replaces the selection by what the options say. `column` is the cursor's screen column (from 1) if it is known, which
+// saves counting it; it must be none with a selection. Returns the column behind what was inserted.
+int insertTab(QTextCursor& cursor, const IndentOptions& options, std::optional<int> column = std::nullopt);
 
 // Brings what stands behind the cursor back to the indentation of the nearest line above that begins further left,
 // blank lines left out. False, and nothing is changed, with a selection, when something else than white space stands

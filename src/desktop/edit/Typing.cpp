@@ -11,15 +11,21 @@ bool isTyped(char32_t character) {
   return !control && character <= QChar::LastValidCodePoint && !QChar::isSurrogate(character);
 }
 
-void typeCharacter(QTextCursor& cursor, char32_t character, const IndentOptions& options) {
-  if (character == U'\r')
-    breakLine(cursor);
-  else if (character == U'\t' && spansLines(cursor))
-    indentLines(cursor, options);
-  else if (character == U'\t')
-    insertTab(cursor, options);
-  else if (isTyped(character))
+std::optional<int> typeCharacter(QTextCursor& cursor, char32_t character, const IndentOptions& options,
+                                 std::optional<int> column) {
+  if (character == U'\t' && !spansLines(cursor))
+    return insertTab(cursor, options, column);
+  if (isTyped(character)) {
     cursor.insertText(QString::fromUcs4(&character, 1));
+    return column ? std::optional(*column + 1) : std::nullopt;
+  }
+  if (character == U'\r') {
+    breakLine(cursor);
+    return std::nullopt;
+  }
+  if (character == U'\t')
+    indentLines(cursor, options);
+  return column;
 }
 
 } // namespace desktop

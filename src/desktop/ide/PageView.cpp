@@ -15,6 +15,7 @@
 #include <QTextBlock>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace desktop {
@@ -127,25 +128,31 @@ template <class TChange> void PageView::edit(TChange&& change) {
   if (page().document()->isReadOnlyText())
     return;
   QTextCursor cursor = caret();
-  change(cursor);
+  const auto group = buffer_->undoGroup();
+  const auto before = group != nullptr && !cursor.hasSelection() ? group->column() : std::nullopt;
+  const std::optional<int> column = change(cursor, before);
   setCaret(cursor, Scrolling::ToCaret);
+  if (group != nullptr && column)
+    group->rememberColumn(*column);
   buffer_->settleLines();
 }
 
 void PageView::InsertCharacter(char32_t character) {
-  const auto group = buffer_->undoGroup();
-  const auto before = group != nullptr && !group->caret().hasSelection() ? group->column() : std::nullopt;
-  edit([&](QTextCursor& cursor) { typeCharacter(cursor, character, control().indentOptions()); });
-  if (before && isTyped(character) && !GetBuffer()->GetIsReadOnly())
-    group->rememberColumn(*before + 1);
+  edit([&](QTextCursor& cursor, std::optional<int> column) {
+    return typeCharacter(cursor, character, control().indentOptions(), column);
+  });
 }
 
 void PageView::BackspaceDelete(int count) {
-  edit([&](QTextCursor& cursor) {
+  edit([&](QTextCursor& cursor, std::optional<int> column) {
     cursor.beginEditBlock();
-    for (int deleted = 0; deleted < count && (cursor.hasSelection() || !cursor.atStart()); ++deleted)
+    for (int deleted = 0; deleted < count && (cursor.hasSelection() || !cursor.atStart()); ++deleted) {
+      const bool isOneCell = !cursor.atBlockStart() && cursor.document()->characterAt(cursor.position() - 1) != u'\t';
+      column = column && isOneCell ? std::optional(*column - 1) : std::nullopt;
       cursor.deletePreviousChar();
+    }
     cursor.endEditBlock();
+    return column;
   });
 }
 

@@ -59,7 +59,8 @@ private:
   QTextCursor caret() const;
   void setCaret(const QTextCursor& caret, Scrolling scrolling);
   QTextCursor cursorAt(int row, int column) const;
-  // Changes the text at the caret, unless it can only be read. `change` takes the caret and moves it.
+  // Changes the text at the caret, unless it can only be read. `change` takes the caret, which it moves, and its column
+  // if that is known, and returns the column afterwards if that is known then.
   template <class TChange> void edit(TChange&& change);
 
   QPointer<Page> page_;

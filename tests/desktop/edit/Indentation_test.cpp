@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/edit/Indentation.h"
 
+#include "desktop/edit/TextColumns.h"
+
 #include "desktop/edit/EditFixture.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +50,29 @@ TEST(Indentation, ReplacesTheSelectionByALineBreak) {
   QTextCursor cursor = select(document, 3, 6);
   breakLine(cursor);
   EXPECT_EQ(textOf(document), "  a\n  d");
+}
+
+TEST(Indentation, TakesOverNoMoreThanFiveHundredCharacters) {
+  PlainDocument document(QString(500, u' ') + QStringLiteral("a"));
+  QTextCursor cursor = select(document, 501, 501);
+  breakLine(cursor);
+  EXPECT_EQ(cursor.positionInBlock(), 500);
+  cursor.insertText(QStringLiteral(" b"));
+  breakLine(cursor);
+  EXPECT_EQ(cursor.positionInBlock(), 500);
+}
+
+TEST(Indentation, TellsTheColumnBehindATabAndTakesTheOneBefore) {
+  for (const IndentOptions& options : {byTwo, byTab}) {
+    PlainDocument counted(QStringLiteral("\tabc"));
+    PlainDocument told(QStringLiteral("\tabc"));
+    QTextCursor first = select(counted, 2, 2);
+    QTextCursor second = select(told, 2, 2);
+    const int column = insertTab(first, options);
+    EXPECT_EQ(column, columnOfUnit(first.block().text(), first.positionInBlock(), options.tabWidth));
+    EXPECT_EQ(insertTab(second, options, options.tabWidth + 2), column);
+    EXPECT_EQ(textOf(told), textOf(counted));
+  }
 }
 
 TEST(Indentation, PutsBlanksUpToTheNextStop) {
