@@ -20,6 +20,7 @@
 
 #include <QAbstractButton>
 #include <QEvent>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
@@ -84,8 +85,10 @@ void TQVOptionsForm::BuildPages() {
   AddOptionPages(*Pages);
   connect(Pages->findChild<QPushButton*>(QStringLiteral("EditTemplatesBtn")), &QPushButton::clicked, this,
           &TQVOptionsForm::EditTemplatesBtnClick);
-  for (QAbstractButton* button : Pages->findChildren<QAbstractButton*>())
-    button->installEventFilter(this);
+  for (QWidget* control : Pages->findChildren<QWidget*>()) {
+    if (qobject_cast<QAbstractButton*>(control) || qobject_cast<QGroupBox*>(control))
+      control->installEventFilter(this);
+  }
 }
 
 QWidget* TQVOptionsForm::NewBottomPanel() {
@@ -184,8 +187,9 @@ bool TQVOptionsForm::event(QEvent* event) {
   return handled;
 }
 
-// On some desktops (GNOME) Enter presses the button that has the focus. Ignored, it goes up to the dialog. That holds
-// for the button of the templates too: Space presses it.
+// On some desktops (GNOME) Enter presses the button that has the focus, and group boxes keep it from the controls in
+// them, even those that have no box to check. Ignored, it goes up to the dialog. That holds for the button of the
+// templates too: Space presses it.
 bool TQVOptionsForm::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress)
     return QDialog::eventFilter(watched, event);

@@ -43,7 +43,7 @@ public:
 
 protected:
   bool event(QEvent* event) override;
-  // Takes Enter from the buttons of the pages: it is the dialog's.
+  // Takes Enter from the buttons and groups of the pages: it is the dialog's.
   bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
 

@@ -3,6 +3,7 @@
 #include "settings/OptionsFormFixture.h"
 
 #include <QChildEvent>
+#include <QGroupBox>
 
 #include <ostream>
 
@@ -62,8 +63,8 @@ TEST_F(QVOptionsFormKeys, SpacePressesTheButtonOfTheTemplates) {
   });
 }
 
-// A desktop on which Enter presses the button that has the focus, as on GNOME, for all buttons that are made while this
-// lives. It gets hold of them as early as a button gets hold of its own keys: after whoever else asks to see them.
+// A desktop on which Enter presses the button that has the focus, and group boxes keep it, as on GNOME, for all that
+// are made while this lives. It gets hold of a key as late as the control itself: after whoever else asks to see it.
 class DesktopWhereEnterPressesButtons : public QObject {
 public:
   DesktopWhereEnterPressesButtons() { qApp->installEventFilter(this); }
@@ -79,12 +80,13 @@ private:
   class Presser : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override {
       auto* const button = qobject_cast<QAbstractButton*>(watched);
-      if (button == nullptr || event->type() != QEvent::KeyPress)
+      if ((button == nullptr && qobject_cast<QGroupBox*>(watched) == nullptr) || event->type() != QEvent::KeyPress)
         return false;
       const int key = static_cast<QKeyEvent*>(event)->key();
       if (key != Qt::Key_Return && key != Qt::Key_Enter)
         return false;
-      button->click();
+      if (button)
+        button->click();
       event->accept();
       return true;
     }
@@ -96,27 +98,32 @@ class QVOptionsFormKeysOnGnome : public OptionsFormTest {
 protected:
   QVOptionsFormKeysOnGnome() { StartQVOptions(); }
 
+  int ResultOfEnter(QWidget& control) {
+    Open([&](TQVOptionsForm&) {
+      Reach(control);
+      QTest::keyClick(&control, Qt::Key_Return);
+    });
+    return QVOptionsForm->result();
+  }
+
 private:
   DesktopWhereEnterPressesButtons desktop_;
 };
 
 TEST_F(QVOptionsFormKeysOnGnome, EnterIsOKOnEveryButtonOfThePages) {
   const QList<QAbstractButton*> buttons = Pages().findChildren<QAbstractButton*>();
-  for (QAbstractButton* button : buttons) {
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-      Open([&](TQVOptionsForm&) {
-        Reach(*button);
-        QTest::keyClick(button, key);
-      });
-      EXPECT_EQ(QVOptionsForm->result(), TQVOptionsForm::mrOk) << button->text().toStdString();
-    }
-  }
+  for (QAbstractButton* button : buttons)
+    EXPECT_EQ(ResultOfEnter(*button), TQVOptionsForm::mrOk) << button->text().toStdString();
   EXPECT_GE(buttons.size(), 23) << "boxes, radio buttons, colours and one to edit";
 }
 
+TEST_F(QVOptionsFormKeysOnGnome, EnterIsOKOnWhatStandsInAGroup) {
+  for (const char* name : {"TemplateKeyEdit", "LineWidthSpin", "MarkerActivateHotkey", "FlyDelaySpin"})
+    EXPECT_EQ(ResultOfEnter(Control<QWidget>(name)), TQVOptionsForm::mrOk) << name;
+}
+
 TEST_F(QVOptionsFormKeysOnGnome, EnterPressesTheButtonsBelowThePages) {
-  Open([](TQVOptionsForm&) { QTest::keyClick(&Button("btnCancel"), Qt::Key_Return); });
-  EXPECT_EQ(QVOptionsForm->result(), TQVOptionsForm::mrCancel);
+  EXPECT_EQ(ResultOfEnter(Button("btnCancel")), TQVOptionsForm::mrCancel);
 }
 
 // A page, and its controls in the order of Tab.
