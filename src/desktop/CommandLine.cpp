@@ -51,7 +51,7 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   CommandLine line;
   bool noPackage = false;
   bool noSplash = false;
-  app.add_option("FILE", files, "Files to open");
+  app.add_option("FILE", files, "Files to open; FILE:LINE or FILE:LINE:COLUMN puts the caret there");
   CLI::Option* const picture =
       app.add_option("--screenshot", screenshot,
                      "Write a picture of the whole window with FILE to this PNG file and exit; "

@@ -2,18 +2,14 @@
 // What the editor was asked to do when it was started.
 #pragma once
 
+#include "desktop/files/FileArgument.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <optional>
 
 namespace desktop {
-
-// A place in a text, both from 1; the column is one of the screen, tabs expanded.
-struct CaretPlace {
-  int line = 1;
-  int column = 1;
-};
 
 struct CommandLine {
   QStringList files;

@@ -2,11 +2,13 @@
 #include "desktop/Program.h"
 
 #include "desktop/edit/EditControl.h"
+#include "desktop/files/FileArgument.h"
 #include "desktop/ide/IdeServices.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/RecentFiles.h"
 #include "desktop/ui/Screenshot.h"
 #include "platform/Application.h"
 #include "platform/Errors.h"
@@ -50,9 +52,10 @@ Program::~Program() {
 
 int Program::edit() {
   // The first thing to be painted is the file, add-ins included.
+  workspace_.recentFiles().open(platform::StateFile(QStringLiteral("recent-files.json")));
   openFiles();
   workspace_.frameOf(workspace_.topWindow())->show();
-  placeCaret();
+  placeCarets();
   for (const QString& reason : loadPackages())
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, reason);
   return QCoreApplication::exec();
@@ -60,11 +63,11 @@ int Program::edit() {
 
 int Program::takeScreenshot() {
   MainWindow* const frame = workspace_.frameOf(workspace_.topWindow());
-  if (workspace_.openFile(commandLine_.files.constFirst()) == nullptr)
+  if (open(commandLine_.files.constFirst()) == nullptr)
     return complain(workspace_.topWindow()->messageBar()->messages().join(QStringLiteral("; ")));
   frame->show();
   frame->activateWindow();
-  placeCaret();
+  placeCarets();
   const QStringList reasons = loadPackages();
   if (!reasons.isEmpty())
     return complain(reasons.join(QStringLiteral("; ")));
@@ -72,9 +75,17 @@ int Program::takeScreenshot() {
   return problem.isEmpty() ? 0 : complain(QStringLiteral("%1: %2").arg(commandLine_.screenshot, problem));
 }
 
+Page* Program::open(const QString& file) {
+  const FileArgument argument = readFileArgument(file);
+  Page* const page = workspace_.openFile(argument.path);
+  if (page != nullptr && argument.caret)
+    carets_.emplace_back(page, *argument.caret);
+  return page;
+}
+
 void Program::openFiles() {
   for (const QString& file : commandLine_.files)
-    workspace_.openFile(file);
+    open(file);
   const QList<Page*> pages = workspace_.topWindow()->pages();
   if (pages.isEmpty())
     workspace_.newFile();
@@ -82,12 +93,19 @@ void Program::openFiles() {
     workspace_.topWindow()->showPage(pages.constFirst());
 }
 
-void Program::placeCaret() {
-  if (!commandLine_.caret)
-    return;
-  TEditControl& editor = *workspace_.topWindow()->editor();
-  editor.setCaret(commandLine_.caret->line, commandLine_.caret->column);
-  editor.showCaret();
+// Once the windows have their sizes, so that the carets can be brought into sight.
+void Program::placeCarets() {
+  Page* const front = workspace_.topPage();
+  if (commandLine_.caret && front != nullptr)
+    carets_.emplace_back(front, *commandLine_.caret);
+  for (const auto& [page, place] : carets_) {
+    page->window()->showPage(page);
+    page->window()->editor()->setCaret(place.line, place.column);
+    page->window()->editor()->showCaret();
+  }
+  carets_.clear();
+  if (front != nullptr)
+    front->window()->showPage(front);
 }
 
 QStringList Program::loadPackages() {

@@ -4,9 +4,13 @@
 #include "desktop/CommandLine.h"
 #include "desktop/ide/InstalledPackages.h"
 #include "desktop/ide/PackageLoader.h"
+#include "desktop/ui/DiskChanges.h"
 #include "desktop/ui/Workspace.h"
 
 #include <QStringList>
+
+#include <utility>
+#include <vector>
 
 namespace desktop {
 
@@ -27,14 +31,18 @@ public:
   int takeScreenshot();
 
 private:
+  // Opens what the argument `file` names; null if that is not possible.
+  Page* open(const QString& file);
   void openFiles();
-  void placeCaret();
+  void placeCarets();
   // Loads what the command line asks for. Returns why packages could not be loaded, one sentence each.
   QStringList loadPackages();
   void openSearchPath();
 
   const CommandLine& commandLine_;
   Workspace workspace_;
+  DiskChanges diskChanges_{workspace_};
+  std::vector<std::pair<Page*, CaretPlace>> carets_; // that have yet to be put into pages just opened
   PackageLoader loader_;
   InstalledPackages packages_;
 };

@@ -14,4 +14,15 @@ QString ConfigFile(const QString& name) {
   return folder.isEmpty() || homeless ? QString() : folder + QStringLiteral("/virelle/") + name;
 }
 
+// This Qt does not know the place yet.
+QString StateFile(const QString& name) {
+  QString folder = qEnvironmentVariable("XDG_STATE_HOME");
+  if (!QDir::isAbsolutePath(folder)) {
+    if (qEnvironmentVariableIsEmpty("HOME"))
+      return {};
+    folder = QDir::homePath() + QStringLiteral("/.local/state");
+  }
+  return QDir::cleanPath(folder) + QStringLiteral("/virelle/") + name;
+}
+
 } // namespace platform

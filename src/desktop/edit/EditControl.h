@@ -145,6 +145,7 @@ public:
   // be nested.
   void holdPainting();
   void releasePainting();
+  bool isPaintingHeld() const { return paintingHolds_ > 0; }
 
   // The first visible line and column, from 1.
   int topLine() const;

@@ -39,7 +39,10 @@ void DocumentFiller::fill(std::string_view bytes, quorvane::TCodePage codePage) 
   insert(decoded.Text);
   document_.setUndoRedoEnabled(true);
   document_.setModified(false);
+  checkFilled(decoded);
+}
 
+void DocumentFiller::checkFilled(const quorvane::TDecodedText& decoded) {
   if (decoded.FirstLostByte)
     setReadOnly(message("The file is read-only here: its byte %1 is no %2.")
                     .arg(*decoded.FirstLostByte + 1)

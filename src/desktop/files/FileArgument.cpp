@@ -6,22 +6,32 @@
 
 namespace desktop {
 
-FileArgument readFileArgument(const QString& argument) {
-  static const QRegularExpression form(QStringLiteral("\\A(.+?):([0-9]+)(?::([0-9]+))?:?\\z"),
+namespace {
+
+// The longer name first, since that one may have a number at its end.
+const QRegularExpression& form(bool withColumn) {
+  static const QRegularExpression line(QStringLiteral("\\A(.+):([0-9]+):?\\z"),
                                        QRegularExpression::DotMatchesEverythingOption);
+  static const QRegularExpression lineAndColumn(QStringLiteral("\\A(.+):([0-9]+):([0-9]+):?\\z"),
+                                                QRegularExpression::DotMatchesEverythingOption);
+  return withColumn ? lineAndColumn : line;
+}
+
+} // namespace
+
+FileArgument readFileArgument(const QString& argument) {
   if (QFileInfo::exists(argument))
     return {argument, {}};
-  const QRegularExpressionMatch match = form.match(argument);
-  if (!match.hasMatch() || !QFileInfo::exists(match.captured(1)))
-    return {argument, {}};
-  bool isNumber = true; // and not too large for one
-  CaretPlace place;
-  place.line = match.captured(2).toInt(&isNumber);
-  if (isNumber && match.hasCaptured(3))
-    place.column = match.captured(3).toInt(&isNumber);
-  if (!isNumber || place.line < 1 || place.column < 1)
-    return {argument, {}};
-  return {match.captured(1), place};
+  for (const bool withColumn : {false, true}) {
+    const QRegularExpressionMatch match = form(withColumn).match(argument);
+    if (!match.hasMatch() || !QFileInfo::exists(match.captured(1)))
+      continue;
+    // A number that is too large is none, and becomes 0.
+    const CaretPlace place{match.captured(2).toInt(), withColumn ? match.captured(3).toInt() : 1};
+    if (place.line >= 1 && place.column >= 1)
+      return {match.captured(1), place};
+  }
+  return {argument, {}};
 }
 
 } // namespace desktop

@@ -2,6 +2,7 @@
 #include "desktop/files/FileStore.h"
 
 #include "desktop/files/DocumentFiller.h"
+#include "desktop/files/FileReader.h"
 #include "desktop/files/FileWriter.h"
 #include "text/LineEnds.h"
 #include "text/ServedText.h"
@@ -9,13 +10,8 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
-#include <QLocale>
 
-#include <sys/stat.h>
-
-#include <cerrno>
 #include <new>
 #include <utility>
 
@@ -33,49 +29,6 @@ QString absolute(const QString& path) {
 
 QString cannotOpen(const QString& path, const QString& reason) {
   return message("Cannot open %1: %2.").arg(path, reason);
-}
-
-struct FileContents {
-  QByteArray bytes;
-  FileStamp stamp;
-  QString error; // without the file's name
-};
-
-FileStamp stampOf(const struct stat& status) {
-  constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
-  return {status.st_size, status.st_mtim.tv_sec * nanosecondsPerSecond + status.st_mtim.tv_nsec, status.st_ino};
-}
-
-// Devices and pipes are refused before they are opened: reading one may never end.
-FileContents read(const QString& path) {
-  struct stat status = {};
-  if (::stat(QFile::encodeName(path).constData(), &status) != 0)
-    return {{}, {}, qt_error_string(errno)};
-  if (S_ISDIR(status.st_mode))
-    return {{}, {}, message("it is a folder")};
-  if (!S_ISREG(status.st_mode))
-    return {{}, {}, message("it is no regular file")};
-  const QString tooLarge = message("it is over %1 MB").arg(largestFileBytes >> 20);
-  if (status.st_size > largestFileBytes)
-    return {{}, {}, tooLarge};
-
-  QFile file(path);
-  if (!file.open(QIODevice::ReadOnly))
-    return {{}, {}, file.errorString()};
-  FileContents contents{file.read(largestFileBytes + 1), stampOf(status), {}};
-  if (file.error() != QFile::NoError)
-    contents.error = file.errorString();
-  else if (contents.bytes.size() > largestFileBytes)
-    contents.error = tooLarge;
-  return contents;
-}
-
-// Line feeds, and carriage returns that no line feed follows.
-std::int64_t countLineEnds(const QByteArray& bytes) {
-  std::int64_t count = 0;
-  for (qsizetype i = 0; i < bytes.size(); ++i)
-    count += bytes[i] == '\n' || (bytes[i] == '\r' && (i + 1 == bytes.size() || bytes[i + 1] != '\n'));
-  return count;
 }
 
 QString codePointName(char32_t character) {
@@ -96,22 +49,22 @@ MissingCharacter missingCharacter(std::u16string_view text, std::size_t unit) {
   return missing;
 }
 
+void finishReading(SourceDocument& document, const FileContents& contents) {
+  if (!mayWrite(document.fileName()))
+    DocumentFiller(document).setReadOnly(message("The file may not be written."), true);
+  document.setFileStamp(contents.stamp);
+  document.setFileHash(contentHash(contents.view()));
+}
+
 LoadResult fillDocument(const QString& fileName, const FileContents& contents, quorvane::TCodePage codePage) {
   auto document = std::make_unique<SourceDocument>(fileName);
   DocumentFiller filler(*document);
-  filler.fill({contents.bytes.constData(), static_cast<std::size_t>(contents.bytes.size())}, codePage);
-  if (!mayWrite(fileName))
-    filler.setReadOnly(message("The file may not be written."), true);
-  document->setFileStamp(contents.stamp);
+  filler.fill(contents.view(), codePage);
+  finishReading(*document, contents);
   return {std::move(document), {}};
 }
 
 } // namespace
-
-FileStamp stampOf(const QString& path) {
-  struct stat status = {};
-  return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? stampOf(status) : FileStamp{};
-}
 
 bool changedOnDisk(const SourceDocument& document) {
   return !document.isUntitled() && stampOf(document.fileName()) != document.fileStamp();
@@ -119,15 +72,25 @@ bool changedOnDisk(const SourceDocument& document) {
 
 LoadResult load(const QString& path, quorvane::TCodePage codePage) try {
   const QString fileName = absolute(path);
-  const FileContents contents = read(fileName);
+  const FileContents contents = readFile(fileName);
   if (!contents.error.isEmpty())
     return {nullptr, cannotOpen(fileName, contents.error)};
-  if (countLineEnds(contents.bytes) > mostLines)
-    return {nullptr, cannotOpen(fileName, message("it has more than %1 lines").arg(QLocale().toString(mostLines)))};
   return fillDocument(fileName, contents, codePage);
 } catch (const std::bad_alloc&) {
   return {nullptr, cannotOpen(absolute(path), message("there is not enough memory"))};
 }
+
+QString reload(SourceDocument& document, quorvane::TCodePage codePage) try {
+  const FileContents contents = readFile(document.fileName());
+  if (!contents.error.isEmpty())
+    return cannotOpen(document.fileName(), contents.error);
+  DocumentFiller(document).refill(contents.view(), codePage);
+  finishReading(document, contents);
+  return {};
+} catch (const std::bad_alloc&) {
+  return cannotOpen(document.fileName(), message("there is not enough memory"));
+}
+
 std::unique_ptr<SourceDocument> newDocument(const QString& folder,
                                             const std::function<bool(const QString& path)>& isTaken) {
   for (int number = 1;; ++number) {
@@ -161,6 +124,7 @@ SaveResult save(SourceDocument& document, const QString& path) {
   // Writable before it is renamed: who hears of the new name looks at the read-only state as well.
   DocumentFiller(document).setWritable();
   document.setFileStamp(stampOf(fileName));
+  document.setFileHash(contentHash(encoded.Bytes));
   document.setModified(false);
   document.setFileName(fileName);
   return {};

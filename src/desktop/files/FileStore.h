@@ -30,6 +30,11 @@ struct LoadResult {
 // that are neither marked nor UTF-8 are taken as `codePage`.
 LoadResult load(const QString& path, quorvane::TCodePage codePage = quorvane::DefaultCodePage);
 
+// Gives `document` what its file holds now, unmodified, as one step to be undone. Lines that stay are left alone, with
+// the carets and tracked lines in them. Returns why that is not possible, a sentence that names the file, or an empty
+// string.
+QString reload(SourceDocument& document, quorvane::TCodePage codePage = quorvane::DefaultCodePage);
+
 // An empty document under a made-up name in `folder`: "Unit1.pas", or the next number for which there is neither a file
 // nor `isTaken`.
 std::unique_ptr<SourceDocument> newDocument(const QString& folder,

@@ -94,6 +94,9 @@ public:
   // The file as it was when it was last read or written.
   const FileStamp& fileStamp() const { return stamp_; }
   void setFileStamp(const FileStamp& stamp) { stamp_ = stamp; }
+  // The contentHash of the file's bytes then.
+  std::size_t fileHash() const { return fileHash_; }
+  void setFileHash(std::size_t hash) { fileHash_ = hash; }
 
 Q_SIGNALS:
   void fileNameChanged();
@@ -115,6 +118,7 @@ private:
   QString readOnlyReason_;
   QString plainReason_;
   FileStamp stamp_;
+  std::size_t fileHash_ = 0;
   std::unique_ptr<ServedCopy> served_;
 };
 

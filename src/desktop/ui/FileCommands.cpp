@@ -6,7 +6,9 @@
 #include "desktop/files/FileStore.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/PageReload.h"
 #include "desktop/ui/Workspace.h"
 
 #include <QFileDialog>
@@ -89,6 +91,38 @@ bool FileCommands::saveAs(Page* page) {
     return false;
   }
   return write(page, path);
+}
+
+bool FileCommands::saveAll() {
+  for (const TEditWindow* window : workspace_.windows()) {
+    for (Page* page : window->pages()) {
+      if (!page->document()->isModified())
+        continue;
+      if (page->document()->isUntitled())
+        workspace_.showPage(page); // whoever is asked for a name wants to see for what
+      if (!save(page))
+        return false;
+    }
+  }
+  return true;
+}
+
+bool FileCommands::revert(Page* page) {
+  if (page->document()->isModified()) {
+    QMessageBox box(QMessageBox::Warning, tr("Revert"),
+                    tr("Read %1 again and give up the changes to it?").arg(page->title()), QMessageBox::NoButton,
+                    page->window());
+    box.setInformativeText(tr("Undo brings them back."));
+    const QPushButton* const proceed = box.addButton(tr("&Revert"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(box.addButton(QMessageBox::Cancel));
+    box.exec();
+    if (box.clickedButton() != proceed)
+      return false;
+  }
+  const QString problem = reloadPage(*page);
+  if (!problem.isEmpty())
+    page->window()->messageBar()->addMessage(MessageBar::Kind::Error, problem);
+  return problem.isEmpty();
 }
 
 QString FileCommands::chooseName(const Page* page) {

@@ -25,6 +25,10 @@ public:
   // Saves under the page's name, or asks for one. False when the text has not been saved.
   bool save(Page* page);
   bool saveAs(Page* page);
+  // Saves all pages of all windows that are modified. Stops at the first that is not saved, and returns false then.
+  bool saveAll();
+  // Asks about unsaved changes and gives the page what its file holds. False when it keeps its text.
+  bool revert(Page* page);
   // Asks about unsaved changes and closes the page. False when the user thinks better of it or saving fails.
   bool close(Page* page);
   // The same for all other pages of its window; either all of them are closed or none.

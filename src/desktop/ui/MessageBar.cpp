@@ -8,10 +8,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -51,11 +53,12 @@ QStyle::StandardPixmap iconOf(MessageBar::Kind kind) {
 
 } // namespace
 
-// One message with its close button, on a ground that is tinted by its kind.
+// One message with its close button and, if it is a question, those of its answers, on a ground that is tinted by its
+// kind.
 class MessageBar::Row : public QWidget {
 public:
   Row(Kind kind, const QString& text, int count, MessageBar* bar)
-      : QWidget(bar), kind_(kind), text_(text), count_(count), label_(new QLabel(this)) {
+      : QWidget(bar), kind_(kind), text_(text), count_(count), label_(new QLabel(this)), buttons_(new QHBoxLayout) {
     auto* const icon = new QLabel(this);
     const int extent = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
     icon->setPixmap(style()->standardIcon(iconOf(kind), nullptr, this).pixmap(extent, extent));
@@ -64,18 +67,35 @@ public:
     label_->setWordWrap(true);
     auto* const close = new CloseButton(MessageBar::tr("Close this message"), this);
     close->setObjectName(QStringLiteral("CloseMessage"));
-    connect(close, &CloseButton::clicked, bar, [bar, this] { bar->removeRow(this); });
+    connect(close, &CloseButton::clicked, bar, [bar, this] {
+      const std::function<void()> closed = std::exchange(closed_, {});
+      bar->removeRow(this);
+      if (closed)
+        closed();
+    });
 
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(8, 4, 4, 4);
     layout->setSpacing(8);
     layout->addWidget(icon, 0, Qt::AlignTop);
     layout->addWidget(label_, 1);
+    layout->addLayout(buttons_);
     layout->addWidget(close, 0, Qt::AlignTop);
     showText();
   }
 
-  bool holds(Kind kind, const QString& text) const { return kind_ == kind && text_ == text; }
+  void addAnswer(const Answer& answer, MessageBar* bar) {
+    auto* const button = new QPushButton(answer.text, this);
+    buttons_->addWidget(button, 0, Qt::AlignTop);
+    connect(button, &QPushButton::clicked, bar, [bar, this, run = answer.run] {
+      bar->removeRow(this);
+      run();
+    });
+  }
+  void setClosed(std::function<void()> closed) { closed_ = std::move(closed); }
+
+  bool isQuestion() const { return buttons_->count() > 0; }
+  bool holds(Kind kind, const QString& text) const { return !isQuestion() && kind_ == kind && text_ == text; }
   void add(int count) {
     count_ += count;
     showText();
@@ -96,6 +116,8 @@ private:
   QString text_;
   int count_;
   QLabel* label_;
+  QHBoxLayout* buttons_;
+  std::function<void()> closed_;
 };
 
 MessageBar::MessageBar(QWidget* parent) : QWidget(parent), layout_(new QVBoxLayout(this)) {
@@ -114,9 +136,29 @@ void MessageBar::addMessage(Kind kind, const QString& text, int count) {
     (*known)->add(count);
     return;
   }
-  if (rows_.size() == mostRows)
-    removeRow(rows_.front());
-  auto* const row = new Row(kind, text, count, this);
+  addRow(new Row(kind, text, count, this));
+}
+
+QWidget* MessageBar::ask(Kind kind, const QString& text, const std::vector<Answer>& answers,
+                         std::function<void()> closed) {
+  auto* const row = new Row(kind, text, 1, this);
+  for (const Answer& answer : answers)
+    row->addAnswer(answer, this);
+  row->setClosed(std::move(closed));
+  addRow(row);
+  return row;
+}
+
+void MessageBar::withdraw(const QWidget* question) {
+  const auto row = std::find(rows_.begin(), rows_.end(), question);
+  if (row != rows_.end())
+    removeRow(*row);
+}
+
+void MessageBar::addRow(Row* row) {
+  const auto oldest = std::find_if(rows_.begin(), rows_.end(), [](const Row* each) { return !each->isQuestion(); });
+  if (rows_.size() >= mostRows && oldest != rows_.end())
+    removeRow(*oldest);
   rows_.push_back(row);
   layout_->addWidget(row);
   show();

@@ -4,6 +4,7 @@
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/Appearance.h"
+#include "desktop/ui/ClosedPages.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCommands.h"
 #include "desktop/ui/FindBar.h"
@@ -27,6 +28,8 @@
 #include <QMessageBox>
 #include <QPointer>
 
+#include <algorithm>
+
 namespace desktop {
 
 void WindowCommands::newFile() {
@@ -47,6 +50,18 @@ void WindowCommands::save() {
 
 void WindowCommands::saveAs() {
   workspace_.files().saveAs(page());
+}
+
+void WindowCommands::saveAll() {
+  workspace_.files().saveAll();
+}
+
+void WindowCommands::revert() {
+  workspace_.files().revert(page());
+}
+
+void WindowCommands::reopenTab() {
+  workspace_.closedPages().reopen(window_);
 }
 
 void WindowCommands::close() {
@@ -214,6 +229,7 @@ void WindowCommands::follow() {
   connect(editor_, &QPlainTextEdit::redoAvailable, this, &WindowCommands::update);
   connect(editor_, &QPlainTextEdit::copyAvailable, this, &WindowCommands::update);
   connect(&workspace_, &Workspace::topWindowChanged, this, &WindowCommands::update);
+  connect(&workspace_.closedPages(), &ClosedPages::changed, this, &WindowCommands::update);
   connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &WindowCommands::update);
   connect(qApp, &QApplication::focusChanged, this, &WindowCommands::update);
   update();
@@ -228,6 +244,13 @@ void WindowCommands::update() {
 
   enable("FileSaveCommand", open && (shown->document()->isModified() || shown->document()->isUntitled()));
   enable("FileSaveAsCommand", open && shown->document()->holdsWholeFile());
+  const QList<TEditWindow*> windows = workspace_.windows();
+  enable("FileSaveAllCommand", std::ranges::any_of(windows, [](const TEditWindow* each) {
+           const QList<Page*> pages = each->pages();
+           return std::ranges::any_of(pages, [](const Page* one) { return one->document()->isModified(); });
+         }));
+  enable("FileRevertCommand", open && !shown->document()->isUntitled());
+  enable("FileReopenCommand", !workspace_.closedPages().isEmpty());
   enable("FileCloseCommand", open);
   enable("EditUndoCommand",
          line != nullptr ? line->isUndoAvailable() : writable && editor_->document()->isUndoAvailable());

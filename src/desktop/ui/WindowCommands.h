@@ -64,6 +64,9 @@ private:
   void open();
   void save();
   void saveAs();
+  void saveAll();
+  void revert();
+  void reopenTab();
   void close();
   void exit();
   void undo();

@@ -6,6 +6,7 @@
 #include "desktop/ui/Appearance.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/MainWindow.h"
+#include "desktop/ui/RecentMenu.h"
 #include "desktop/ui/Workspace.h"
 #include "platform/Actions.h"
 #include "platform/Application.h"
@@ -38,14 +39,23 @@ void WindowCommands::buildFileMenu() {
       Row{"FileNewWindowCommand", QT_TR_NOOP("New Edit &Window"), "Ctrl+Shift+N", "window-new",
           &WindowCommands::newWindow},
       Row{"FileOpenCommand", QT_TR_NOOP("&Open..."), "Ctrl+O", "document-open", &WindowCommands::open},
+  };
+  static constexpr std::array rest = {
+      Row{"FileReopenCommand", QT_TR_NOOP("Reopen Close&d Tab"), "Ctrl+Shift+T", "edit-undo",
+          &WindowCommands::reopenTab},
       Row{},
       Row{"FileSaveCommand", QT_TR_NOOP("&Save"), "Ctrl+S", "document-save", &WindowCommands::save},
       Row{"FileSaveAsCommand", QT_TR_NOOP("Save &As..."), "Ctrl+Shift+S", "document-save-as", &WindowCommands::saveAs},
+      Row{"FileSaveAllCommand", QT_TR_NOOP("Sa&ve All"), "Ctrl+Alt+S", "document-save-all", &WindowCommands::saveAll},
+      Row{"FileRevertCommand", QT_TR_NOOP("Rever&t..."), "F5", "document-revert", &WindowCommands::revert},
       Row{},
       Row{"FileCloseCommand", QT_TR_NOOP("&Close"), "Ctrl+W; Ctrl+F4", "document-close", &WindowCommands::close},
       Row{"FileExitCommand", QT_TR_NOOP("E&xit"), "Ctrl+Q", "application-exit", &WindowCommands::exit},
   };
-  addRows(addMenu("FileMenu", tr("&File")), rows);
+  QMenu* const menu = addMenu("FileMenu", tr("&File"));
+  addRows(menu, rows);
+  addRecentMenu(*menu, workspace_, *window_);
+  addRows(menu, rest);
 }
 
 void WindowCommands::buildEditMenu() {

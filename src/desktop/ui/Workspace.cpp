@@ -5,11 +5,13 @@
 #include "desktop/files/FileStore.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/Appearance.h"
+#include "desktop/ui/ClosedPages.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCommands.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/RecentFiles.h"
 #include "platform/Application.h"
 #include "platform/Debug.h"
 #include "platform/Hooks.h"
@@ -21,6 +23,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -40,7 +43,9 @@ void announceActivation(TEditWindow* window) {
 } // namespace
 
 Workspace::Workspace(QObject* parent)
-    : QObject(parent), files_(new FileCommands(*this)), appearance_(new Appearance(this)) {
+    : QObject(parent), files_(new FileCommands(*this)), appearance_(new Appearance(this)),
+      recentFiles_(new RecentFiles(*this)) {
+  closedPages_ = new ClosedPages(*this); // it looks at the windows, of which there are none yet
   addFrame();
   platform::Application().SetReporter([self = QPointer(this)](const QString& message, int count) {
     if (self)
@@ -88,7 +93,11 @@ MainWindow* Workspace::addFrame() {
   });
   connect(window, &TEditWindow::closeRequested, files_, &FileCommands::close);
   connect(window, &TEditWindow::closeOthersRequested, files_, &FileCommands::closeOthers);
-  connect(window, &TEditWindow::pageAdded, this, &Workspace::pageOpened);
+  connect(window, &TEditWindow::pageAdded, this, [this](Page* page) {
+    if (page->document()->isUntitled())
+      untitledNames_.insert(page->document()->fileName());
+    Q_EMIT pageOpened(page);
+  });
   Q_EMIT windowOpened(window);
   return frame;
 }
@@ -148,14 +157,19 @@ Page* Workspace::openFileIn(TEditWindow* window, const QString& path) {
     return nullptr;
   }
   lastFolder_ = QFileInfo(absolute).absolutePath();
-  const QList<Page*> before = window->pages();
-  Page* const page = window->addPage(std::move(loaded.document));
-  if (before.size() == 1 && isUntouched(*before.constFirst()))
-    window->closePage(before.constFirst());
+  Page* const page = addPage(window, std::move(loaded.document));
   if (page->document()->isReadOnlyText())
     window->messageBar()->addMessage(MessageBar::Kind::Information, page->document()->readOnlyReason());
   else if (page->document()->isPlain())
     window->messageBar()->addMessage(MessageBar::Kind::Information, page->document()->plainReason());
+  return page;
+}
+
+Page* Workspace::addPage(TEditWindow* window, std::unique_ptr<SourceDocument> document) {
+  const QList<Page*> before = window->pages();
+  Page* const page = window->addPage(std::move(document));
+  if (before.size() == 1 && isUntouched(*before.constFirst()))
+    window->closePage(before.constFirst());
   return page;
 }
 
@@ -168,7 +182,9 @@ void Workspace::showPage(Page* page) {
 
 Page* Workspace::newFileIn(TEditWindow* window) {
   return window->addPage(
-      newDocument(currentFolder(), [this](const QString& path) { return findPage(path) != nullptr; }));
+      newDocument(currentFolder(), [this](const QString& path) {
+        return untitledNames_.contains(path) || findPage(path) != nullptr;
+      }));
 }
 
 TEditWindow* Workspace::newWindow() {

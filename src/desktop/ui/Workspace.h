@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QObject>
+#include <QSet>
 #include <QString>
 
 #include <memory>
@@ -13,10 +14,13 @@
 namespace desktop {
 
 class Appearance;
+class ClosedPages;
 class FileCommands;
 class MainWindow;
 class PackageList;
 class Page;
+class RecentFiles;
+class SourceDocument;
 class TEditWindow;
 
 // All that is open: the editor windows, each in its frame, and their pages.
@@ -48,7 +52,10 @@ public:
   // the file.
   Page* openFile(const QString& path) { return openFileIn(topWindow(), path); }
   Page* openFileIn(TEditWindow* window, const QString& path);
-  // An empty page with a made-up name.
+  // Shows `document` on a new page of `window`, in place of a single page that nobody has written on.
+  Page* addPage(TEditWindow* window, std::unique_ptr<SourceDocument> document);
+  // An empty page with a made-up name, which no untitled page has had before: whoever knows a page by its name must not
+  // take another for it.
   Page* newFile() { return newFileIn(topWindow()); }
   Page* newFileIn(TEditWindow* window);
   // Shows a further editor window with an empty page.
@@ -68,6 +75,9 @@ public:
 
   FileCommands& files() const { return *files_; }
   Appearance& appearance() const { return *appearance_; }
+  // In memory only until it is given its file.
+  RecentFiles& recentFiles() const { return *recentFiles_; }
+  ClosedPages& closedPages() const { return *closedPages_; }
 
   // The packages that the user may load and unload, or null, as at first. Not owned.
   PackageList* packages() const { return packages_; }
@@ -94,12 +104,15 @@ private:
 
   FileCommands* files_;
   Appearance* appearance_;
+  RecentFiles* recentFiles_;
+  ClosedPages* closedPages_ = nullptr;
   PackageList* packages_ = nullptr;
   SearchPath searchPath_;
   std::vector<std::unique_ptr<MainWindow>> frames_; // in the order of their creation; the main form first
   QList<TEditWindow*> activationOrder_;             // the top window first
   int nextWindowNumber_ = 0;
   QString lastFolder_;
+  QSet<QString> untitledNames_; // of all untitled pages so far
 };
 
 } // namespace desktop

@@ -228,5 +228,65 @@ TEST_F(FileCommandsTest, OpensTheFilesThatAreChosen) {
   EXPECT_EQ(editor()->toPlainText(), QStringLiteral("chosen"));
 }
 
+TEST_F(FileCommandsTest, SaveAllSavesEveryModifiedPageOfEveryWindow) {
+  openText(QStringLiteral("a.pas"), "a");
+  type(QStringLiteral("x"));
+  openText(QStringLiteral("b.pas"), "b");
+  TEditWindow* const other = workspace.newWindow();
+  Page* const c = workspace.openFileIn(other, write(QStringLiteral("c.pas"), "c"));
+  other->editor()->textCursor().insertText(QStringLiteral("z"));
+  QAction* const command = action(QStringLiteral("FileSaveAllCommand"));
+  activate(window());
+  ASSERT_TRUE(command->isEnabled());
+  command->trigger();
+  EXPECT_EQ(read(QStringLiteral("a.pas")), "xa");
+  EXPECT_EQ(read(QStringLiteral("b.pas")), "b");
+  EXPECT_EQ(read(QStringLiteral("c.pas")), "zc");
+  EXPECT_FALSE(c->document()->isModified());
+}
+
+TEST_F(FileCommandsTest, SaveAllStopsWhenNoNameIsChosen) {
+  workspace.newFile();
+  type(QStringLiteral("x"));
+  openText(QStringLiteral("a.pas"), "a");
+  type(QStringLiteral("x"));
+  const FileDialogAnswer answer(cancel);
+  EXPECT_FALSE(files().saveAll());
+  EXPECT_EQ(read(QStringLiteral("a.pas")), "a");
+}
+
+TEST_F(FileCommandsTest, RevertBringsTheFileBackAfterAskingAndCanBeUndone) {
+  Page* const page = openText(QStringLiteral("a.pas"), "file");
+  type(QStringLiteral("my "));
+  {
+    const MessageBoxAnswer answer(clicking(QStringLiteral("Cancel")));
+    EXPECT_FALSE(files().revert(page));
+  }
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("my file"));
+  {
+    const MessageBoxAnswer answer(clicking(QStringLiteral("Revert")));
+    action(QStringLiteral("FileRevertCommand"))->trigger();
+  }
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("file"));
+  EXPECT_FALSE(page->document()->isModified());
+  editor()->undo();
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("my file"));
+}
+
+TEST_F(FileCommandsTest, RevertOfAnUneditedPageReadsItsFileWithoutAsking) {
+  Page* const page = openText(QStringLiteral("a.pas"), "old");
+  write(QStringLiteral("a.pas"), "new");
+  EXPECT_TRUE(files().revert(page));
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("new"));
+}
+
+TEST_F(FileCommandsTest, RevertToAFileThatIsGoneSaysSoAndKeepsTheText) {
+  Page* const page = openText(QStringLiteral("a.pas"), "text");
+  ASSERT_TRUE(QFile::remove(path(QStringLiteral("a.pas"))));
+  EXPECT_FALSE(files().revert(page));
+  EXPECT_TRUE(messages().join(u'\n').contains(path(QStringLiteral("a.pas"))));
+  EXPECT_EQ(editor()->toPlainText(), QStringLiteral("text"));
+}
+
 } // namespace
 } // namespace desktop

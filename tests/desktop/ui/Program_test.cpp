@@ -100,6 +100,15 @@ TEST_F(ProgramTest, TheCaretOptionMovesTheCaret) {
   EXPECT_NE(QImage(path(QStringLiteral("out.png"))), atStart);
 }
 
+TEST_F(ProgramTest, NumbersBehindAFilesNameMoveTheCaretThere) {
+  const QString source = writeSource();
+  ASSERT_EQ(run(screenshot({QStringLiteral("--caret"), QStringLiteral("3:4"), source})).code, 0);
+  const QImage wanted(path(QStringLiteral("out.png")));
+  const Outcome outcome = run(screenshot({source + QStringLiteral(":3:4")}));
+  ASSERT_EQ(outcome.code, 0) << outcome.error.toStdString();
+  EXPECT_EQ(QImage(path(QStringLiteral("out.png"))), wanted);
+}
+
 TEST_F(ProgramTest, AMissingFileIsNamedOnStandardErrorWithCode2) {
   const QString missing = path(QStringLiteral("missing.pas"));
   const Outcome outcome = run(screenshot({missing}));

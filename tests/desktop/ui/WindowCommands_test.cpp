@@ -49,8 +49,10 @@ TEST_F(WindowCommandsTest, MenusStandInTheirUsualOrder) {
 TEST_F(WindowCommandsTest, FileMenuHoldsItsCommands) {
   EXPECT_EQ(texts(menu(QStringLiteral("FileMenu"))->actions()),
             (QStringList{QStringLiteral("&New"), QStringLiteral("New Edit &Window"), QStringLiteral("&Open..."),
-                         QStringLiteral("-"), QStringLiteral("&Save"), QStringLiteral("Save &As..."),
-                         QStringLiteral("-"), QStringLiteral("&Close"), QStringLiteral("E&xit")}));
+                         QStringLiteral("Open &Recent"), QStringLiteral("Reopen Close&d Tab"), QStringLiteral("-"),
+                         QStringLiteral("&Save"), QStringLiteral("Save &As..."), QStringLiteral("Sa&ve All"),
+                         QStringLiteral("Rever&t..."), QStringLiteral("-"), QStringLiteral("&Close"),
+                         QStringLiteral("E&xit")}));
 }
 
 TEST_F(WindowCommandsTest, EditMenuHoldsItsCommands) {

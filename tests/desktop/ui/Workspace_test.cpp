@@ -223,5 +223,22 @@ TEST_F(WorkspaceTest, FilesDroppedOnTheTextAreOpened) {
   EXPECT_EQ(editor()->toPlainText(), QStringLiteral("dropped"));
 }
 
+TEST_F(WorkspaceTest, EveryFileOfADropOnTheWindowIsOpenedAndNothingElse) {
+  TEditWindow* const other = workspace.newWindow();
+  MainWindow* const target = workspace.frameOf(other);
+  QMimeData data;
+  data.setUrls({QUrl::fromLocalFile(write(QStringLiteral("a.pas"), "a")),
+                QUrl(QStringLiteral("https://example.org/x.pas")),
+                QUrl::fromLocalFile(write(QStringLiteral("b.pas"), "b"))});
+  QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QCoreApplication::sendEvent(target, &enter);
+  QDropEvent drop(QPointF(5, 5), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
+  QCoreApplication::sendEvent(target, &drop);
+  ASSERT_EQ(other->pages().size(), 2) << "in the window that they were dropped on";
+  EXPECT_EQ(other->pages()[0]->title(), QStringLiteral("a.pas"));
+  EXPECT_EQ(other->pages()[1]->title(), QStringLiteral("b.pas"));
+  EXPECT_EQ(drop.dropAction(), Qt::CopyAction) << "nobody may remove the files";
+}
+
 } // namespace
 } // namespace desktop
