@@ -11,6 +11,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextOption>
 
 #include <algorithm>
 
@@ -106,6 +107,7 @@ void TEditControl::showDocument(QTextDocument* document, Colouring colouring) {
   shown.documentLayout()->setPaintDevice(viewport_);
   setCursorWidth(0);
   setTabStopDistance(tabWidth_ * cellSize().width());
+  applyBlanks();
   setViewportMargins(gutterWidth_, 0, 0, 0);
 
   highlighter_ = colouring == Colouring::Pascal ? &PascalHighlighter::of(shown) : nullptr;
@@ -204,6 +206,23 @@ void TEditControl::applyFormats() {
 void TEditControl::setTabWidth(int cells) {
   tabWidth_ = std::max(cells, 1);
   setTabStopDistance(tabWidth_ * cellSize().width());
+  requestPaint();
+}
+
+void TEditControl::setShowsBlanks(bool show) {
+  showsBlanks_ = show;
+  applyBlanks();
+}
+
+// Documents that go from control to control keep the option, so it is set in every case.
+void TEditControl::applyBlanks() {
+  QTextOption option = document()->defaultTextOption();
+  QTextOption::Flags flags = option.flags();
+  flags.setFlag(QTextOption::ShowTabsAndSpaces, showsBlanks_);
+  if (flags == option.flags())
+    return;
+  option.setFlags(flags);
+  document()->setDefaultTextOption(option);
   requestPaint();
 }
 

@@ -114,6 +114,12 @@ public:
   // The distance of the stops to which tab characters reach, in cells; 8 at first, at least 1.
   int tabWidth() const { return tabWidth_; }
   void setTabWidth(int cells);
+  // A line behind this column, which lies over the picture as the frames do; 0, as at first, for none.
+  int rightMargin() const { return rightMargin_; }
+  void setRightMargin(int column);
+  // Whether blanks and tabs are drawn; not at first.
+  bool showsBlanks() const { return showsBlanks_; }
+  void setShowsBlanks(bool show);
   // By how many cells Tab, Shift+Tab and block indentation go, 2 at first, at least 1; and what Tab puts in.
   int indentWidth() const { return indentWidth_; }
   void setIndentWidth(int cells);
@@ -191,6 +197,8 @@ Q_SIGNALS:
   // Both from 1, the column with tabs expanded.
   void caretMoved(int row, int column);
   void insertModeChanged(bool insert);
+  // The wheel was turned with Ctrl, by so many steps; positive is for larger text.
+  void zoomWanted(int steps);
 
 protected:
   bool event(QEvent* event) override;
@@ -222,6 +230,7 @@ private:
   void announceKey(QKeyEvent& event);
   void sendCharacters(const QString& text, QEvent& event);
   void sendScroll(Qt::Orientation orientation);
+  void turnZoom(QWheelEvent& event);
   void applyKey(QKeyEvent& event);
   bool unindentCaret();
   template <class TEdit> void editLines(TEdit&& edit); // EditControlCommands.cpp
@@ -240,6 +249,7 @@ private:
   void paintCaret(QPainter& painter) const;
   void findFrames();
   void paintFrames(QPainter& painter) const;
+  void paintMargin(QPainter& painter) const;
   bool surfaceFits() const;
   void fitSurface();
   QSize clientSize() const;
@@ -252,6 +262,7 @@ private:
   void applyFont();
   void applyFormats();
   void adoptDocument(QTextDocument& document);
+  void applyBlanks();
   void placeGutter();
   void alignHorizontalRange(int minimum, int maximum);
   void alignHorizontalValue(int value);
@@ -284,6 +295,8 @@ private:
   int gutterWidth_ = 30;
   int tabWidth_ = 8;
   int indentWidth_ = 2;
+  int rightMargin_ = 0;
+  bool showsBlanks_ = false;
   TabInsertion tabInsertion_ = TabInsertion::Blanks;
   bool insertMode_ = true;
   int searchBegin_ = 0;
@@ -306,6 +319,7 @@ private:
   bool aligning_ = false;     // the horizontal range is being aligned
   int paintingHolds_ = 0;     // how often painting is held back
   int leftPixel_ = 0;         // the last aligned horizontal scroll position
+  int zoomTurn_ = 0;          // how far the wheel has been turned towards the next step of zoom
   QEvent* wheel_ = nullptr;   // the wheel event being handled
 };
 

@@ -168,13 +168,24 @@ void TEditControl::mouseDoubleClickEvent(QMouseEvent* event) {
     QPlainTextEdit::mouseDoubleClickEvent(event);
 }
 
-// With Ctrl the wheel would change the font of a read-only text behind the control's back.
+// Qt's own zoom would change the font of a read-only text behind the control's back.
 void TEditControl::wheelEvent(QWheelEvent* event) {
   if (event->modifiers() & Qt::ControlModifier)
-    return event->ignore();
+    return turnZoom(*event);
   wheel_ = event;
   QPlainTextEdit::wheelEvent(event);
   wheel_ = nullptr;
+}
+
+// Fine wheels and touch pads tell of parts of a step.
+void TEditControl::turnZoom(QWheelEvent& event) {
+  constexpr int step = QWheelEvent::DefaultDeltasPerStep;
+  zoomTurn_ += event.angleDelta().y();
+  const int steps = zoomTurn_ / step;
+  zoomTurn_ %= step;
+  event.accept();
+  if (steps != 0)
+    Q_EMIT zoomWanted(steps);
 }
 
 // The scroll bar has decided on a position but not yet taken it; the default procedure makes it do so. When the message

@@ -119,6 +119,7 @@ void TEditControl::paintEvent(QPaintEvent* event) {
     copyOnly_ -= region;
   QPainter painter(viewport_);
   painter.drawImage(-gutterWidth_, 0, surface_);
+  paintMargin(painter);
   paintFrames(painter);
   paintCaret(painter);
 }
@@ -220,6 +221,17 @@ void TEditControl::findFrames() {
         frames_.append(QRect(left, qRound(area.top()), right - left, cellSize().height()));
     }
   }
+}
+
+void TEditControl::setRightMargin(int column) {
+  rightMargin_ = std::max(column, 0);
+  requestPaint();
+}
+
+void TEditControl::paintMargin(QPainter& painter) const {
+  const int x = (rightMargin_ - leftColumn() + 1) * cellSize().width();
+  if (rightMargin_ > 0 && x >= 0)
+    painter.fillRect(QRect(x, 0, 1, viewport_->height()), scheme_.gutterLine);
 }
 
 void TEditControl::paintFrames(QPainter& painter) const {

@@ -13,6 +13,8 @@ namespace desktop {
 
 namespace {
 
+constexpr int rightMargin = 80; // columns, as wide as sources have long been written
+
 bool isDarkPalette(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
@@ -108,9 +110,21 @@ void Appearance::resetFontPoints() {
   setFontPoints(usualPoints_);
 }
 
+void Appearance::setShowsBlanks(bool show) {
+  if (std::exchange(showsBlanks_, show) != show)
+    Q_EMIT changed();
+}
+
+void Appearance::setShowsRightMargin(bool show) {
+  if (std::exchange(showsRightMargin_, show) != show)
+    Q_EMIT changed();
+}
+
 void Appearance::applyTo(TEditControl& editor) const {
   editor.setColorScheme(isDark() ? darkScheme() : lightScheme());
   editor.setEditorFont(fontFamily_, fontPoints_);
+  editor.setShowsBlanks(showsBlanks_);
+  editor.setRightMargin(showsRightMargin_ ? rightMargin : 0);
 }
 
 } // namespace desktop

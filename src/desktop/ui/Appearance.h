@@ -36,7 +36,13 @@ public:
   void setFontPoints(int points);
   void resetFontPoints();
 
-  // Gives `editor` the scheme and the font of the moment.
+  // Whether blanks and tabs are drawn, and a line behind the column that a line of source should not go beyond.
+  bool showsBlanks() const { return showsBlanks_; }
+  void setShowsBlanks(bool show);
+  bool showsRightMargin() const { return showsRightMargin_; }
+  void setShowsRightMargin(bool show);
+
+  // Gives `editor` the scheme, the font and what is shown at the moment.
   void applyTo(TEditControl& editor) const;
 
 Q_SIGNALS:
@@ -51,6 +57,8 @@ private:
   QString fontFamily_;
   int usualPoints_;
   int fontPoints_;
+  bool showsBlanks_ = false;
+  bool showsRightMargin_ = false;
 };
 
 } // namespace desktop

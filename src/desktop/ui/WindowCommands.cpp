@@ -162,12 +162,16 @@ void WindowCommands::goToLine() {
   editor->setFocus(Qt::OtherFocusReason);
 }
 
+void WindowCommands::zoom(int steps) {
+  workspace_.appearance().setFontPoints(workspace_.appearance().fontPoints() + steps);
+}
+
 void WindowCommands::largerText() {
-  workspace_.appearance().setFontPoints(workspace_.appearance().fontPoints() + 1);
+  zoom(1);
 }
 
 void WindowCommands::smallerText() {
-  workspace_.appearance().setFontPoints(workspace_.appearance().fontPoints() - 1);
+  zoom(-1);
 }
 
 void WindowCommands::usualText() {
@@ -223,6 +227,7 @@ QLineEdit* WindowCommands::focusedLine() const {
 }
 
 void WindowCommands::follow() {
+  connect(editor_, &TEditControl::zoomWanted, this, &WindowCommands::zoom);
   connect(window_, &TEditWindow::currentPageChanged, this, &WindowCommands::update);
   connect(window_, &TEditWindow::pageChanged, this, &WindowCommands::update);
   connect(editor_, &QPlainTextEdit::undoAvailable, this, &WindowCommands::update);

@@ -50,6 +50,7 @@ private:
   void buildSearchMenu();
   void buildViewMenu();
   void addColours(QMenu* menu);
+  void addToggles(QMenu* menu);
   void buildComponentMenu();
   void buildToolsMenu();
   void mirrorTools(QMenu* menu);
@@ -89,6 +90,7 @@ private:
   void findPreviousWord();
   void replace();
   void goToLine();
+  void zoom(int steps);
   void largerText();
   void smallerText();
   void usualText();

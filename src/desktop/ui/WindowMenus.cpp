@@ -139,6 +139,7 @@ void WindowCommands::buildViewMenu() {
   };
   QMenu* const menu = addMenu("ViewMenu", tr("&View"));
   addColours(menu->addMenu(tr("&Colours")));
+  addToggles(menu);
   addRows(menu, rows);
 }
 
@@ -167,6 +168,34 @@ void WindowCommands::addColours(QMenu* menu) {
             [&appearance, &choice] { appearance.setColours(choice.colours); });
     connect(&appearance, &Appearance::changed, action,
             [action, &appearance, &choice] { action->setChecked(appearance.colours() == choice.colours); });
+  }
+}
+
+void WindowCommands::addToggles(QMenu* menu) {
+  struct Toggle {
+    const char* name;
+    const char* text;
+    const char* shortcut;
+    bool (Appearance::*isOn)() const;
+    void (Appearance::*set)(bool);
+  };
+  static constexpr std::array toggles = {
+      Toggle{"ViewBlanksCommand", QT_TR_NOOP("Show &Blanks"), "Ctrl+Alt+B", &Appearance::showsBlanks,
+             &Appearance::setShowsBlanks},
+      Toggle{"ViewRightMarginCommand", QT_TR_NOOP("Show Right &Margin"), "Ctrl+Alt+M", &Appearance::showsRightMargin,
+             &Appearance::setShowsRightMargin},
+  };
+  Appearance& appearance = workspace_.appearance();
+  for (const Toggle& toggle : toggles) {
+    auto* const action = new QAction(tr(toggle.text), frame_);
+    action->setObjectName(QLatin1StringView(toggle.name));
+    action->setShortcut(QKeySequence(QLatin1StringView(toggle.shortcut)));
+    action->setCheckable(true);
+    action->setChecked((appearance.*toggle.isOn)());
+    menu->addAction(action);
+    connect(action, &QAction::toggled, &appearance, toggle.set);
+    connect(&appearance, &Appearance::changed, action,
+            [action, &appearance, &toggle] { action->setChecked((appearance.*toggle.isOn)()); });
   }
 }
 

@@ -238,6 +238,21 @@ TEST_F(EditControlMessages, KeepTheCellsWhenTheWheelIsTurnedWithCtrlOverAReadOnl
   EXPECT_EQ(control.font(), before);
 }
 
+TEST_F(EditControlMessages, AskForZoomByWholeStepsOfTheWheelWithCtrl) {
+  show(QStringLiteral("x\n").repeated(300));
+  std::vector<int> wanted;
+  QObject::connect(&control, &TEditControl::zoomWanted, [&wanted](int steps) { wanted.push_back(steps); });
+  turnWheel(*control.viewport(), 2, Qt::ControlModifier);
+  turnWheel(*control.viewport(), -1, Qt::ControlModifier);
+  for (int part = 0; part < 3; ++part) {
+    const QPointF place(20, 20);
+    QWheelEvent wheel(place, place, {}, QPoint(0, 40), Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(control.viewport(), &wheel);
+  }
+  EXPECT_EQ(wanted, (std::vector{2, -1, 1}));
+  EXPECT_EQ(control.topLine(), 1);
+}
+
 TEST_F(EditControlMessages, DoNotScrollWhenTheProcedureKeepsTheMessage) {
   show(QStringLiteral("x\n").repeated(300));
   MessageRecorder recorder(control);

@@ -363,5 +363,40 @@ TEST_F(EditControlPaint, ShowsTheCaretOnTheScreenButNotInThePicture) {
   EXPECT_FALSE(has(control.grab().toImage(), Qt::magenta)) << "without focus there is no caret";
 }
 
+TEST_F(EditControlPaint, TheRightMarginLiesOverThePicture) {
+  show(QStringLiteral("x"));
+  const QImage before = control.picture();
+  control.setRightMargin(20);
+  support::settle();
+  const int x = control.gutterWidth() + 20 * control.cellSize().width();
+  const QImage screen = control.grab().toImage();
+  EXPECT_EQ(screen.pixelColor(x, 50), control.colorScheme().gutterLine);
+  EXPECT_EQ(screen.pixelColor(x - 1, 50), control.colorScheme().ground);
+  EXPECT_EQ(control.picture(), before);
+  control.setRightMargin(0);
+  support::settle();
+  EXPECT_EQ(control.grab().toImage().pixelColor(x, 50), control.colorScheme().ground);
+}
+
+TEST_F(EditControlPaint, BlanksAreDrawnInEveryDocumentWhileTheyAreToBeShown) {
+  show(QStringLiteral("    \t|"));
+  const QImage without = control.picture();
+  control.setShowsBlanks(true);
+  support::settle();
+  const QImage with = control.picture();
+  EXPECT_NE(with, without);
+  PlainDocument other(QStringLiteral("    \t|"));
+  control.showDocument(&other);
+  support::settle();
+  EXPECT_EQ(control.picture(), with);
+  control.setShowsBlanks(false);
+  support::settle();
+  EXPECT_EQ(control.picture(), without);
+  control.showDocument(&document);
+  support::settle();
+  EXPECT_EQ(control.picture(), without);
+  control.showDocument(nullptr);
+}
+
 } // namespace
 } // namespace desktop

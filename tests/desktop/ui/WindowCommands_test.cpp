@@ -488,5 +488,30 @@ TEST_F(WindowCommandsTest, TextNeverGetsTooSmallToRead) {
   EXPECT_EQ(editor()->editorFontPoints(), 6);
 }
 
+TEST_F(WindowCommandsTest, TheWheelWithCtrlZoomsTheTextOfAllWindows) {
+  TEditWindow* const other = workspace.newWindow();
+  const int usual = editor()->editorFontPoints();
+  Q_EMIT editor()->zoomWanted(3);
+  EXPECT_EQ(other->editor()->editorFontPoints(), usual + 3);
+  trigger("ViewUsualTextCommand");
+  EXPECT_EQ(editor()->editorFontPoints(), usual);
+}
+
+TEST_F(WindowCommandsTest, BlanksAndTheRightMarginAreShownInAllWindowsAlike) {
+  TEditWindow* const other = workspace.newWindow();
+  trigger("ViewBlanksCommand");
+  trigger("ViewRightMarginCommand");
+  for (const TEditWindow* const each : {window(), other, workspace.newWindow()}) {
+    EXPECT_TRUE(each->editor()->showsBlanks());
+    EXPECT_EQ(each->editor()->rightMargin(), 80);
+  }
+  auto* const others =
+      qobject_cast<QAction*>(platform::FindComponent(*workspace.frameOf(other), QStringLiteral("ViewBlanksCommand")));
+  EXPECT_TRUE(others->isChecked());
+  others->trigger();
+  EXPECT_FALSE(editor()->showsBlanks());
+  EXPECT_FALSE(action(QStringLiteral("ViewBlanksCommand"))->isChecked());
+}
+
 } // namespace
 } // namespace desktop
