@@ -57,7 +57,7 @@ std::optional<Replacement> replacementAt(const QTextCursor& selection, const Tex
 std::optional<std::vector<Replacement>> collectReplacements(const QTextDocument& document, const TextMatcher& matcher,
                                                             const SearchRange& range, const QString& with,
                                                             const GoOn& goOn) {
-  constexpr int linesBetweenCalls = 1024;
+  constexpr int linesBetweenCalls = 64; // few, since a pattern can take long for a line
   std::vector<Replacement> replacements;
   const QTextBlock last = document.findBlock(range.end(document));
   int lines = 0;

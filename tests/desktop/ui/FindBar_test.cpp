@@ -4,6 +4,8 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QProgressDialog>
+#include <QTextBlock>
 #include <QToolButton>
 
 namespace desktop {
@@ -223,6 +225,32 @@ TEST_F(ReplaceBarTest, ReplacesAllAsOneStepAndTellsHowMany) {
   EXPECT_EQ(bar().message(), QStringLiteral("2 replaced"));
   editor()->undo();
   EXPECT_EQ(text(), "one Two\none two\nthree\n");
+}
+
+TEST_F(ReplaceBarTest, ReplacesAHundredThousandMatchesOfAPascalFile) {
+  openText(QStringLiteral("b.pas"), QByteArray("  x := x + 1; // ;\n").repeated(50'000));
+  openWith(QStringLiteral("x"), QStringLiteral("total"));
+  click("ReplaceAllButton");
+  EXPECT_EQ(bar().message(), QStringLiteral("%L1 replaced").arg(100'000));
+  EXPECT_EQ(editor()->document()->lastBlock().previous().text(), QStringLiteral("  total := total + 1; // ;"));
+  editor()->undo();
+  EXPECT_EQ(editor()->document()->firstBlock().text(), QStringLiteral("  x := x + 1; // ;"));
+  EXPECT_FALSE(editor()->document()->isUndoAvailable());
+}
+
+TEST_F(ReplaceBarTest, LookingForVeryLongCanBeStoppedAndHasChangedNothing) {
+  // The pattern tries every way to part a line of x without a digit behind it.
+  const QByteArray quick = QByteArray("xx1\n").repeated(200);
+  const QByteArray slow = (QByteArray("x").repeated(19) + '\n').repeated(5'000);
+  openText(QStringLiteral("b.txt"), quick + slow);
+  openWith(QString(), QStringLiteral("y"));
+  option("RegularExpression").setChecked(true);
+  typeText(QStringLiteral("(x+x+)+\\d"));
+  const support::ModalAnswer<QProgressDialog> answer(
+      [](QProgressDialog& dialog) { support::clickButton(dialog, QStringLiteral("Stop")); });
+  click("ReplaceAllButton");
+  EXPECT_EQ(bar().message(), QStringLiteral("Stopped, nothing was replaced"));
+  EXPECT_FALSE(editor()->document()->isModified());
 }
 
 TEST_F(ReplaceBarTest, HeedsCaseWholeWordsAndPatterns) {
