@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include <charconv>
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -51,6 +52,8 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   CommandLine line;
   bool noPackage = false;
   bool noSplash = false;
+  bool noSession = false;
+  double recoverySeconds = std::chrono::duration<double>(line.recoveryInterval).count();
   app.add_option("FILE", files, "Files to open; FILE:LINE or FILE:LINE:COLUMN puts the caret there");
   CLI::Option* const picture =
       app.add_option("--screenshot", screenshot,
@@ -71,6 +74,12 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
                                    ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
   app.add_flag("--no-package", noPackage, "Load no package")->excludes(package);
   app.add_flag("--no-splash", noSplash, "Start without the picture that packages greet with");
+  app.add_flag("--no-session", noSession, "Neither open what was open last time nor remember what is open");
+  const double longest = recoverySeconds;
+  app.add_option("--recovery-interval", recoverySeconds, "Keep unsaved text for the case of a crash so often")
+      ->type_name("SECONDS")
+      ->capture_default_str()
+      ->check(CLI::Range(0.01, longest));
   try {
     app.parse(argc, argv);
     if (!screenshot.empty() && files.size() != 1)
@@ -87,6 +96,8 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
     line.caret = parseCaret(caret);
   line.loadPackages = !noPackage;
   line.showSplash = !noSplash;
+  line.keepSession = !noSession;
+  line.recoveryInterval = std::chrono::round<std::chrono::milliseconds>(std::chrono::duration<double>(recoverySeconds));
   return line;
 }
 

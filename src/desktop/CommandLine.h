@@ -3,10 +3,12 @@
 #pragma once
 
 #include "desktop/files/FileArgument.h"
+#include "desktop/ui/Recovery.h"
 
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <optional>
 
 namespace desktop {
@@ -19,6 +21,8 @@ struct CommandLine {
   QStringList packages; // in place of the editor's own add-in, if there are any
   bool loadPackages = true;
   bool showSplash = true;
+  bool keepSession = true; // open what was open, and write it down
+  std::chrono::milliseconds recoveryInterval = Recovery::usualInterval;
 };
 
 // Reads the arguments of main. When there is nothing more to do (help, version, an error) it has written what there is

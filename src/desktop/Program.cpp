@@ -18,6 +18,7 @@
 #include <QCoreApplication>
 #include <QStandardPaths>
 
+#include <chrono>
 #include <cstdio>
 
 namespace desktop {
@@ -33,7 +34,10 @@ int complain(const QString& reason) {
 
 } // namespace
 
-Program::Program(const CommandLine& commandLine) : commandLine_(commandLine), packages_(loader_) {
+Program::Program(const CommandLine& commandLine)
+    : commandLine_(commandLine), session_(workspace_, platform::StateFile(QStringLiteral("session.json"))),
+      recovery_(workspace_, platform::StateFile(QStringLiteral("recovery")), commandLine.recoveryInterval),
+      packages_(loader_) {
   platform::Application().SetProgramDirectory(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                                               QStringLiteral("/virelle/"));
   platform::Application().SetShowSplash(commandLine.showSplash && commandLine.screenshot.isEmpty());
@@ -53,12 +57,20 @@ Program::~Program() {
 int Program::edit() {
   // The first thing to be painted is the file, add-ins included.
   workspace_.recentFiles().open(platform::StateFile(QStringLiteral("recent-files.json")));
+  if (commandLine_.keepSession)
+    session_.restore();
   openFiles();
-  workspace_.frameOf(workspace_.topWindow())->show();
+  showFrames();
+  session_.restoreViews();
   placeCarets();
   for (const QString& reason : loadPackages())
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, reason);
-  return QCoreApplication::exec();
+  recovery_.offer();
+  const int code = QCoreApplication::exec();
+  // The pages are still there, and each unsaved one has been asked about.
+  session_.save();
+  recovery_.discard();
+  return code;
 }
 
 int Program::takeScreenshot() {
@@ -84,13 +96,20 @@ Page* Program::open(const QString& file) {
 }
 
 void Program::openFiles() {
-  for (const QString& file : commandLine_.files)
-    open(file);
-  const QList<Page*> pages = workspace_.topWindow()->pages();
-  if (pages.isEmpty())
+  Page* front = nullptr;
+  for (const QString& file : commandLine_.files) {
+    Page* const page = open(file);
+    front = front != nullptr ? front : page;
+  }
+  if (front != nullptr)
+    workspace_.showPage(front);
+  else if (workspace_.topWindow()->pages().isEmpty())
     workspace_.newFile();
-  else
-    workspace_.topWindow()->showPage(pages.constFirst());
+}
+
+void Program::showFrames() {
+  for (const TEditWindow* window : workspace_.windows())
+    workspace_.frameOf(window)->show();
 }
 
 // Once the windows have their sizes, so that the carets can be brought into sight.

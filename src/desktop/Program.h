@@ -5,6 +5,8 @@
 #include "desktop/ide/InstalledPackages.h"
 #include "desktop/ide/PackageLoader.h"
 #include "desktop/ui/DiskChanges.h"
+#include "desktop/ui/Recovery.h"
+#include "desktop/ui/Session.h"
 #include "desktop/ui/Workspace.h"
 
 #include <QStringList>
@@ -14,7 +16,8 @@
 
 namespace desktop {
 
-// One run of the editor: the workspace, the services for add-ins and the packages, from the first window to the last.
+// One run of the editor: the workspace, what brings its state back, the services for add-ins and the packages, from the
+// first window to the last.
 //
 // Packages are loaded when the first window and its files are there, so that they find them, and are taken out before
 // any window goes.
@@ -34,6 +37,7 @@ private:
   // Opens what the argument `file` names; null if that is not possible.
   Page* open(const QString& file);
   void openFiles();
+  void showFrames();
   void placeCarets();
   // Loads what the command line asks for. Returns why packages could not be loaded, one sentence each.
   QStringList loadPackages();
@@ -43,6 +47,8 @@ private:
   Workspace workspace_;
   DiskChanges diskChanges_{workspace_};
   std::vector<std::pair<Page*, CaretPlace>> carets_; // that have yet to be put into pages just opened
+  Session session_;
+  Recovery recovery_;
   PackageLoader loader_;
   InstalledPackages packages_;
 };

@@ -116,7 +116,7 @@ void DocumentFiller::checkText(std::u16string_view text) {
   auto expected = lines.begin();
   int number = 0;
   int wrong = 0; // the number of the first line that differs
-  document_.forEachLine([&](std::u16string_view line, TLineEnd end) {
+  document_.snapshot().forEachLine([&](std::u16string_view line, TLineEnd end) {
     ++number;
     if (wrong != 0)
       return;

@@ -47,7 +47,8 @@ bool writeAll(QIODevice& file, std::string_view bytes) {
 
 QString replaceFile(const QString& path, std::string_view bytes) {
   QSaveFile file(path);
-  if (!file.open(QIODevice::WriteOnly))
+  // Without a buffer: if the rest of it cannot be written when the file is committed, nobody hears of it.
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
     return file.errorString();
   if (!writeAll(file, bytes)) {
     QString reason = file.errorString();

@@ -2,13 +2,14 @@
 #include "desktop/files/SourceDocument.h"
 
 #include "desktop/files/LineEndFormat.h"
-#include "desktop/files/RawLines.h"
 #include "desktop/files/ServedCopy.h"
 
 #include <QPlainTextDocumentLayout>
 
 #include <cstddef>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace desktop {
 
@@ -56,16 +57,15 @@ TLineEnd SourceDocument::lineEndOf(const QTextBlock& block) const {
   return mixedLineEnds_ ? lineEndOfBreak(next.charFormat(), usualLineEnd_) : usualLineEnd_;
 }
 
-void SourceDocument::forEachLine(const LineVisitor& visit) const {
-  QTextBlock block = begin(); // followed only where the line ends differ, since that is slow
-  forEachRawLine(toRawText(), [&](std::u16string_view line, bool last) {
-    if (last)
-      visit(line, TLineEnd::None);
-    else if (!mixedLineEnds_)
-      visit(line, usualLineEnd_);
-    else
-      visit(line, lineEndOf(std::exchange(block, block.next())));
-  });
+// Blocks are followed only where the line ends differ, since that is slow.
+TextSnapshot SourceDocument::snapshot() const {
+  std::vector<TLineEnd> ends;
+  if (mixedLineEnds_) {
+    ends.reserve(static_cast<std::size_t>(blockCount()));
+    for (QTextBlock block = begin(); block.isValid(); block = block.next())
+      ends.push_back(lineEndOf(block));
+  }
+  return {toRawText(), usualLineEnd_, std::move(ends)};
 }
 
 std::shared_ptr<const std::string> SourceDocument::servedText() const {
@@ -78,16 +78,6 @@ std::size_t SourceDocument::servedLineStart(int line) const {
 
 int SourceDocument::lineOfServedPosition(std::size_t position) const {
   return served_->lineOfPosition(position);
-}
-
-std::u16string SourceDocument::text() const {
-  std::u16string text;
-  text.reserve(static_cast<std::size_t>(characterCount()) + static_cast<std::size_t>(blockCount()));
-  forEachLine([&](std::u16string_view line, TLineEnd end) {
-    text += line;
-    text += quorvane::LineEndText(end);
-  });
-  return text;
 }
 
 quorvane::TEncodedText SourceDocument::toBytes() const {

@@ -46,6 +46,13 @@ TEST_F(FailedSaveTest, KeepsFileAndTextWhenTheDiskIsFull) {
   expectFailure(*document, bytes, "File too large");
 }
 
+TEST_F(FailedSaveTest, KeepsASmallFileWhenTheDiskIsFull) {
+  const auto document = openBytes("unit a;");
+  type(*document, 0, 0, QStringLiteral("x"));
+  const support::FileSizeLimit limit(4);
+  expectFailure(*document, "unit a;", "File too large");
+}
+
 TEST_F(FailedSaveTest, KeepsFileAndTextOfAFileWithTwoNamesWhenTheDiskIsFull) {
   const std::string bytes(100'000, 'a');
   const auto document = openBytes(bytes);

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/Session.h"
+
+#include "desktop/files/FileWriter.h"
+#include "desktop/files/SourceDocument.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/MainWindow.h"
+#include "desktop/ui/MessageBar.h"
+#include "desktop/ui/Page.h"
+#include "desktop/ui/ViewState.h"
+#include "desktop/ui/Workspace.h"
+#include "platform/FileError.h"
+#include "platform/FileLock.h"
+
+#include <QDir>
+#include <QEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <chrono>
+
+namespace desktop {
+
+namespace {
+
+constexpr std::chrono::seconds writingDelay{3};
+constexpr qint64 mostBytes = 16 << 20; // of a file that this program can have written
+
+const auto windowsKey = QLatin1StringView("windows");
+const auto topKey = QLatin1StringView("top");
+const auto geometryKey = QLatin1StringView("geometry");
+const auto pagesKey = QLatin1StringView("pages");
+const auto currentKey = QLatin1StringView("current");
+const auto fileKey = QLatin1StringView("file");
+const auto viewKey = QLatin1StringView("view");
+
+QString fileOf(const QJsonValue& page) {
+  return page[fileKey].toString();
+}
+
+} // namespace
+
+Session::Session(Workspace& workspace, QString path) : workspace_(workspace), path_(std::move(path)) {
+  timer_.setObjectName(QStringLiteral("SessionTimer"));
+  timer_.setSingleShot(true);
+  timer_.setInterval(writingDelay);
+  connect(&timer_, &QTimer::timeout, this, &Session::save);
+}
+
+Session::~Session() = default;
+
+// Whether the session is this editor's.
+bool Session::begin() try {
+  if (path_.isEmpty() || !QDir().mkpath(QFileInfo(path_).absolutePath()))
+    return false;
+  lock_ = std::make_unique<platform::TFileLock>(path_ + QStringLiteral(".lock"), std::chrono::milliseconds(0));
+  return true;
+} catch (const platform::EFileError&) {
+  return false;
+}
+
+QJsonObject Session::read(QString& problem) const {
+  QFile file(path_);
+  if (!file.exists())
+    return {};
+  if (!file.open(QIODevice::ReadOnly)) {
+    problem = tr("The last session in %1 could not be read: %2.").arg(path_, file.errorString());
+    return {};
+  }
+  QJsonObject json = QJsonDocument::fromJson(file.read(mostBytes)).object();
+  if (!json[windowsKey].isArray())
+    problem = tr("The last session in %1 is damaged and was left out.").arg(path_);
+  return json;
+}
+
+void Session::restore() {
+  if (!begin())
+    return;
+  QString problem;
+  const QJsonObject json = read(problem);
+  const QJsonArray windows = json[windowsKey].toArray();
+  TEditWindow* const first = workspace_.windows().constFirst();
+  TEditWindow* free = first;
+  TEditWindow* top = nullptr;
+  for (qsizetype i = 0; i < windows.size(); ++i) {
+    if (!restoreWindow(windows[i].toObject(), free))
+      continue;
+    if (i == json[topKey].toInt())
+      top = workspace_.windows().constLast();
+    free = nullptr;
+  }
+  if (top != nullptr && top != first)
+    workspace_.showPage(top->currentPage());
+
+  MessageBar* const bar = first->messageBar();
+  if (!problem.isEmpty())
+    bar->addMessage(MessageBar::Kind::Warning, problem);
+  if (!missing_.isEmpty())
+    bar->addMessage(MessageBar::Kind::Information,
+                    tr("No longer there since the last session: %1.").arg(missing_.join(QStringLiteral(", "))));
+  for (TEditWindow* window : workspace_.windows())
+    follow(window);
+  connect(&workspace_, &Workspace::windowOpened, this, &Session::follow);
+  connect(&workspace_, &Workspace::topWindowChanged, this, &Session::noteChange);
+}
+
+// Restores one window, in `window` or, if that is null, in a further one. False if none of its files is there.
+bool Session::restoreWindow(const QJsonObject& json, TEditWindow* window) {
+  bool anyFile = false;
+  for (const QJsonValue page : json[pagesKey].toArray()) {
+    const bool exists = QFileInfo(fileOf(page)).isFile();
+    anyFile = anyFile || exists;
+    if (!exists && !fileOf(page).isEmpty())
+      missing_.append(fileOf(page));
+  }
+  if (window == nullptr && !anyFile)
+    return false;
+  if (window == nullptr)
+    window = workspace_.newWindow();
+  workspace_.frameOf(window)->restoreGeometry(
+      QByteArray::fromBase64(json[geometryKey].toString().toLatin1(), QByteArray::Base64Encoding));
+  restorePages(json, window);
+  return anyFile;
+}
+
+void Session::restorePages(const QJsonObject& json, TEditWindow* window) {
+  const QJsonArray pages = json[pagesKey].toArray();
+  Page* front = nullptr;
+  for (qsizetype i = 0; i < pages.size(); ++i) {
+    if (!QFileInfo(fileOf(pages[i])).isFile())
+      continue;
+    Page* const page = workspace_.openFileIn(window, fileOf(pages[i]));
+    if (page == nullptr || page->window() != window)
+      continue;
+    views_.emplace_back(page, editStateOf(pages[i][viewKey].toObject()));
+    if (i == json[currentKey].toInt())
+      front = page;
+  }
+  if (front != nullptr)
+    window->showPage(front);
+}
+
+void Session::restoreViews() {
+  for (const auto& [page, state] : std::exchange(views_, {})) {
+    if (page != nullptr)
+      page->setState(state);
+  }
+}
+
+void Session::follow(TEditWindow* window) {
+  connect(window, &TEditWindow::currentPageChanged, this, &Session::noteChange);
+  connect(window, &TEditWindow::pageAboutToClose, this, &Session::noteChange);
+  connect(window, &TEditWindow::pageChanged, this, &Session::noteChange);
+  connect(window->editor(), &TEditControl::caretMoved, this, &Session::noteChange);
+}
+
+void Session::noteChange() {
+  if (!timer_.isActive())
+    timer_.start();
+}
+
+void Session::save() {
+  if (lock_ == nullptr)
+    return;
+  timer_.stop();
+  QByteArray bytes = present();
+  if (bytes == written_)
+    return;
+  written_ = std::move(bytes);
+  // What fails now will be tried again, and there is nothing that the user could do about it.
+  tasks_.add([path = path_, contents = written_.toStdString()] { writeFile(path, contents); });
+}
+
+QByteArray Session::present() const {
+  QJsonArray windows;
+  int top = 0;
+  for (TEditWindow* window : workspace_.windows()) {
+    const bool isTop = window == workspace_.topWindow();
+    const QJsonObject json = present(window);
+    if (json[pagesKey].toArray().isEmpty() && !isTop)
+      continue;
+    if (isTop)
+      top = static_cast<int>(windows.size());
+    windows.append(json);
+  }
+  return QJsonDocument(QJsonObject{{windowsKey, windows}, {topKey, top}}).toJson();
+}
+
+QJsonObject Session::present(TEditWindow* window) const {
+  QJsonArray pages;
+  int current = 0;
+  for (const Page* page : window->pages()) {
+    if (page->document()->isUntitled())
+      continue;
+    if (page->isCurrent())
+      current = static_cast<int>(pages.size());
+    pages.append(QJsonObject{{fileKey, page->document()->fileName()}, {viewKey, toJson(page->state())}});
+  }
+  const QByteArray geometry = workspace_.frameOf(window)->saveGeometry().toBase64();
+  return {{geometryKey, QString::fromLatin1(geometry)}, {pagesKey, pages}, {currentKey, current}};
+}
+
+} // namespace desktop

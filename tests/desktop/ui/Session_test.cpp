@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/UiFixture.h"
+
+#include "desktop/ui/Session.h"
+
+#include <QFileInfo>
+
+#include <functional>
+#include <memory>
+
+namespace desktop {
+namespace {
+
+// One editor after the other, with one file for the session.
+class SessionTest : public testing::Test {
+protected:
+  // The editor of one run.
+  struct Run {
+    explicit Run(const QString& file) : session(workspace, file) {
+      session.restore();
+      if (workspace.topWindow()->pages().isEmpty())
+        workspace.newFile();
+      for (const TEditWindow* window : workspace.windows())
+        workspace.frameOf(window)->show();
+      session.restoreViews();
+    }
+    TEditWindow* window(qsizetype i = 0) const { return workspace.windows().at(i); }
+    QStringList titles(qsizetype i = 0) const {
+      QStringList titles;
+      for (const Page* page : window(i)->pages())
+        titles.append(page->title());
+      return titles;
+    }
+    QStringList messages() const { return window()->messageBar()->messages(); }
+
+    Workspace workspace;
+    Session session;
+  };
+
+  QString path(const QString& name) const { return folder_.filePath(name); }
+  QString file() const { return path(QStringLiteral("state/session.json")); }
+  QString write(const QString& name, const QByteArray& bytes) const {
+    QFile out(path(name));
+    EXPECT_TRUE(out.open(QIODevice::WriteOnly));
+    out.write(bytes);
+    return path(name);
+  }
+  QString source(const char* name, int lines = 200) const {
+    return write(QString::fromLatin1(name), QByteArray("line of some length\n").repeated(lines));
+  }
+  // Runs an editor, does `work`, and ends it in order.
+  void run(const std::function<void(Run&)>& work) const {
+    Run run(file());
+    work(run);
+    run.session.save();
+  }
+
+  QTemporaryDir folder_;
+};
+
+TEST_F(SessionTest, TheFirstRunHasNothingToRestore) {
+  run([](const Run& first) {
+    EXPECT_EQ(first.titles(), QStringList{QStringLiteral("Unit1.pas")});
+    EXPECT_EQ(first.messages(), QStringList());
+  });
+}
+
+TEST_F(SessionTest, TabsComeBackInTheirOrderWithTheSameOneInFront) {
+  run([this](Run& first) {
+    Page* const a = first.workspace.openFile(source("a.pas"));
+    first.workspace.openFile(source("b.pas"));
+    first.workspace.openFile(source("c.pas"));
+    first.window()->showPage(a);
+    first.workspace.openFile(source("d.pas"));
+    first.window()->showPage(first.window()->pages().at(2));
+  });
+  run([](const Run& second) {
+    EXPECT_EQ(second.titles(), (QStringList{QStringLiteral("a.pas"), QStringLiteral("d.pas"), QStringLiteral("b.pas"),
+                                            QStringLiteral("c.pas")}));
+    EXPECT_EQ(second.window()->currentPage()->title(), QStringLiteral("b.pas"));
+    EXPECT_FALSE(second.window()->currentPage()->document()->isModified());
+  });
+}
+
+TEST_F(SessionTest, EveryPageComesBackAsItWasShown) {
+  const auto place = [](TEditWindow* window, int line) {
+    window->editor()->setCaret(line + 3, 7);
+    window->editor()->setTopLine(line);
+  };
+  run([&](Run& first) {
+    first.workspace.openFile(source("a.pas"));
+    place(first.window(), 50);
+    first.workspace.openFile(source("b.pas"));
+    place(first.window(), 120);
+  });
+  run([](Run& second) {
+    TEditControl& editor = *second.window()->editor();
+    EXPECT_EQ(editor.caretRow(), 123);
+    EXPECT_EQ(editor.caretColumn(), 7);
+    EXPECT_EQ(editor.topLine(), 120);
+    second.window()->showPage(second.window()->pages().at(0));
+    EXPECT_EQ(editor.caretRow(), 53);
+    EXPECT_EQ(editor.topLine(), 50);
+  });
+}
+
+TEST_F(SessionTest, ASelectionComesBack) {
+  run([this](Run& first) {
+    Page* const page = first.workspace.openFile(source("a.pas"));
+    page->setState({9, 4, 0, 0});
+  });
+  run([](const Run& second) {
+    EXPECT_EQ(second.window()->editor()->textCursor().anchor(), 4);
+    EXPECT_EQ(second.window()->editor()->textCursor().position(), 9);
+  });
+}
+
+TEST_F(SessionTest, WindowsComeBackWithTheirFilesAndSizes) {
+  run([this](Run& first) {
+    first.workspace.openFile(source("a.pas"));
+    first.workspace.frameOf(first.window())->resize(640, 480);
+    TEditWindow* const second = first.workspace.newWindow();
+    first.workspace.openFileIn(second, source("b.pas"));
+    first.workspace.frameOf(second)->resize(500, 400);
+    first.workspace.showPage(first.window()->currentPage());
+  });
+  run([](const Run& second) {
+    ASSERT_EQ(second.workspace.windows().size(), 2);
+    EXPECT_EQ(second.titles(0), QStringList{QStringLiteral("a.pas")});
+    EXPECT_EQ(second.titles(1), QStringList{QStringLiteral("b.pas")});
+    EXPECT_EQ(second.workspace.frameOf(second.window(0))->size(), QSize(640, 480));
+    EXPECT_EQ(second.workspace.frameOf(second.window(1))->size(), QSize(500, 400));
+  });
+}
+
+TEST_F(SessionTest, FilesWithoutANameAreNotRemembered) {
+  run([this](Run& first) {
+    first.workspace.openFile(source("a.pas"));
+    first.workspace.newFile();
+  });
+  run([](const Run& second) { EXPECT_EQ(second.titles(), QStringList{QStringLiteral("a.pas")}); });
+}
+
+TEST_F(SessionTest, MissingFilesAreNamedOnceAndSkipped) {
+  run([this](Run& first) {
+    for (const char* name : {"a.pas", "b.pas", "c.pas"})
+      first.workspace.openFile(source(name));
+    first.workspace.openFileIn(first.workspace.newWindow(), source("d.pas"));
+  });
+  for (const char* name : {"a.pas", "c.pas", "d.pas"})
+    QFile::remove(path(QString::fromLatin1(name)));
+  run([this](const Run& second) {
+    EXPECT_EQ(second.workspace.windows().size(), 1);
+    EXPECT_EQ(second.titles(), QStringList{QStringLiteral("b.pas")});
+    ASSERT_EQ(second.messages().size(), 1);
+    for (const char* name : {"a.pas", "c.pas", "d.pas"})
+      EXPECT_TRUE(second.messages().constFirst().contains(path(QString::fromLatin1(name))));
+  });
+  run([](const Run& third) { EXPECT_EQ(third.messages(), QStringList()); });
+}
+
+TEST_F(SessionTest, ADamagedFileIsToldInOneLineAndReplaced) {
+  run([](const Run&) {});
+  for (const char* contents : {"", "{", "[]", "{\"windows\": 1}", "\xFF\xFE garbage"}) {
+    write(QStringLiteral("state/session.json"), contents);
+    run([this, contents](Run& second) {
+      EXPECT_EQ(second.titles(), QStringList{QStringLiteral("Unit1.pas")}) << contents;
+      ASSERT_EQ(second.messages().size(), 1) << contents;
+      EXPECT_FALSE(second.messages().constFirst().contains(u'\n'));
+      second.workspace.openFile(source("a.pas"));
+    });
+    run([](const Run& third) { EXPECT_EQ(third.titles(), QStringList{QStringLiteral("a.pas")}); });
+  }
+}
+
+TEST_F(SessionTest, NonsenseInTheFileDoesNoHarm) {
+  run([](const Run&) {});
+  write(QStringLiteral("state/session.json"),
+        "{\"windows\": [1, null, {\"pages\": 3, \"geometry\": \"%%%\"}, {\"pages\": [{\"file\": 7}, {\"file\": \"" +
+            source("a.pas").toUtf8() +
+            "\", \"view\": {\"caret\": 1e300, \"anchor\": -5, \"topLine\": 2000000000, \"leftCell\": \"x\"}}], "
+            "\"current\": -7}], \"top\": 99}");
+  run([](const Run& second) {
+    EXPECT_TRUE(second.titles().contains(QStringLiteral("a.pas")));
+    EXPECT_EQ(second.messages(), QStringList());
+  });
+}
+
+TEST_F(SessionTest, ASecondEditorNeitherTakesUpNorWritesTheSession) {
+  run([this](Run& first) {
+    first.workspace.openFile(source("a.pas"));
+    first.session.save();
+    run([this](Run& second) {
+      EXPECT_EQ(second.titles(), QStringList{QStringLiteral("Unit1.pas")});
+      second.workspace.openFile(source("b.pas"));
+    });
+  });
+  run([](const Run& third) { EXPECT_EQ(third.titles(), QStringList{QStringLiteral("a.pas")}); });
+}
+
+TEST_F(SessionTest, IsWrittenAWhileAfterAChangeToo) {
+  Run first(file());
+  first.workspace.openFile(source("a.pas"));
+  auto* const timer = first.session.findChild<QTimer*>(QStringLiteral("SessionTimer"));
+  ASSERT_NE(timer, nullptr);
+  EXPECT_TRUE(timer->isActive());
+  timer->start(0);
+  EXPECT_TRUE(support::waitUntil([this] { return QFileInfo::exists(file()); }));
+  EXPECT_FALSE(timer->isActive());
+  first.window()->editor()->setCaret(5, 1);
+  EXPECT_TRUE(timer->isActive());
+}
+
+TEST_F(SessionTest, WithoutAPlaceThereIsNoSession) {
+  Run nowhere((QString()));
+  nowhere.workspace.openFile(source("a.pas"));
+  nowhere.session.save();
+  EXPECT_EQ(nowhere.messages(), QStringList());
+}
+
+} // namespace
+} // namespace desktop
