@@ -35,19 +35,24 @@ std::uint8_t KeyAt(const TKeyRow& row, quint32 code) {
   return index < row.Keys.size() ? static_cast<std::uint8_t>(row.Keys[index]) : 0;
 }
 
-// Whether the key gives a letter of another script, so that its sign cannot say which virtual key it is.
-bool IsForeignLetter(int key) {
-  return key > 0xFF && key <= 0xFFFF && QChar(static_cast<char16_t>(key)).isLetter();
+bool IsLetter(int key) {
+  return key <= 0xFFFF && QChar(static_cast<char16_t>(key)).isLetter();
 }
 
-// The virtual key code, or 0 for a key that has none. Without Shift a digit is known by its sign alone: where the place
-// has another one, as on French keyboards, the digit needs Shift, and a shortcut without it would never fire.
+// Whether the key gives a letter of another script, so that its sign cannot say which virtual key it is.
+bool IsForeignLetter(int key) {
+  return key > 0xFF && IsLetter(key);
+}
+
+// The virtual key code, or 0 for a key that has none. A digit is known by its place only where that can be expected to
+// fire the shortcut: with Shift, and without a letter there. Ctrl+& of French keyboards is not Ctrl+1, and the key that
+// gives Hungarians their letter Ö is none of their digits.
 std::uint8_t VirtualKeyOf(const QKeyEvent& event) {
   if (const std::uint8_t key = platform::VirtualKey(event.key()))
     return key;
   const quint32 code = event.nativeScanCode();
-  const std::uint8_t digit = event.modifiers().testFlag(Qt::ShiftModifier) ? KeyAt(kDigits, code) : 0;
-  if (digit != 0)
+  const bool isSignAboveDigit = event.modifiers().testFlag(Qt::ShiftModifier) && !IsLetter(event.key());
+  if (const std::uint8_t digit = KeyAt(kDigits, code); digit != 0 && isSignAboveDigit)
     return digit;
   if (!IsForeignLetter(event.key()))
     return 0;
