@@ -2,6 +2,8 @@
 // Position markers in the real editor: their lines, their files, their commands, their numbers.
 #include "together/MarkerFixture.h"
 
+#include "desktop/files/FileStore.h"
+
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
@@ -96,8 +98,9 @@ TEST_F(Markers, FollowTheirLineWhileAnotherPageIsInFront) {
   EXPECT_EQ(page(), marked) << "its page comes to the front";
 }
 
-// What markers are expected to do, by the positions of an edit alone, which either inserts or removes. A marker whose
-// line an edit takes comes back with undo, unless it has met another one meanwhile: then both stay together.
+// What markers are expected to do, by the positions of an edit alone, which either inserts or removes. Steps of undo
+// are made of one or several edits. A marker whose line a step takes comes back with undo, unless it has met another
+// one meanwhile: then both stay together.
 class LineModel {
 public:
   struct Edit {
@@ -108,29 +111,58 @@ public:
 
   explicit LineModel(const QString& text) : text_(text) {}
 
-  void add(int row) {
+  void drop(int row) {
     rows_.push_back(row);
     lost_.emplace_back();
   }
   const std::vector<int>& rows() const { return rows_; }
   const QString& text() const { return text_; }
   bool canUndo() const { return !done_.empty(); }
-
-  void apply(const Edit& edit) {
-    const int end = edit.position + static_cast<int>(edit.removed.size());
-    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
-      if (takesLine(rows_[marker], edit.position, end))
-        lost_[marker].emplace_back(done_.size(), rows_[marker]);
-    }
-    change(edit);
-    done_.push_back(edit);
+  // The blanks with which the line of `position` begins, as far as they are before it.
+  QString indentationAt(int position) const {
+    const QString before = text_.first(position);
+    const QString line = before.sliced(before.lastIndexOf(u'\n') + 1);
+    const auto* const end = std::ranges::find_if(line, [](QChar character) { return character != u' '; });
+    return line.first(end - line.begin());
   }
 
-  Edit undo() {
-    const Edit edit = done_.back();
+  using Step = std::vector<Edit>;
+
+  void begin() {
+    done_.emplace_back();
+    before_ = rows_;
+  }
+  // Makes an edit of the step that was begun last.
+  void add(const Edit& edit) {
+    const int end = edit.position + static_cast<int>(edit.removed.size());
+    const std::size_t steps = done_.size() - 1;
+    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
+      auto& lost = lost_[marker];
+      if (takesLine(rows_[marker], edit.position, end) && (lost.empty() || lost.back().first != steps))
+        lost.emplace_back(steps, before_[marker]);
+    }
+    change(edit);
+    done_.back().push_back(edit);
+  }
+  void apply(const Edit& edit) {
+    begin();
+    add(edit);
+  }
+  // Makes an edit that goes on with the one before, with which it will be undone.
+  void goOn(const Edit& edit) {
+    change(edit);
+    Edit& last = done_.back().back();
+    last.inserted += edit.inserted;
+    last.removed = edit.position < last.position ? edit.removed + last.removed : last.removed + edit.removed;
+    last.position = std::min(edit.position, last.position);
+  }
+
+  Step undo() {
+    const Step step = done_.back();
     done_.pop_back();
     const std::vector<int> before = rows_;
-    change({edit.position, edit.inserted, edit.removed});
+    for (auto edit = step.rbegin(); edit != step.rend(); ++edit)
+      change({edit->position, edit->inserted, edit->removed});
     for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
       for (auto& lost = lost_[marker]; !lost.empty() && lost.back().first == done_.size(); lost.pop_back())
         rows_[marker] = lost.back().second;
@@ -141,7 +173,7 @@ public:
       row = std::min(row, rows_[marker]);
     }
     std::ranges::transform(before, rows_.begin(), [&together](int row) { return together.at(row); });
-    return edit;
+    return step;
   }
 
 private:
@@ -175,8 +207,9 @@ private:
 
   QString text_;
   std::vector<int> rows_;
-  std::vector<std::vector<std::pair<std::size_t, int>>> lost_; // of each marker: after how many edits, and its row then
-  std::vector<Edit> done_;
+  std::vector<std::vector<std::pair<std::size_t, int>>> lost_; // of each marker: after how many steps, and its row then
+  std::vector<Step> done_;
+  std::vector<int> before_; // the rows before the step that was begun last
 };
 
 TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
@@ -186,15 +219,63 @@ TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
   std::mt19937 random(4711);
   const auto upTo = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
   LineModel model(document.toPlainText());
+  const auto marked = services->GetTopView();
   for (int marker = 0; marker < 50; ++marker) {
     const int row = 1 + upTo(99);
     editor()->setCaret(row, 1 + upTo(5));
     stack().Push(services->GetTopView());
-    model.add(row);
+    model.drop(row);
   }
   ASSERT_NE(openText(QStringLiteral("other.pas"), "other\n"), nullptr) << "half of the edits happen behind this page";
 
-  std::vector<LineModel::Edit> undone;
+  // Types and takes characters at a random place. Qt makes one step of several key presses.
+  const auto pressKeys = [&] {
+    QTextCursor cursor(&document);
+    cursor.setPosition(upTo(static_cast<int>(model.text().size())));
+    const int key = upTo(2);
+    for (int presses = upTo(3); presses >= 0; --presses) {
+      const int at = cursor.position() - (key == 1 ? 1 : 0);
+      if (key != 0 && (at < 0 || at >= model.text().size()))
+        return;
+      const int steps = document.availableUndoSteps();
+      if (key == 0)
+        cursor.insertText(QStringLiteral("k"));
+      else if (key == 1)
+        cursor.deletePreviousChar();
+      else
+        cursor.deleteChar();
+      const LineModel::Edit edit =
+          key == 0 ? LineModel::Edit{at, {}, QStringLiteral("k")} : LineModel::Edit{at, model.text().mid(at, 1), {}};
+      document.availableUndoSteps() == steps ? model.goOn(edit) : model.apply(edit);
+    }
+  };
+  // Types and takes characters as an expansion does, as one step.
+  const auto typeGroup = [&] {
+    const auto buffer = marked->GetBuffer();
+    const auto position = marked->GetPosition();
+    position->Move(1 + upTo(document.blockCount() - 1), 1);
+    int at = document.findBlockByNumber(position->GetRow() - 1).position();
+    const auto group = buffer->BeginUndoGroup();
+    model.begin();
+    for (const char16_t character : {u'p', u'\r', u'q', u'~', u'~', u'~', u'~', u'\r'}) {
+      if (upTo(2) == 0)
+        continue;
+      if (character != u'~') {
+        position->InsertCharacter(character);
+        const QString typed = character == u'\r' ? u'\n' + model.indentationAt(at) : QString(QChar(character));
+        model.add({at, {}, typed});
+        at += static_cast<int>(typed.size());
+      } else if (at > 0) {
+        position->BackspaceDelete(1);
+        --at;
+        model.add({at, model.text().mid(at, 1), {}});
+      }
+    }
+    position->InsertCharacter(U'z'); // some edit there must be
+    model.add({at, {}, QStringLiteral("z")});
+  };
+
+  std::vector<LineModel::Step> undone;
   const QStringList pieces = {QStringLiteral("\n"),    QStringLiteral("a"),      QStringLiteral("\n\n"),
                               QStringLiteral("b\n"),   QStringLiteral("\nc"),    QStringLiteral("d\ne\n"),
                               QStringLiteral("  f\n"), QStringLiteral("\n  g h")};
@@ -205,10 +286,16 @@ TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
     if (kind == 0 && model.canUndo()) {
       document.undo();
       undone.push_back(model.undo());
-    } else if (kind == 1 && !undone.empty()) {
+    } else if (kind == 1 && !undone.empty() && undone.back().size() == 1) {
       document.redo();
-      model.apply(undone.back());
+      model.apply(undone.back().front());
       undone.pop_back();
+    } else if (kind == 2) {
+      pressKeys();
+      undone.clear();
+    } else if (kind == 3) {
+      typeGroup();
+      undone.clear();
     } else {
       const QString& text = model.text();
       const int size = static_cast<int>(text.size());
@@ -298,6 +385,74 @@ TEST_F(Markers, BeyondTheEndOfAFileThatHasBecomeShorterLeadToItsLastLine) {
   press(Qt::Key_Return); // the file is followed with a marker that has no line
   EXPECT_EQ(rowsOf(file), Rows{15});
   EXPECT_EQ(pickUp(), (Place{3, 1}));
+}
+
+TEST_F(Markers, OfAFileThatHasGrownTooLargeAreDroppedWhileItIsShown) {
+  openWithAddIn(twentyLines);
+  const QString file = page()->document()->fileName();
+  drop(10, 5);
+  closeFile();
+  write(QStringLiteral("unit.pas"), QByteArray(200'000, 'x'));
+  proxy().PickupMarker();
+  EXPECT_EQ(page()->document()->fileName(), file);
+  EXPECT_EQ(stack().Count(), 0);
+  EXPECT_TRUE(
+      messages().contains(QStringLiteral("The marker in %1 is gone, since the file is shown as plain text").arg(file)))
+      << messages().join(u'\n').toStdString();
+}
+
+TEST_F(Markers, OfADiscardedUntitledPageAreNotThoseOfTheNextOne) {
+  openWithAddIn(twentyLines);
+  Page* const untitled = workspace.newFile();
+  const QString name = untitled->document()->fileName();
+  support::settle();
+  QTest::keyClicks(editor(), QStringLiteral("a"));
+  proxy().DropMarker();
+  window()->closePage(untitled);
+  Page* const next = workspace.newFile();
+  support::settle();
+  EXPECT_NE(next->document()->fileName(), name);
+  EXPECT_EQ(rowsOf(next->document()->fileName()), Rows{});
+  EXPECT_EQ(rowsOf(name), Rows{1});
+}
+
+TEST_F(Markers, OfAPageThatGotItsNameWhileItWasClosedOpenTheFileThatWasSaved) {
+  openWithAddIn("other\n", "other.pas");
+  Page* const untitled = workspace.newFile();
+  support::settle();
+  QTest::keyClicks(editor(), QStringLiteral("abc"));
+  proxy().DropMarker();
+  const QString file = path(QStringLiteral("saved.pas"));
+  ASSERT_TRUE(desktop::save(*untitled->document(), file).ok()); // nothing is painted in between
+  window()->closePage(untitled);
+  support::settle();
+  EXPECT_EQ(pickUp(), (Place{1, 4}));
+  EXPECT_EQ(page()->document()->fileName(), file);
+}
+
+TEST_F(Markers, OfAClosedFileAreFollowedUnderAnotherNameThatLeadsToIt) {
+  openWithAddIn(twentyLines);
+  drop(10, 5);
+  closeFile();
+  const QString link = path(QStringLiteral("link.pas"));
+  ASSERT_TRUE(QFile::link(path(QStringLiteral("unit.pas")), link));
+  ASSERT_NE(workspace.openFile(link), nullptr);
+  support::settle();
+  putCaret(2, 1);
+  press(Qt::Key_Return);
+  EXPECT_EQ(rowsOf(link), Rows{11});
+  EXPECT_EQ(pickUp(), (Place{11, 5}));
+}
+
+// What was typed is gone, and the marker has followed it.
+TEST_F(Markers, KeepTheRowTheyHadWhenEditsWereDiscarded) {
+  openWithAddIn(twentyLines);
+  drop(10, 5);
+  putCaret(2, 1);
+  press(Qt::Key_Return);
+  closeFile(); // without saving
+  EXPECT_EQ(pickUp(), (Place{11, 5}));
+  EXPECT_EQ(editor()->toPlainText().toLatin1(), twentyLines);
 }
 
 TEST_F(Markers, InAnotherWindowBringItToTheFront) {

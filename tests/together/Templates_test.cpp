@@ -169,20 +169,59 @@ TEST_F(Templates, ThatNobodyKnowsLeaveTheKeyAsItIs) {
   EXPECT_EQ(text(), QStringLiteral("beg x"));
 }
 
-class LongTemplates : public Templates, public testing::WithParamInterface<const char*> {};
-INSTANTIATE_TEST_SUITE_P(Of, LongTemplates, testing::Values("x", "xxxxxxxxx\r", "\r"), [](const auto& piece) {
-  return std::string(piece.param == std::string("x") ? "OneLine" : piece.param[0] == 'x' ? "Lines" : "EmptyLines");
-});
+struct LongRow {
+  const char* name;
+  const char* piece;
+};
+
+class LongTemplates : public Templates, public testing::WithParamInterface<LongRow> {};
+INSTANTIATE_TEST_SUITE_P(Of, LongTemplates,
+                         testing::Values(LongRow{"OneLine", "x"}, LongRow{"Lines", "xxxxxxxxx\r"},
+                                         LongRow{"EmptyLines", "\r"}, LongRow{"Stops", "|"},
+                                         LongRow{"StopsOnOneLine", "xxxx|"}, LongRow{"Tabs", "\t"},
+                                         LongRow{"TakenCharacters", "x~"}, LongRow{"Pieces", "xxxxxxxxxxx~\t"}),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+// What a template of plain characters, tabs, stops and tildes gives in an empty file.
+QString typedText(const QString& pieces) {
+  QString text;
+  qsizetype lineStart = 0;
+  for (const QChar character : pieces) {
+    if (character == u'~')
+      text.chop(1);
+    else if (character == u'\t')
+      text.append(QString(2 - (text.size() - lineStart) % 2, u' '));
+    else if (character == u'\r')
+      lineStart = text.append(u'\n').size();
+    else if (character != u'|')
+      text.append(character);
+  }
+  return text;
+}
 
 TEST_P(LongTemplates, OfAHundredThousandCharactersExpandWholeAsOneStep) {
-  const QString piece = QString::fromLatin1(GetParam());
-  QString typed = piece.repeated(100'000 / piece.size());
-  define("long", typed + u'|');
+  const QString piece = QString::fromLatin1(GetParam().piece);
+  const QString pieces = piece.repeated(100'000 / piece.size());
+  define("long", pieces + u'|');
   openWithAddIn("");
   keys("long ");
-  EXPECT_TRUE(text() == typed.replace(u'\r', u'\n'));
+  EXPECT_TRUE(text() == typedText(pieces));
+  EXPECT_EQ(stack().Count(), pieces.count(u'|'));
   editor()->undo();
   EXPECT_EQ(text(), QStringLiteral("long"));
+}
+
+TEST_F(Templates, OfFiftyThousandLinesMayStopOnEachOne) {
+  define("long", QStringLiteral("|\r").repeated(50'000));
+  openWithAddIn("");
+  keys("long ");
+  EXPECT_TRUE(text() == QString(50'000, u'\n'));
+  EXPECT_EQ(stack().Count(), 49'999);
+  EXPECT_EQ(caret(), (Place{1, 1}));
+  QTest::keyClick(editor(), Qt::Key_Return);
+  support::settle();
+  proxy().PickupMarker();
+  EXPECT_EQ(caret(), (Place{3, 1}));
 }
 
 } // namespace
