@@ -34,6 +34,10 @@ QTextCursor caretOf(const Page& page) {
 }
 
 void putCaret(Page& page, const QTextCursor& caret, bool scrolls) {
+  if (scrolls && page.isCurrent()) { // scrolling back to where the page was would only cost time
+    page.window()->editor()->setTextCursor(caret);
+    return scrollToCaret(page);
+  }
   EditState state = page.state();
   state.caret = caret.position();
   state.anchor = caret.anchor();
