@@ -3,8 +3,6 @@
 
 #include <QTextBlock>
 
-#include <ranges>
-
 namespace desktop {
 
 namespace {
@@ -79,10 +77,10 @@ std::optional<std::vector<Replacement>> collectReplacements(const QTextDocument&
 void applyReplacements(QTextDocument& document, const std::vector<Replacement>& replacements) {
   QTextCursor cursor(&document);
   cursor.beginEditBlock();
-  for (const Replacement& each : std::views::reverse(replacements)) {
-    cursor.setPosition(each.position);
-    cursor.setPosition(each.position + each.length, QTextCursor::KeepAnchor);
-    cursor.insertText(each.text, cursor.charFormat()); // the format carries the line end of a break within the text
+  for (auto each = replacements.rbegin(); each != replacements.rend(); ++each) {
+    cursor.setPosition(each->position);
+    cursor.setPosition(each->position + each->length, QTextCursor::KeepAnchor);
+    cursor.insertText(each->text, cursor.charFormat()); // the format carries the line end of a break within the text
   }
   cursor.endEditBlock();
 }

@@ -7,6 +7,7 @@
 #include <QProgressDialog>
 #include <QTextBlock>
 #include <QToolButton>
+#include <QWindow>
 
 namespace desktop {
 namespace {
@@ -182,6 +183,24 @@ TEST_F(ReplaceBarTest, OnlyTheReplaceCommandShowsTheRow) {
   bar().close();
   trigger("SearchFindCommand");
   EXPECT_FALSE(replacement().isVisible());
+}
+
+TEST_F(ReplaceBarTest, TheSearchCommandsHaveTheirKeys) {
+  const auto pressInWindow = [this](int key, Qt::KeyboardModifiers modifiers) {
+    QKeyEvent down(QEvent::KeyPress, key, modifiers);
+    QCoreApplication::sendEvent(frame()->windowHandle(), &down);
+    support::settle();
+  };
+  for (const int key : {Qt::Key_H, Qt::Key_R}) {
+    pressInWindow(key, Qt::ControlModifier);
+    EXPECT_TRUE(replacement().isVisible()) << key;
+    bar().close();
+  }
+  editor()->setCaret(1, 1);
+  pressInWindow(Qt::Key_F3, Qt::ControlModifier);
+  EXPECT_EQ(selection(), std::pair(8, 11));
+  pressInWindow(Qt::Key_F3, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(selection(), std::pair(0, 3));
 }
 
 TEST_F(ReplaceBarTest, EnterReplacesTheMatchAndGoesToTheNext) {
