@@ -56,9 +56,9 @@ Program::~Program() {
 
 int Program::edit() {
   // The first thing to be painted is the file, add-ins included.
-  workspace_.recentFiles().open(platform::StateFile(QStringLiteral("recent-files.json")));
   if (commandLine_.keepSession)
     session_.restore();
+  workspace_.recentFiles().open(platform::StateFile(QStringLiteral("recent-files.json")));
   openFiles();
   showFrames();
   session_.restoreViews();

@@ -185,6 +185,19 @@ TEST_F(ProgramStart, TakesWhatStandsBehindThePackageForAFile) {
   EXPECT_EQ(line.files, QStringList{file_});
 }
 
+TEST_F(ProgramStart, OpensEveryFileAtItsPlaceAndShowsTheFirst) {
+  QFile other(folder_.filePath(QStringLiteral("b.pas")));
+  ASSERT_TRUE(other.open(QIODevice::WriteOnly));
+  ASSERT_EQ(other.write("1\n2\n3\n"), 6);
+  other.close();
+  edit(commandLine({other.fileName().toStdString() + ":2:2", "--no-session"}), [](const TEditWindow& window) {
+    ASSERT_EQ(window.pages().size(), 2);
+    EXPECT_EQ(window.currentPage()->title(), QStringLiteral("a.pas"));
+    EXPECT_EQ(window.pages()[1]->title(), QStringLiteral("b.pas"));
+    EXPECT_EQ(window.pages()[1]->state().caret, 3);
+  });
+}
+
 TEST_F(ProgramStart, ShowsTheSplash) {
   edit(commandLine({}), [](const TEditWindow&) { EXPECT_EQ(splashes().size(), 1); });
 }

@@ -63,6 +63,8 @@ RecentFiles::~RecentFiles() {
 
 void RecentFiles::open(const QString& fileName) {
   fileName_ = fileName;
+  files_.clear();
+  added_.clear();
   merge();
 }
 

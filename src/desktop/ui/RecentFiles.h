@@ -25,7 +25,8 @@ public:
   explicit RecentFiles(Workspace& workspace);
   ~RecentFiles() override;
 
-  // Keeps the list in the file at `fileName` from now on; an empty name is no place.
+  // Keeps the list in the file at `fileName` from now on; an empty name is no place. What was opened before does not
+  // count: it was open last time.
   void open(const QString& fileName);
 
   // At most `most` absolute paths; the files need not exist any more. What other editors have added is among them.

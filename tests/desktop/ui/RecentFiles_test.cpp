@@ -60,6 +60,13 @@ TEST_F(RecentFilesTest, TheListIsThereInTheNextRun) {
   EXPECT_EQ(next.recentFiles().files(), QStringList{path(QStringLiteral("a.pas"))});
 }
 
+TEST_F(RecentFilesTest, WhatWasOpenBeforeTheListIsReadDoesNotCount) {
+  openText(QStringLiteral("a.pas"), "a");
+  recent().open(listFile());
+  openText(QStringLiteral("b.pas"), "b");
+  EXPECT_EQ(names(), QStringList{QStringLiteral("b.pas")});
+}
+
 TEST_F(RecentFilesTest, EditorsThatRunAtOnceShareTheList) {
   Workspace other;
   recent().open(listFile());
