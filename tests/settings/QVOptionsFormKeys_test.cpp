@@ -166,6 +166,7 @@ TEST_P(QVOptionsFormTabs, LeadThroughThePageInReadingOrderAndRound) {
   expected << QStringLiteral("btnOK") << QStringLiteral("btnCancel") << Pages().focusProxy()->objectName();
 
   OpenAndCancel([&] {
+    ASSERT_TRUE(support::waitUntil([] { return QVOptionsForm->isActiveWindow(); }));
     const QWidget* const first = Focus(GetParam().Controls.front());
     ASSERT_EQ(Pages().currentIndex(), GetParam().Page);
     QStringList names;
