@@ -65,7 +65,8 @@ TEST_F(ProgramTest, TellsItsOptionsWithoutADisplay) {
   const Outcome outcome = run({QStringLiteral("--help")});
   EXPECT_EQ(outcome.code, 0);
   for (const char* option :
-       {"--screenshot", "--caret", "--scale", "--package", "--no-package", "--no-splash", "--version", "FILE"})
+       {"--screenshot", "--caret", "--scale", "--package", "--no-package", "--no-splash", "--no-session",
+        "--recovery-interval", "--version", "FILE"})
     EXPECT_TRUE(outcome.output.contains(QString::fromLatin1(option))) << option;
   EXPECT_TRUE(outcome.error.isEmpty()) << outcome.error.toStdString();
 }
@@ -143,6 +144,12 @@ TEST_F(ProgramTest, KeepsTheSearchPathBesideTheUsersOtherSettings) {
   EXPECT_EQ(
       run(screenshot({writeSource()}), {{QStringLiteral("XDG_CONFIG_HOME"), path(QStringLiteral("config"))}}).code, 0);
   EXPECT_TRUE(QFile::exists(folder + QStringLiteral("/search-path.json.damaged")));
+}
+
+TEST_F(ProgramTest, TakingAPictureLeavesTheSessionAlone) {
+  const QString state = path(QStringLiteral("state"));
+  EXPECT_EQ(run(screenshot({writeSource()}), {{QStringLiteral("XDG_STATE_HOME"), state}}).code, 0);
+  EXPECT_FALSE(QFile::exists(state));
 }
 
 TEST_F(ProgramTest, WrongArgumentsAreToldWithCode2) {
