@@ -286,7 +286,7 @@ TEST_F(Markers, StandWhereAModelSaysAfterTenThousandRandomEdits) {
     if (kind == 0 && model.canUndo()) {
       document.undo();
       undone.push_back(model.undo());
-    } else if (kind == 1 && !undone.empty() && undone.back().size() == 1) {
+    } else if (kind == 1 && !undone.empty() && undone.back().size() == 1) { // of a group redo sees the sum alone
       document.redo();
       model.apply(undone.back().front());
       undone.pop_back();

@@ -27,7 +27,9 @@ struct LineMove {
 // empty. What an edit puts in front of that character moves the line down if it ends with a line end, so that the
 // character begins a line again; otherwise the line stays where its start is. When the character is gone the line is
 // the one in which its start has come to lie, until the edit that took the character is undone. Since the document's
-// own cursors mark both places, changes that it reports as one, as undo does, are followed exactly.
+// own cursors mark both places, changes that it reports as one, as undo does, are followed exactly. Only redo of a
+// group of edits sees their sum alone: a line of which one edit takes the first character then stays, though another
+// edit of the group may have put lines in front of what was left.
 //
 // Who is told of moves knows a line by its number alone, so lines that have come together stay together. What is added
 // to one line with one value again and again is kept as one: an edit takes time for each line that is tracked, however

@@ -396,7 +396,8 @@ private:
   std::vector<int> starts_; // before the step that was begun last
 };
 
-// Random edits of a model's text, made to the document as well.
+// Random edits of a model's text, made to the document as well. Groups of edits are undone, but never redone: the
+// tracked lines see the sum of a group then, not its edits.
 class RandomEdits {
 public:
   RandomEdits(SourceDocument& document, TrackedLines& lines, LineModel& model)
@@ -435,11 +436,10 @@ private:
     return below(2) == 0 ? model_.lineStart(place) : place; // where it matters most
   }
 
-  // An edit that changes something.
-  LineModel::Edit change() {
+  // An edit at `begin` that changes something.
+  LineModel::Edit change(int begin) {
     for (;;) {
       const std::string& text = model_.text();
-      const int begin = place();
       const int length = below(3) == 0 ? std::min(below(12), static_cast<int>(text.size()) - begin) : 0;
       LineModel::Edit edit{begin, text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(length)),
                            pieces_[static_cast<std::size_t>(below(static_cast<int>(pieces_.size())))]};
@@ -460,7 +460,7 @@ private:
   }
 
   void block() {
-    const LineModel::Edit edit = change();
+    const LineModel::Edit edit = change(place());
     make(edit);
     model_.apply(edit);
   }
@@ -470,11 +470,13 @@ private:
     QTextCursor cursor(&document_);
     cursor.beginEditBlock();
     model_.begin();
+    int at = place();
     for (int count = 2 + below(3); count > 0; --count) {
-      const LineModel::Edit edit = change();
+      const LineModel::Edit edit = change(at);
       make(edit);
       lines_.settle();
       model_.add(edit);
+      at = below(2) == 0 ? std::min(at, static_cast<int>(model_.text().size())) : place(); // often where it just was
     }
     cursor.endEditBlock();
   }
