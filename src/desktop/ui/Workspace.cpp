@@ -181,10 +181,9 @@ void Workspace::showPage(Page* page) {
 }
 
 Page* Workspace::newFileIn(TEditWindow* window) {
-  return window->addPage(
-      newDocument(currentFolder(), [this](const QString& path) {
-        return untitledNames_.contains(path) || findPage(path) != nullptr;
-      }));
+  return window->addPage(newDocument(currentFolder(), [this](const QString& path) {
+    return untitledNames_.contains(path) || findPage(path) != nullptr;
+  }));
 }
 
 TEditWindow* Workspace::newWindow() {
