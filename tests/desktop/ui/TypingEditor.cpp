@@ -5,6 +5,7 @@
 // y. Standard output tells what has happened, a line each: "saved N" and "kept N" when N characters are in the file or
 // in the recovery file; "typed N" when there are N characters in the text.
 #include "desktop/edit/EditControl.h"
+#include "desktop/files/RecoveryFolder.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCommands.h"
@@ -21,6 +22,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -38,6 +40,7 @@ public:
       : recovery_(workspace_, arguments.at(2), std::chrono::milliseconds(arguments.at(3).toInt())) {
     workspace_.openFile(arguments.at(1));
     workspace_.frameOf(workspace_.topWindow())->show();
+    discardOlderThanFile(arguments.at(2));
     recovery_.offer();
     for (QPushButton* button : workspace_.topWindow()->messageBar()->findChildren<QPushButton*>()) {
       if (button->text() == QStringLiteral("&Restore"))
@@ -57,6 +60,16 @@ public:
   }
 
 private:
+  // An editor that is killed between saving and removing what was kept before leaves less than is in the file. Its user
+  // sees that and takes the file.
+  void discardOlderThanFile(const QString& folder) const {
+    for (const OrphanedText& orphan : RecoveryFolder(folder).takeOrphans()) {
+      const std::optional<RecoveredText> recovered = orphan.read();
+      if (recovered && static_cast<qsizetype>(savedBytes(*recovered).Bytes.size()) <= length())
+        orphan.discard();
+    }
+  }
+
   TEditControl& editor() const { return *workspace_.topWindow()->editor(); }
   qsizetype length() const { return editor().document()->characterCount() - 1; }
 
