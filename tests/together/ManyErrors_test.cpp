@@ -3,6 +3,7 @@
 #include "together/LiveFixture.h"
 
 #include <QPlainTextEdit>
+#include <QScopeGuard>
 
 #include <vector>
 
@@ -20,6 +21,14 @@ protected:
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease})
       qt_handleKeyEvent(frame()->windowHandle(), type, key, Qt::NoModifier, text);
   }
+
+  // Whoever watches with what a test holds must not be called when the test is over; the thread stops only later.
+  auto quietAtTheEnd() {
+    return qScopeGuard([this] {
+      thread->onEnded = nullptr;
+      thread->onHop = nullptr;
+    });
+  }
 };
 
 class ManyErrorsCount : public ManyErrors, public testing::WithParamInterface<int> {};
@@ -28,6 +37,7 @@ INSTANTIATE_TEST_SUITE_P(Lines, ManyErrorsCount, testing::Values(300, 5000));
 TEST_P(ManyErrorsCount, TakeOneHopEachInACycleWithTheCaretStill) {
   openLive(faultyUnit(GetParam()));
   std::vector<int> perCycle;
+  const auto quiet = quietAtTheEnd();
   thread->onEnded = [this, &perCycle, before = 0]() mutable {
     perCycle.push_back(thread->hops - before);
     before = thread->hops;
@@ -45,6 +55,7 @@ TEST_F(ManyErrors, LetAKeyThroughBeforeTheNextButOne) {
   ASSERT_TRUE(runIntoUnderlining());
   int pressedAt = 0;
   int arrivedAt = 0;
+  const auto quiet = quietAtTheEnd();
   const QObject here;
   QObject::connect(editor(), &QPlainTextEdit::textChanged, &here, [&] { arrivedAt = thread->hops; });
   for (const QString& letter : {QStringLiteral("x"), QStringLiteral("y"), QStringLiteral("z")}) {
@@ -70,6 +81,7 @@ TEST_F(ManyErrors, ArePaintedWithTheTextBetweenHops) {
   int paintsBefore = 0;
   int askedAt = 0;
   int paintedAt = 0;
+  const auto quiet = quietAtTheEnd();
   thread->onHop = [&] {
     if (askedAt == 0) {
       askedAt = thread->hops;
@@ -87,6 +99,7 @@ TEST_F(ManyErrors, AreLeftInTheMiddleWhenTheThreadStops) {
   openLive(faultyUnit(5000));
   ASSERT_TRUE(runIntoUnderlining());
   int stoppedAt = 0;
+  const auto quiet = quietAtTheEnd();
   thread->onHop = [&, ended = thread->ended] {
     if (stoppedAt != 0 || thread->ended == ended)
       return;
