@@ -10,6 +10,7 @@
 #include "platform/Errors.h"
 #include "settings/model/QVOptions.h"
 #include "settings/model/QVOptionsStore.h"
+#include "settings/QVButtonPanel.h"
 #include "settings/QVOptionControls.h"
 #include "settings/QVOptionPages.h"
 #include "settings/QVOptionsRegistry.h"
@@ -21,7 +22,6 @@
 #include <QAbstractButton>
 #include <QEvent>
 #include <QGroupBox>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPushButton>
@@ -37,8 +37,6 @@ TQVOptionsForm* QVOptionsForm = nullptr;
 namespace {
 
 constexpr QSize kDesignedSize(520, 416); // with fonts of the usual size
-constexpr QSize kButtonSize(75, 25);
-constexpr int kBottomHeight = 37;
 
 // The lines that the assertions name. They are fixed and do not follow this file: intended.
 constexpr unsigned kNoMainForm = 293;
@@ -92,22 +90,8 @@ void TQVOptionsForm::BuildPages() {
 }
 
 QWidget* TQVOptionsForm::NewBottomPanel() {
-  auto* const panel = new QWidget(this);
+  auto* const panel = NewButtonPanel(*this, {"btnOK", "OK", mrOk}, {"btnCancel", "Cancel", mrCancel});
   panel->setObjectName(QStringLiteral("BottomPanel"));
-  panel->setMinimumHeight(kBottomHeight);
-  auto* const layout = new QHBoxLayout(panel);
-  layout->setContentsMargins(6, 6, 6, 6);
-  layout->addStretch();
-  const auto addButton = [&](const char* name, const QString& caption, TModalResult result) {
-    auto* const button = new QPushButton(caption, panel);
-    button->setObjectName(QLatin1StringView(name));
-    button->setMinimumSize(kButtonSize);
-    layout->addWidget(button);
-    connect(button, &QPushButton::clicked, this, [this, result] { done(result); });
-    return button;
-  };
-  addButton("btnOK", QStringLiteral("OK"), mrOk)->setDefault(true);
-  addButton("btnCancel", QStringLiteral("Cancel"), mrCancel);
   return panel;
 }
 

@@ -11,16 +11,15 @@
 #include "platform/Registry.h"
 #include "settings/model/QVOptionsStore.h"
 #include "settings/model/QVOptionTable.h"
+#include "settings/QVButtonPanel.h"
 #include "settings/QVShowModal.h"
 #include "settings/QVTemplateEditorFile.h"
 #include "settings/QVTemplateEditorList.h"
 
-#include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPlainTextEdit>
-#include <QPushButton>
 #include <QShortcut>
 #include <QSplitter>
 #include <QToolBar>
@@ -37,8 +36,6 @@ TQVTemplateEditorForm* QVTemplateEditorForm = nullptr;
 namespace {
 
 constexpr QSize kDesignedSize(531, 313);
-constexpr QSize kButtonSize(75, 25);
-constexpr int kBottomHeight = 37;
 constexpr int kListWidth = 153;
 constexpr int kImageSize = 16;
 
@@ -133,7 +130,7 @@ TQVTemplateEditorForm::TQVTemplateEditorForm() {
   layout->setSpacing(0);
   layout->addWidget(NewToolBar());
   layout->addWidget(NewEditor(), 1);
-  layout->addWidget(NewBottomPanel());
+  layout->addWidget(NewButtonPanel(*this, {"OKBtn", "OK", mrOk}, {"CancelBtn", "Cancel", mrCancel}));
   AddListKeys();
   resize(kDesignedSize);
   platform::Guarded([this] { FormCreate(); });
@@ -194,25 +191,6 @@ QWidget* TQVTemplateEditorForm::NewEditor() {
   splitter->setStretchFactor(1, 1);
   splitter->setSizes({kListWidth, kDesignedSize.width() - kListWidth - splitter->handleWidth()});
   return splitter;
-}
-
-QWidget* TQVTemplateEditorForm::NewBottomPanel() {
-  auto* const panel = new QWidget(this);
-  panel->setMinimumHeight(kBottomHeight);
-  auto* const layout = new QHBoxLayout(panel);
-  layout->setContentsMargins(6, 6, 6, 6);
-  layout->addStretch();
-  const auto addButton = [&](const char* name, const QString& caption, TModalResult result) {
-    auto* const button = new QPushButton(caption, panel);
-    button->setObjectName(QLatin1StringView(name));
-    button->setMinimumSize(kButtonSize);
-    layout->addWidget(button);
-    connect(button, &QPushButton::clicked, this, [this, result] { done(result); });
-    return button;
-  };
-  addButton("OKBtn", QStringLiteral("OK"), mrOk)->setDefault(true);
-  addButton("CancelBtn", QStringLiteral("Cancel"), mrCancel);
-  return panel;
 }
 
 void TQVTemplateEditorForm::AddListKeys() {

@@ -83,7 +83,6 @@ public:
 private:
   struct TFile;
 
-  QWidget* NewBottomPanel();
   QWidget* NewToolBar();
   QWidget* NewEditor();
   void AddListKeys();
