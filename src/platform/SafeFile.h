@@ -2,6 +2,7 @@
 // A file that several programs change and none may spoil.
 #pragma once
 
+#include "platform/Export.h"
 #include "platform/FileError.h"
 
 #include <QString>
@@ -20,7 +21,7 @@ namespace platform {
 // from a process that has ended in whatever way, so it is never left behind, and a "NAME.new" that was left behind is
 // nobody's and can be overwritten. Where a link leads to the file, NAME is the file's own, so all who share it agree on
 // its lock, and the link stays one. What is new may be read by the same people as the old. Any thread.
-class TSafeFile {
+class VIRELLE_PLATFORM TSafeFile {
 public:
   // What becomes of the file's bytes.
   using TChange = std::function<std::string(std::string_view bytes)>;
