@@ -79,7 +79,7 @@ private:
       return;
     }
     FSession.ReportFindings();
-    for (const TFinding& finding : result.Findings)
+    for (const TShownFinding& finding : result.Findings)
       FReport->Add(file, finding);
     if (result.LeftOut == 0)
       return;

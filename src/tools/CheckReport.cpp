@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "tools/CheckReport.h"
 
+#include "text/ShownText.h"
 #include "tools/Json.h"
 #include "tools/SarifReport.h"
-#include "tools/ShownText.h"
 
 namespace quorvane {
 namespace {
@@ -12,7 +12,7 @@ class TTextReport : public ICheckReport {
 public:
   explicit TTextReport(TOutput& output) : FOutput(output) {}
 
-  void Add(const std::string& file, const TFinding& finding) override {
+  void Add(const std::string& file, const TShownFinding& finding) override {
     FOutput.Line() += ShownName(file);
     FOutput.Line() += ':' + std::to_string(finding.Line) + ':' + std::to_string(finding.Column) + ": error: ";
     Write(ShownServed(finding.Message));
@@ -33,7 +33,7 @@ class TJsonReport : public ICheckReport {
 public:
   explicit TJsonReport(TOutput& output) : FOutput(output) {}
 
-  void Add(const std::string& file, const TFinding& finding) override {
+  void Add(const std::string& file, const TShownFinding& finding) override {
     {
       TJsonObject object(FOutput.Line());
       object.AddUtf8("file", file);

@@ -18,7 +18,7 @@ public:
   virtual ~ICheckReport() = default;
 
   virtual void Start() {}
-  virtual void Add(const std::string& file, const TFinding& finding) = 0;
+  virtual void Add(const std::string& file, const TShownFinding& finding) = 0;
 
   // What the check could not do, which stands on standard error too; without a file it is told of the whole run. With
   // trouble the check is no success.

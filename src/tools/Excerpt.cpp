@@ -2,8 +2,8 @@
 #include "tools/Excerpt.h"
 
 #include "text/ServedText.h"
+#include "text/ShownText.h"
 #include "text/Utf16.h"
-#include "tools/ShownText.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Json.h"
 
+#include "text/ShownText.h"
 #include "text/Utf8.h"
-#include "tools/ShownText.h"
 
 #include <array>
 #include <charconv>

@@ -2,9 +2,9 @@
 #include "tools/MessagesCommand.h"
 
 #include "analysis/QVPasInfo.h"
+#include "analysis/QVUnitParse.h"
 #include "tools/JsonLinesCommand.h"
 #include "tools/JsonMessage.h"
-#include "tools/UnitParse.h"
 
 #include <memory>
 #include <string>

@@ -2,9 +2,9 @@
 #include "tools/OutlineCommand.h"
 
 #include "analysis/QVPasInfo.h"
+#include "analysis/QVUnitParse.h"
 #include "tools/Input.h"
 #include "tools/OutlineText.h"
-#include "tools/UnitParse.h"
 
 #include <CLI/Error.hpp>
 #include <CLI/Validators.hpp>

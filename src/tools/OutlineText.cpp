@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/OutlineText.h"
 
+#include "text/ShownText.h"
 #include "tools/Json.h"
-#include "tools/ShownText.h"
 
 #include <cstddef>
 #include <cstdint>

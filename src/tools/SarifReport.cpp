@@ -108,7 +108,7 @@ void TSarifReport::Start() {
   FOutput.EndLine();
 }
 
-void TSarifReport::Add(const std::string& file, const TFinding& finding) {
+void TSarifReport::Add(const std::string& file, const TShownFinding& finding) {
   std::string& out = FOutput.Line();
   if (FHasResults)
     out += ',';

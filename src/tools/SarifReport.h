@@ -25,7 +25,7 @@ public:
   explicit TSarifReport(TOutput& output) : FOutput(output) {}
 
   void Start() override;
-  void Add(const std::string& file, const TFinding& finding) override;
+  void Add(const std::string& file, const TShownFinding& finding) override;
   void Note(const std::string& file, const std::string& text, bool isTrouble) override;
   void Finish() override;
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Session.h"
 
+#include "text/ShownText.h"
 #include "tools/Failure.h"
-#include "tools/ShownText.h"
 
 #include <iostream>
 

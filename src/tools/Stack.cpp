@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "tools/Stack.h"
 
-#include <cstddef>
+#include "analysis/QVUnitParse.h"
+
 #include <pthread.h>
 #include <thread>
 
@@ -9,11 +10,9 @@ namespace quorvane {
 namespace {
 
 void SetThreadStacks() {
-  // Four times what the deepest parse takes. Only what is used becomes memory.
-  constexpr std::size_t StackSize = std::size_t{32} * 1024 * 1024;
   pthread_attr_t attributes{};
   pthread_attr_init(&attributes);
-  pthread_attr_setstacksize(&attributes, StackSize);
+  pthread_attr_setstacksize(&attributes, ParseStackSize);
   pthread_setattr_default_np(&attributes);
   pthread_attr_destroy(&attributes);
 }

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // quorvane: the lexer and the parsers of the add-in on the command line. Each subcommand has a file of its own.
+#include "text/ShownText.h"
 #include "tools/BlocksCommand.h"
 #include "tools/CheckCommand.h"
 #include "tools/Failure.h"
 #include "tools/MessagesCommand.h"
 #include "tools/OutlineCommand.h"
 #include "tools/Session.h"
-#include "tools/ShownText.h"
 #include "tools/Stack.h"
 #include "tools/TokensCommand.h"
 

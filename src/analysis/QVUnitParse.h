@@ -5,12 +5,17 @@
 #include "analysis/QVPasInfo.h"
 #include "analysis/QVPasParser.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
 
 namespace quorvane {
+
+// What a thread needs for its stack, in bytes, so that a parse of any depth fits in: four times what the deepest takes.
+// Only what is used becomes memory.
+inline constexpr std::size_t ParseStackSize = std::size_t{32} * 1024 * 1024;
 
 // What the parser says of one wrong token.
 struct TSyntaxReport {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/UnitParse.h"
+#include "analysis/QVUnitParse.h"
 
 namespace quorvane {
 namespace {

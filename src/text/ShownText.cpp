@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "tools/ShownText.h"
+#include "text/ShownText.h"
 
 #include "text/Encoding.h"
 #include "text/Utf16.h"
