@@ -39,6 +39,7 @@ public:
   platform::TActionList* actionList() const { return actionList_; }
   FindBar* findBar() const { return findBar_; }
   MessageBar* messageBar() const { return messageBar_; }
+  StatusBar* statusBar() const { return statusBar_; }
 
   // All pages in the order of their tabs.
   QList<Page*> pages() const;

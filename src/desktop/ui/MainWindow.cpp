@@ -7,6 +7,7 @@
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCommands.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/ResultsPanel.h"
 #include "desktop/ui/WindowCommands.h"
 #include "desktop/ui/Workspace.h"
 #include "platform/Application.h"
@@ -26,6 +27,9 @@ MainWindow::MainWindow(Workspace& workspace, const QString& editWindowName) : wo
                                                            : QStringLiteral("Frame_") + editWindowName);
   editWindow_ = new TEditWindow(editWindowName, this);
   setCentralWidget(editWindow_);
+  resultsPanel_ = new ResultsPanel(workspace, editWindow_);
+  addDockWidget(Qt::BottomDockWidgetArea, resultsPanel_);
+  resultsPanel_->hide();
   commands_ = new WindowCommands(this, workspace);
   resize(1000, 700);
 

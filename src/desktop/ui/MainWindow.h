@@ -5,6 +5,7 @@
 
 namespace desktop {
 
+class ResultsPanel;
 class TEditWindow;
 class WindowCommands;
 class Workspace;
@@ -22,6 +23,8 @@ public:
   ~MainWindow() override;
 
   TEditWindow* editWindow() const { return editWindow_; }
+  // Below the editor window, closed at first.
+  ResultsPanel* resultsPanel() const { return resultsPanel_; }
 
 protected:
   void changeEvent(QEvent* event) override;
@@ -34,6 +37,7 @@ private:
 
   Workspace& workspace_;
   TEditWindow* editWindow_;
+  ResultsPanel* resultsPanel_;
   WindowCommands* commands_;
 };
 

@@ -80,10 +80,20 @@ StatusBar::StatusBar(TEditControl* editor, QWidget* parent) : QWidget(parent) {
 
 void StatusBar::showCaret(int row, int column) {
   position_->setText(tr("Line %1, Column %2").arg(row).arg(column));
+  showRemark(pageRemark_);
 }
 
 void StatusBar::showInsertMode(bool insert) {
   insert_->setText(insert ? tr("Insert") : tr("Overwrite"));
+}
+
+void StatusBar::showNote(const QString& text) {
+  showRemark(text);
+}
+
+void StatusBar::showRemark(const QString& text) {
+  remark_->setText(text);
+  remark_->setToolTip(text.isEmpty() ? QString() : text.toHtmlEscaped());
 }
 
 void StatusBar::showPage(const Page* page) {
@@ -92,15 +102,15 @@ void StatusBar::showPage(const Page* page) {
   position_->setVisible(page != nullptr);
   insert_->setVisible(page != nullptr);
   if (page == nullptr) {
+    pageRemark_.clear();
     for (QLabel* label : {modified_, remark_, encoding_, lineEnds_})
       label->clear();
     return;
   }
   const SourceDocument& document = *page->document();
   modified_->setText(document.isReadOnlyText() ? tr("Read only") : document.isModified() ? tr("Modified") : QString());
-  const QString remark = document.isReadOnlyText() ? document.readOnlyReason() : document.plainReason();
-  remark_->setText(remark);
-  remark_->setToolTip(remark);
+  pageRemark_ = document.isReadOnlyText() ? document.readOnlyReason() : document.plainReason();
+  showRemark(pageRemark_);
   encoding_->setText(document.encodingName());
   lineEnds_->setText(document.hasMixedLineEnds() ? tr("Mixed (%1)").arg(lineEndName(document.usualLineEnd()))
                                                  : lineEndName(document.usualLineEnd()));

@@ -21,10 +21,13 @@ public:
 
   // Shows what there is to say of `page`; null shows nothing.
   void showPage(const Page* page);
+  // Says `text` in place of what there is to say of the page, until the caret moves or there is news of the page.
+  void showNote(const QString& text);
 
 private:
   void showCaret(int row, int column);
   void showInsertMode(bool insert);
+  void showRemark(const QString& text);
 
   QLabel* position_;
   QLabel* modified_;
@@ -32,6 +35,7 @@ private:
   QLabel* remark_;
   QLabel* encoding_;
   QLabel* lineEnds_;
+  QString pageRemark_; // what there is to say of the page
   bool pageShown_ = false;
 };
 

@@ -14,6 +14,9 @@
 #include "desktop/ui/ModalDialog.h"
 #include "desktop/ui/PackagesDialog.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/ResultList.h"
+#include "desktop/ui/ResultsPanel.h"
+#include "desktop/ui/ResultWalk.h"
 #include "desktop/ui/SearchPathDialog.h"
 #include "desktop/ui/Workspace.h"
 #include "platform/Application.h"
@@ -162,6 +165,18 @@ void WindowCommands::goToLine() {
   editor->setFocus(Qt::OtherFocusReason);
 }
 
+void WindowCommands::nextResult() {
+  workspace_.resultWalk().goToNext(window_);
+}
+
+void WindowCommands::previousResult() {
+  workspace_.resultWalk().goToPrevious(window_);
+}
+
+void WindowCommands::showResults() {
+  frame_->resultsPanel()->enter();
+}
+
 void WindowCommands::zoom(int steps) {
   workspace_.appearance().setFontPoints(workspace_.appearance().fontPoints() + steps);
 }
@@ -235,6 +250,8 @@ void WindowCommands::follow() {
   connect(editor_, &QPlainTextEdit::copyAvailable, this, &WindowCommands::update);
   connect(&workspace_, &Workspace::topWindowChanged, this, &WindowCommands::update);
   connect(&workspace_.closedPages(), &ClosedPages::changed, this, &WindowCommands::update);
+  connect(&workspace_.results(), &ResultList::rowsInserted, this, &WindowCommands::update);
+  connect(&workspace_.results(), &ResultList::modelReset, this, &WindowCommands::update);
   connect(QApplication::clipboard(), &QClipboard::dataChanged, this, &WindowCommands::update);
   connect(qApp, &QApplication::focusChanged, this, &WindowCommands::update);
   update();
@@ -274,6 +291,8 @@ void WindowCommands::update() {
         "EditDuplicateCommand", "EditMoveUpCommand", "EditMoveDownCommand"})
     enable(name, writable && line == nullptr);
   enable("SearchGoToCommand", open || workspace_.topPage() != nullptr);
+  for (const char* const name : {"SearchNextResultCommand", "SearchPreviousResultCommand"})
+    enable(name, workspace_.results().count() > 0);
   for (const char* const name : {"ViewNextTabCommand", "ViewPreviousTabCommand"})
     enable(name, window_->pages().size() > 1);
 }

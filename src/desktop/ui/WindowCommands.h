@@ -90,6 +90,9 @@ private:
   void findPreviousWord();
   void replace();
   void goToLine();
+  void nextResult();
+  void previousResult();
+  void showResults();
   void zoom(int steps);
   void largerText();
   void smallerText();

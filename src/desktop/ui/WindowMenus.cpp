@@ -98,6 +98,10 @@ void WindowCommands::buildSearchMenu() {
           &WindowCommands::replace},
       Row{},
       Row{"SearchGoToCommand", QT_TR_NOOP("&Go to Line Number..."), "Ctrl+G", "go-jump", &WindowCommands::goToLine},
+      Row{},
+      Row{"SearchNextResultCommand", QT_TR_NOOP("Ne&xt Result"), "F8", "", &WindowCommands::nextResult},
+      Row{"SearchPreviousResultCommand", QT_TR_NOOP("Previous Res&ult"), "Shift+F8", "",
+          &WindowCommands::previousResult},
   };
   QMenu* const menu = addMenu("SearchMenu", tr("&Search"));
   addRows(menu, rows);
@@ -136,6 +140,8 @@ void WindowCommands::buildViewMenu() {
       Row{"ViewNextTabCommand", QT_TR_NOOP("&Next Tab"), "Ctrl+Tab; Ctrl+PgDown", "go-next", &WindowCommands::nextTab},
       Row{"ViewPreviousTabCommand", QT_TR_NOOP("&Previous Tab"), "Ctrl+Shift+Tab; Ctrl+PgUp", "go-previous",
           &WindowCommands::previousTab},
+      Row{},
+      Row{"ViewResultsCommand", QT_TR_NOOP("&Results"), "Ctrl+Alt+R", "", &WindowCommands::showResults},
   };
   QMenu* const menu = addMenu("ViewMenu", tr("&View"));
   addColours(menu->addMenu(tr("&Colours")));

@@ -12,6 +12,8 @@
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/RecentFiles.h"
+#include "desktop/ui/ResultList.h"
+#include "desktop/ui/ResultWalk.h"
 #include "platform/Application.h"
 #include "platform/Debug.h"
 #include "platform/Hooks.h"
@@ -44,7 +46,8 @@ void announceActivation(TEditWindow* window) {
 
 Workspace::Workspace(QObject* parent)
     : QObject(parent), files_(new FileCommands(*this)), appearance_(new Appearance(this)),
-      recentFiles_(new RecentFiles(*this)) {
+      recentFiles_(new RecentFiles(*this)), results_(new ResultList(*this)),
+      resultWalk_(new ResultWalk(*this, *results_)) {
   closedPages_ = new ClosedPages(*this); // it looks at the windows, of which there are none yet
   addFrame();
   platform::Application().SetReporter([self = QPointer(this)](const QString& message, int count) {

@@ -20,6 +20,8 @@ class MainWindow;
 class PackageList;
 class Page;
 class RecentFiles;
+class ResultList;
+class ResultWalk;
 class SourceDocument;
 class TEditWindow;
 
@@ -78,6 +80,9 @@ public:
   // In memory only until it is given its file.
   RecentFiles& recentFiles() const { return *recentFiles_; }
   ClosedPages& closedPages() const { return *closedPages_; }
+  // What the last check or search has found, and the way from one place to the next.
+  ResultList& results() const { return *results_; }
+  ResultWalk& resultWalk() const { return *resultWalk_; }
 
   // The packages that the user may load and unload, or null, as at first. Not owned.
   PackageList* packages() const { return packages_; }
@@ -105,6 +110,8 @@ private:
   FileCommands* files_;
   Appearance* appearance_;
   RecentFiles* recentFiles_;
+  ResultList* results_;
+  ResultWalk* resultWalk_;
   ClosedPages* closedPages_ = nullptr;
   PackageList* packages_ = nullptr;
   SearchPath searchPath_;
