@@ -4,6 +4,8 @@
 #include <QTextBlock>
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <limits>
 #include <set>
 #include <utility>
@@ -23,10 +25,29 @@ bool isReportedBefore(const LineMove& left, const LineMove& right) {
   return isDown(left) ? left.oldLine > right.oldLine : left.oldLine < right.oldLine;
 }
 
+// Drops the states that `isPassed` on the way to the one of `steps` undo steps, that one included, and returns the
+// number of the line in it, if it is known.
+template <class TPasts, class TPassed> std::optional<int> takenFrom(TPasts& pasts, int steps, TPassed isPassed) {
+  std::optional<int> number;
+  for (; !pasts.empty() && isPassed(pasts.back().steps, steps); pasts.pop_back()) {
+    if (pasts.back().steps == steps)
+      number = pasts.back().number;
+  }
+  return number;
+}
+
 } // namespace
 
+void TrackedLines::Line::forgetPast() {
+  formers.clear();
+  laters.clear();
+}
+
 TrackedLines::TrackedLines(QTextDocument& document, Report report)
-    : document_(document), report_(std::move(report)), steps_(document.availableUndoSteps()), settled_(state()) {
+    : document_(document), report_(std::move(report)), steps_(document.availableUndoSteps()), settled_(state()),
+      settledLines_(document.blockCount()) {
+  connect(&document_, &QTextDocument::undoCommandAdded, this, [this] { hasNewStep_ = true; });
+  connect(&document_, &QTextDocument::contentsChange, this, &TrackedLines::noteChange);
   connect(&document_, &QTextDocument::contentsChanged, this, &TrackedLines::finishEdit);
 }
 
@@ -43,7 +64,7 @@ void TrackedLines::add(int line, int data) {
   if (next != lines_.begin()) {
     Line& last = *std::prev(next);
     if (last.number == line && last.data == data && last.order == order - 1 && last.complete == complete &&
-        last.formers.empty()) {
+        last.formers.empty() && last.laters.empty()) {
       ++last.count;
       last.order = order;
       return;
@@ -67,33 +88,72 @@ void TrackedLines::remove(int index) {
     lines_.erase(removed);
 }
 
-void TrackedLines::finishEdit() {
-  settle();
-  steps_ = document_.availableUndoSteps();
-  for (Line& line : lines_)
-    line.complete = line.number;
+void TrackedLines::settle() {
+  moveLines(nullptr);
 }
 
-void TrackedLines::settle() {
+void TrackedLines::noteChange(int position, int /*removed*/, int added) {
+  const Stretch all{0, std::numeric_limits<int>::max()};
+  changed_ = changed_ ? all : Stretch{position, position + added};
+}
+
+void TrackedLines::finishEdit() {
+  const EditBlock block{turnOfLastBlock(), document_.availableUndoSteps(), changedLines()};
+  moveLines(&block);
+  for (Line& line : lines_) {
+    if (block.turn == Turn::Edit)
+      line.laters.clear();
+    else if (block.turn == Turn::Anew)
+      line.forgetPast();
+    line.complete = line.number;
+  }
+  steps_ = block.steps;
+  hasNewStep_ = false;
+  changed_.reset();
+}
+
+// Only an edit makes a step of undo. Some edits go on with the last step, so that their number stays.
+TrackedLines::Turn TrackedLines::turnOfLastBlock() const {
+  const int steps = document_.availableUndoSteps();
+  if (steps < steps_)
+    return !hasNewStep_ && document_.isRedoAvailable() ? Turn::Undo : Turn::Anew;
+  return hasNewStep_ || steps == steps_ ? Turn::Edit : Turn::Redo;
+}
+
+// All lines if it is not known where the last edit block was.
+TrackedLines::Stretch TrackedLines::changedLines() const {
+  const int end = document_.characterCount() - 1;
+  const Stretch places = changed_.value_or(Stretch{0, end});
+  return {document_.findBlock(std::min(places.first, end)).blockNumber(),
+          document_.findBlock(std::min(places.last, end)).blockNumber()};
+}
+
+// Moves every line to where it is now, after the edit block `block` or inside one that is still open. What is not in
+// the changed stretch of the text needs no look: it moves with its neighbours.
+void TrackedLines::moveLines(const EditBlock* block) {
   settled_ = state();
+  const int inserted = document_.blockCount() - std::exchange(settledLines_, document_.blockCount());
+  const Stretch changed = block ? block->changed : Stretch{0, document_.blockCount() - 1};
   std::vector<LineMove> moves;
   int highest = 0; // no line overtakes another
   bool haveMet = false;
   for (auto first = lines_.begin(); first != lines_.end();) {
     const int number = first->number;
     const auto next = std::find_if(first, lines_.end(), [number](const Line& line) { return line.number != number; });
-    int target = std::numeric_limits<int>::max(); // those on one line stay together
-    for (auto line = first; line != next; ++line)
-      target = std::min(target, follow(*line, settled_.steps));
+    const bool isNear = number >= changed.first && number <= changed.last - inserted;
+    const int target = isNear ? targetOf(first, next, block) : number < changed.first ? number : number + inserted;
     haveMet |= first != lines_.begin() && highest >= target;
     highest = std::max(target, highest);
 
     std::set<int> reported;
     for (; first != next; ++first) {
+      if (highest != target)
+        first->forgetPast();
       if (number != highest && reported.insert(first->data).second)
         moves.push_back({number, highest, first->data});
       first->number = highest;
-      place(*first);
+      if (isNear || highest != target)
+        place(*first);
     }
   }
   if (haveMet)
@@ -103,16 +163,38 @@ void TrackedLines::settle() {
     report_(moves);
 }
 
-// The number that `line` has got. When edits have been undone it is where it was before them, if it was lost by them.
-int TrackedLines::follow(Line& line, int steps) const {
-  const Found found = find(line);
-  const bool isKept = !line.formers.empty() && line.formers.back().steps == steps_; // lost in this very block
-  if (!found.isWhole && steps > steps_ && line.complete && !isKept)
-    line.formers.push_back({steps_, *line.complete});
-  int number = found.number;
-  for (; !line.formers.empty() && line.formers.back().steps >= steps; line.formers.pop_back())
-    number = std::min(line.formers.back().number, document_.blockCount() - 1);
-  return number;
+// Where the lines of one number, from `first` up to `next`, go together: the first of the places where some of them
+// were in this state of the text, or else where their marks have come to lie. One that was elsewhere has another past.
+int TrackedLines::targetOf(Lines::iterator first, Lines::iterator next, const EditBlock* block) {
+  const int found = find(*first);
+  if (block == nullptr)
+    return found;
+  std::vector<std::optional<int>> recalled;
+  std::ranges::transform(first, next, std::back_inserter(recalled), [&](Line& line) { return recall(line, *block); });
+  std::optional<int> earliest;
+  for (const std::optional<int>& number : recalled) {
+    if (number)
+      earliest = std::min(earliest.value_or(*number), *number);
+  }
+  const int target = std::min(earliest.value_or(found), document_.blockCount() - 1);
+  for (auto line = first; line != next; ++line) {
+    if (recalled[static_cast<std::size_t>(line - first)].value_or(found) != target)
+      line->forgetPast();
+  }
+  return target;
+}
+
+// The number that `line` had in the state of the text to which undo or redo has led. Keeps the number from before the
+// block for the way back.
+std::optional<int> TrackedLines::recall(Line& line, const EditBlock& block) const {
+  const bool isUndo = block.turn == Turn::Undo;
+  if (line.complete && block.steps != steps_)
+    (isUndo ? line.laters : line.formers).push_back({steps_, *line.complete});
+  if (isUndo)
+    return takenFrom(line.formers, block.steps, std::greater_equal());
+  if (block.turn == Turn::Redo)
+    return takenFrom(line.laters, block.steps, std::less_equal());
+  return std::nullopt;
 }
 
 // Marks the start of the line and its first character.
@@ -131,13 +213,13 @@ void TrackedLines::place(Line& line) const {
   line.second.setPosition(start + 1);
 }
 
-TrackedLines::Found TrackedLines::find(const Line& line) const {
+int TrackedLines::find(const Line& line) const {
   const QTextBlock started = document_.findBlock(line.start.position());
   // The end of the text is behind everything that was put in front of it.
   const int first = (line.second.isNull() ? document_.characterCount() : line.second.position()) - 1;
   const QTextBlock continued = document_.findBlock(first);
   const bool isWhole = first >= line.start.position() && started.position() == line.start.position();
-  return {isWhole && continued.position() == first ? continued.blockNumber() : started.blockNumber(), isWhole};
+  return (isWhole && continued.position() == first ? continued : started).blockNumber();
 }
 
 } // namespace desktop

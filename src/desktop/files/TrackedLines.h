@@ -26,14 +26,16 @@ struct LineMove {
 // A tracked line is known by the place where it starts and by its first character, which is its line end when it is
 // empty. What an edit puts in front of that character moves the line down if it ends with a line end, so that the
 // character begins a line again; otherwise the line stays where its start is. When the character is gone the line is
-// the one in which its start has come to lie, until the edit that took the character is undone. Since the document's
-// own cursors mark both places, changes that it reports as one, as undo does, are followed exactly. Only redo of a
-// group of edits sees their sum alone: a line of which one edit takes the first character then stays, though another
-// edit of the group may have put lines in front of what was left.
+// the one in which its start has come to lie. The document's own cursors mark both places, so that it may report the
+// edits of a group as one.
 //
-// Who is told of moves knows a line by its number alone, so lines that have come together stay together. What is added
-// to one line with one value again and again is kept as one: an edit takes time for each line that is tracked, however
-// often it is. Main thread only.
+// Undo and redo bring each line back to the number that it had in the state of the text to which they lead. A line that
+// was not tracked then is followed through the sum of the step.
+//
+// Who is told of moves knows a line by its number alone, so lines that have come together stay together, also when undo
+// or redo would part them: they go to the first of the places where they were. What is added to one line with one value
+// again and again is kept as one: an edit takes time for each line that is tracked, however often it is. Main thread
+// only.
 class TrackedLines : public QObject {
   Q_OBJECT
 
@@ -60,9 +62,9 @@ public:
   void settle();
 
 private:
-  // Where a line was before an edit that took its first character away.
-  struct Former {
-    int steps; // the document's undo steps then
+  // The number of a line in another state of the text, which the document's undo steps tell.
+  struct Past {
+    int steps;
     int number;
   };
   struct Line {
@@ -73,11 +75,24 @@ private:
     QTextCursor start;
     QTextCursor second = {};          // behind the first character; null for an empty last line
     std::optional<int> complete = {}; // the number after the last edit block; none inside the first one
-    std::vector<Former> formers = {}; // the latest last
+    std::vector<Past> formers = {};   // where undo leads to, the nearest state last
+    std::vector<Past> laters = {};    // where redo leads to, the nearest state last
+
+    void forgetPast();
   };
-  struct Found {
-    int number;
-    bool isWhole; // whether the line still begins with its start, and has its first character
+  using Lines = std::deque<Line>;
+
+  // What an edit block was.
+  enum class Turn { Edit, Undo, Redo, Anew };
+  // Lines or places, the last included.
+  struct Stretch {
+    int first;
+    int last;
+  };
+  struct EditBlock {
+    Turn turn;
+    int steps; // the document's undo steps after it
+    Stretch changed;
   };
 
   // Tells any two states of the text apart between which nobody has settled: each edit adds steps of undo, or makes the
@@ -90,17 +105,25 @@ private:
   };
 
   State state() const { return {document_.availableUndoSteps(), document_.characterCount()}; }
+  void noteChange(int position, int removed, int added);
   void finishEdit();
-  int follow(Line& line, int steps) const;
+  Turn turnOfLastBlock() const;
+  Stretch changedLines() const;
+  void moveLines(const EditBlock* block);
+  int targetOf(Lines::iterator first, Lines::iterator next, const EditBlock* block);
+  std::optional<int> recall(Line& line, const EditBlock& block) const;
   void place(Line& line) const;
-  Found find(const Line& line) const;
+  int find(const Line& line) const;
 
   QTextDocument& document_;
   Report report_;
-  std::deque<Line> lines_; // in the order of their numbers; of one number the last added is the last
-  qint64 added_ = 0;       // how many have ever been added
-  int steps_;              // the document's undo steps after the last edit block
+  Lines lines_;      // in the order of their numbers; of one number the last added is the last
+  qint64 added_ = 0; // how many have ever been added
+  int steps_;        // the document's undo steps after the last edit block
   State settled_;
+  int settledLines_;                    // how many the text had then
+  bool hasNewStep_ = false;             // of undo, since the last edit block
+  std::optional<Stretch> changed_ = {}; // the places, in the text as it is, between which the last edit block was
 };
 
 } // namespace desktop

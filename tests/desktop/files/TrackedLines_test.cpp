@@ -3,9 +3,6 @@
 
 #include "desktop/files/FileFixture.h"
 
-#include <algorithm>
-#include <random>
-#include <string>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -279,287 +276,86 @@ TEST_F(TrackedLinesTest, ReportsNothingOfALineThatIsNoLongerTracked) {
   EXPECT_TRUE(taken().empty());
 }
 
-// The text as a string, and tracked lines as the places where they start.
-class LineModel {
-public:
-  explicit LineModel(std::string text) : text_(std::move(text)) {}
+TEST_F(TrackedLinesTest, BringsALineBackWithRedoThatAGroupTookAndPutLinesInFrontOf) {
+  lines.add(5, 0);
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  replace(at(5), at(5) + 1, {});
+  lines.settle();
+  insert(at(5), QStringLiteral("a\nb\n"));
+  cursor.endEditBlock();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{5, 7, 0}}));
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{7, 5, 0}}));
+  document.redo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{5, 7, 0}}));
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{7, 5, 0}}));
+}
 
-  struct Edit {
-    int place;
-    std::string removed;
-    std::string inserted;
-  };
-  struct Mark {
-    int start;
-    std::vector<std::pair<std::size_t, int>> lost = {}; // how many edits had been done, and where it started then
-  };
+TEST_F(TrackedLinesTest, BringsALineBackWithUndoThatAGroupBrokeOffAndMovedUp) {
+  lines.add(5, 0);
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  insert(at(4) + 1, QStringLiteral("\nab"));
+  lines.settle();
+  replace(at(5), at(6), {});
+  cursor.endEditBlock();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{5, 6, 0}, {6, 5, 0}}));
+  document.undo();
+  EXPECT_TRUE(taken().empty());
+}
 
-  // The edits that are undone as one.
-  using Step = std::vector<Edit>;
+TEST_F(TrackedLinesTest, BringsALineInsideOfAnUndoneInsertionBackWithRedo) {
+  insert(at(3), QStringLiteral("a\nb\nc\n"));
+  lines.add(4, 0);
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{4, 3, 0}}));
+  document.redo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{3, 4, 0}}));
+}
 
-  void begin() {
-    done_.emplace_back();
-    starts_ = starts();
+TEST_F(TrackedLinesTest, BringsALineBackThroughManyStepsOfUndoAndRedo) {
+  lines.add(6, 0);
+  replace(at(5), at(7), QStringLiteral("one\n")); // takes it
+  insert(at(0), QStringLiteral("\n"));
+  replace(at(3), at(8), {}); // and its place
+  EXPECT_EQ(taken(), (std::vector<Reported>{{6, 5, 0}, {5, 6, 0}, {6, 3, 0}}));
+  for (int round = 0; round < 3; ++round) {
+    for (int step = 0; step < 3; ++step)
+      document.undo();
+    EXPECT_EQ(taken(), (std::vector<Reported>{{3, 6, 0}, {6, 5, 0}, {5, 6, 0}})) << round;
+    for (int step = 0; step < 3; ++step)
+      document.redo();
+    EXPECT_EQ(taken(), (std::vector<Reported>{{6, 5, 0}, {5, 6, 0}, {6, 3, 0}})) << round;
   }
-  // Makes an edit of the step that was begun last.
-  void add(const Edit& edit) {
-    const std::size_t before = done_.size() - 1;
-    for (std::size_t mark = 0; mark < marks.size(); ++mark) {
-      auto& lost = marks[mark].lost;
-      if (isLost(marks[mark].start, edit) && (lost.empty() || lost.back().first != before))
-        lost.emplace_back(before, starts_[mark]);
-    }
-    change(edit);
-    done_.back().push_back(edit);
-  }
-  void apply(const Edit& edit) {
-    begin();
-    add(edit);
-  }
-  // Makes an edit that goes on with the one before, with which it will be undone.
-  void goOn(const Edit& edit) {
-    change(edit);
-    Edit& last = done_.back().back();
-    last.inserted += edit.inserted;
-    last.removed = edit.place < last.place ? edit.removed + last.removed : last.removed + edit.removed;
-    last.place = std::min(edit.place, last.place);
-  }
+}
 
-  Step undo() {
-    const Step step = done_.back();
-    done_.pop_back();
-    const std::vector<int> before = starts();
-    for (auto edit = step.rbegin(); edit != step.rend(); ++edit)
-      change({edit->place, edit->inserted, edit->removed});
-    for (Mark& mark : marks) {
-      for (; !mark.lost.empty() && mark.lost.back().first == done_.size(); mark.lost.pop_back())
-        mark.start = mark.lost.back().second;
-    }
-    keepTogether(before);
-    return step;
-  }
+TEST_F(TrackedLinesTest, ForgetsWhereRedoWouldHaveLedOnceTheTextIsEdited) {
+  insert(at(3), QStringLiteral("a\nb\nc\n"));
+  lines.add(5, 0);
+  document.undo();
+  insert(at(3), QStringLiteral("x\n"));
+  EXPECT_EQ(taken(), (std::vector<Reported>{{5, 3, 0}, {3, 4, 0}}));
+  document.undo();
+  document.redo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{4, 3, 0}, {3, 4, 0}}));
+}
 
-  bool canUndo() const { return !done_.empty(); }
-  int lineStart(int place) const {
-    if (place == 0)
-      return 0;
-    const std::size_t before = text_.rfind('\n', static_cast<std::size_t>(place) - 1);
-    return before == std::string::npos ? 0 : static_cast<int>(before) + 1;
-  }
-  int lineOf(int place) const { return static_cast<int>(std::count(text_.begin(), text_.begin() + place, '\n')); }
-  const std::string& text() const { return text_; }
+TEST_F(TrackedLinesTest, ForgetsWhereUndoWouldHaveLedOnceTheTextIsSetAnew) {
+  lines.add(5, 0);
+  replace(at(3), at(8), {});
+  fill(QStringLiteral("a\nb\nc\nd\ne\nf\ng"));
+  EXPECT_EQ(taken(), (std::vector<Reported>{{5, 3, 0}, {3, 0, 0}}));
+}
 
-  std::vector<Mark> marks;
-
-private:
-  std::vector<int> starts() const {
-    std::vector<int> starts;
-    for (const Mark& mark : marks)
-      starts.push_back(mark.start);
-    return starts;
-  }
-
-  static int endOf(const Edit& edit) { return edit.place + static_cast<int>(edit.removed.size()); }
-
-  // Whether the line that starts at `start` loses its first character or is joined to the one above.
-  bool isLost(int start, const Edit& edit) const {
-    const bool isJoined = start == endOf(edit) && start > edit.place && lineStart(edit.place) != edit.place;
-    return (start >= edit.place && start < endOf(edit)) || isJoined;
-  }
-
-  void change(const Edit& edit) {
-    const int end = endOf(edit);
-    const int line = lineStart(edit.place);
-    const bool staysWhole =
-        line == edit.place && (edit.inserted.empty() || edit.inserted.ends_with('\n')); // the line behind the edit
-    for (Mark& mark : marks) {
-      if (mark.start > end || (mark.start == end && staysWhole))
-        mark.start += static_cast<int>(edit.inserted.size()) - static_cast<int>(edit.removed.size());
-      else if (mark.start >= edit.place)
-        mark.start = line;
-    }
-    text_.replace(static_cast<std::size_t>(edit.place), edit.removed.size(), edit.inserted);
-  }
-
-  // What was one line is one line again, the first of those that it could be.
-  void keepTogether(const std::vector<int>& before) {
-    for (std::size_t mark = 0; mark < marks.size(); ++mark) {
-      for (std::size_t other = 0; other < marks.size(); ++other) {
-        if (before[other] == before[mark])
-          marks[mark].start = std::min(marks[mark].start, marks[other].start);
-      }
-    }
-  }
-
-  std::string text_;
-  std::vector<Step> done_;
-  std::vector<int> starts_; // before the step that was begun last
-};
-
-// Random edits of a model's text, made to the document as well. Groups of edits are undone, but never redone: the
-// tracked lines see the sum of a group then, not its edits.
-class RandomEdits {
-public:
-  RandomEdits(SourceDocument& document, TrackedLines& lines, LineModel& model)
-      : document_(document), lines_(lines), model_(model) {}
-
-  int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
-
-  void step() {
-    const int kind = below(10);
-    if (kind == 0 && model_.canUndo()) {
-      document_.undo();
-      undone_.push_back(model_.undo());
-    } else if (kind == 1 && !undone_.empty() && undone_.back().size() == 1) {
-      document_.redo();
-      model_.apply(undone_.back().front());
-      undone_.pop_back();
-    } else {
-      undone_.clear();
-      edit();
-    }
-  }
-
-private:
-  void edit() {
-    const int kind = below(4);
-    if (kind == 0)
-      pressKeys();
-    else if (kind == 1)
-      group();
-    else
-      block();
-  }
-
-  int place() {
-    const int place = below(static_cast<int>(model_.text().size()) + 1);
-    return below(2) == 0 ? model_.lineStart(place) : place; // where it matters most
-  }
-
-  // An edit at `begin` that changes something.
-  LineModel::Edit change(int begin) {
-    for (;;) {
-      const std::string& text = model_.text();
-      const int length = below(3) == 0 ? std::min(below(12), static_cast<int>(text.size()) - begin) : 0;
-      LineModel::Edit edit{begin, text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(length)),
-                           pieces_[static_cast<std::size_t>(below(static_cast<int>(pieces_.size())))]};
-      if (!edit.removed.empty() || !edit.inserted.empty())
-        return edit;
-    }
-  }
-
-  void make(const LineModel::Edit& edit) {
-    const bool forward = below(2) == 0;
-    const int end = edit.place + static_cast<int>(edit.removed.size());
-    QTextCursor cursor(&document_);
-    cursor.setPosition(forward ? edit.place : end);
-    cursor.setPosition(forward ? end : edit.place, QTextCursor::KeepAnchor);
-    cursor.beginEditBlock();
-    cursor.insertText(QString::fromStdString(edit.inserted));
-    cursor.endEditBlock();
-  }
-
-  void block() {
-    const LineModel::Edit edit = change(place());
-    make(edit);
-    model_.apply(edit);
-  }
-
-  // Several edits as one step, with a look at the lines after each.
-  void group() {
-    QTextCursor cursor(&document_);
-    cursor.beginEditBlock();
-    model_.begin();
-    int at = place();
-    for (int count = 2 + below(3); count > 0; --count) {
-      const LineModel::Edit edit = change(at);
-      make(edit);
-      lines_.settle();
-      model_.add(edit);
-      at = below(2) == 0 ? std::min(at, static_cast<int>(model_.text().size())) : place(); // often where it just was
-    }
-    cursor.endEditBlock();
-  }
-
-  // One of the keys x, Backspace and Delete, some times. Several presses may be undone as one.
-  void pressKeys() {
-    const int key = below(3);
-    QTextCursor cursor(&document_);
-    cursor.setPosition(place());
-    for (int count = 1 + below(4); count > 0; --count) {
-      const int at = cursor.position() - (key == 1 ? 1 : 0);
-      if (key != 0 && (at < 0 || at >= static_cast<int>(model_.text().size())))
-        return;
-      const int steps = document_.availableUndoSteps();
-      if (key == 0)
-        cursor.insertText(QStringLiteral("x"));
-      else if (key == 1)
-        cursor.deletePreviousChar();
-      else
-        cursor.deleteChar();
-      const LineModel::Edit edit = key == 0
-                                       ? LineModel::Edit{at, {}, "x"}
-                                       : LineModel::Edit{at, model_.text().substr(static_cast<std::size_t>(at), 1), {}};
-      if (document_.availableUndoSteps() == steps) {
-        ++joined;
-        model_.goOn(edit);
-      } else {
-        model_.apply(edit);
-      }
-    }
-  }
-
-  SourceDocument& document_;
-  TrackedLines& lines_;
-  LineModel& model_;
-  std::mt19937 random_{20010131}; // NOLINT(bugprone-random-generator-seed): the same edits in every run
-  std::vector<LineModel::Step> undone_;
-  std::vector<std::string> pieces_ = {"", "x", "\n", "ab\n", "\n\n", "begin\n  \nend;", "a\nb\nc\n", "\nx"};
-
-public:
-  int joined = 0; // key presses that will be undone with the one before
-};
-
-// Ten thousand edits with fifty markers, each of which knows nothing but its line and what it is told.
-TEST(TrackedLinesModel, AgreesWithASimpleModelAfterEveryOneOfRandomEdits) {
-  std::string text;
-  for (int line = 0; line < 120; ++line)
-    text += std::string(static_cast<std::size_t>(line % 9), 'x') + '\n';
-  SourceDocument document(QStringLiteral("/unit.pas"));
-  document.setPlainText(QString::fromStdString(text));
-  LineModel model(text);
-
-  std::vector<int> markers;
-  TrackedLines lines(document, [&markers](const std::vector<LineMove>& moves) {
-    for (const LineMove& move : moves)
-      std::ranges::replace(markers, move.oldLine, move.newLine);
-  });
-  RandomEdits edits(document, lines, model);
-  const auto drop = [&](int line) {
-    lines.add(line, 0);
-    markers.push_back(line);
-    model.marks.push_back({document.findBlockByNumber(line).position()});
-  };
-  for (int marker = 0; marker < 50; ++marker)
-    drop(edits.below(document.blockCount()));
-
-  for (int step = 0; step < 10'000; ++step) {
-    edits.step();
-    if (step % 100 == 0) {
-      ASSERT_EQ(document.toPlainText().toStdString(), model.text()) << "step " << step;
-    }
-    for (std::size_t marker = 0; marker < markers.size(); ++marker)
-      ASSERT_EQ(markers[marker], model.lineOf(model.marks[marker].start)) << "marker " << marker << ", step " << step;
-    // Markers gather where much is deleted, so now and then one is picked up and dropped elsewhere.
-    if (edits.below(20) == 0) {
-      lines.remove(lines.indexOf(markers.front()));
-      const auto last = std::find(markers.rbegin(), markers.rend(), markers.front()).base() - 1 - markers.begin();
-      markers.erase(markers.begin() + last);
-      model.marks.erase(model.marks.begin() + last);
-      drop(edits.below(document.blockCount()));
-    }
-  }
-  EXPECT_GT(edits.joined, 100);
+TEST_F(TrackedLinesTest, LetsALineThatWasTrackedBeforeTheStepLeadOneThatWasNot) {
+  lines.add(5, 0);
+  replace(at(3), at(8), {});
+  lines.add(3, 1);
+  taken();
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{3, 5, 0}, {3, 5, 1}}));
 }
 
 } // namespace
