@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/CommandLine.h"
 
+#include "desktop/ui/Recovery.h"
+
 #include <QFile>
 
 #include <CLI/CLI.hpp>
@@ -53,7 +55,8 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   bool noPackage = false;
   bool noSplash = false;
   bool noSession = false;
-  double recoverySeconds = std::chrono::duration<double>(line.recoveryInterval).count();
+  const double longest = std::chrono::duration<double>(Recovery::usualInterval).count();
+  double recoverySeconds = longest;
   app.add_option("FILE", files, "Files to open; FILE:LINE or FILE:LINE:COLUMN puts the caret there");
   CLI::Option* const picture =
       app.add_option("--screenshot", screenshot,
@@ -75,10 +78,9 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   app.add_flag("--no-package", noPackage, "Load no package")->excludes(package);
   app.add_flag("--no-splash", noSplash, "Start without the picture that packages greet with");
   app.add_flag("--no-session", noSession, "Neither open what was open last time nor remember what is open");
-  const double longest = recoverySeconds;
-  app.add_option("--recovery-interval", recoverySeconds, "Keep unsaved text for the case of a crash so often")
+  app.add_option("--recovery-interval", recoverySeconds,
+                 "Keep unsaved text so often for the case of a crash, whatever the settings say")
       ->type_name("SECONDS")
-      ->capture_default_str()
       ->check(CLI::Range(0.01, longest));
   try {
     app.parse(argc, argv);
@@ -97,7 +99,9 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   line.loadPackages = !noPackage;
   line.showSplash = !noSplash;
   line.keepSession = !noSession;
-  line.recoveryInterval = std::chrono::round<std::chrono::milliseconds>(std::chrono::duration<double>(recoverySeconds));
+  if (app.count("--recovery-interval") > 0)
+    line.recoveryInterval =
+        std::chrono::round<std::chrono::milliseconds>(std::chrono::duration<double>(recoverySeconds));
   return line;
 }
 

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "desktop/files/FileArgument.h"
-#include "desktop/ui/Recovery.h"
 
 #include <QString>
 #include <QStringList>
@@ -22,7 +21,7 @@ struct CommandLine {
   bool loadPackages = true;
   bool showSplash = true;
   bool keepSession = true; // open what was open, and write it down
-  std::chrono::milliseconds recoveryInterval = Recovery::usualInterval;
+  std::optional<std::chrono::milliseconds> recoveryInterval; // in place of the one in the settings
 };
 
 // Reads the arguments of main. When there is nothing more to do (help, version, an error) it has written what there is

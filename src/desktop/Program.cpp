@@ -2,6 +2,7 @@
 #include "desktop/Program.h"
 
 #include "desktop/edit/EditControl.h"
+#include "desktop/files/EnvironmentSettings.h"
 #include "desktop/files/FileArgument.h"
 #include "desktop/ide/IdeServices.h"
 #include "desktop/ui/EditWindow.h"
@@ -36,14 +37,14 @@ int complain(const QString& reason) {
 
 Program::Program(const CommandLine& commandLine)
     : commandLine_(commandLine), session_(workspace_, platform::StateFile(QStringLiteral("session.json"))),
-      recovery_(workspace_, platform::StateFile(QStringLiteral("recovery")), commandLine.recoveryInterval),
+      recovery_(workspace_, platform::StateFile(QStringLiteral("recovery"))),
       packages_(loader_) {
   platform::Application().SetProgramDirectory(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                                               QStringLiteral("/virelle/"));
   platform::Application().SetShowSplash(commandLine.showSplash && commandLine.screenshot.isEmpty());
   platform::SetBorlandIDEServices(std::make_shared<IdeServices>(workspace_));
   workspace_.setPackages(&packages_);
-  openSearchPath();
+  openSettings();
 }
 
 Program::~Program() {
@@ -66,6 +67,7 @@ int Program::edit() {
   for (const QString& reason : loadPackages())
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, reason);
   recovery_.offer();
+  addInColours_.startAsking();
   const int code = QCoreApplication::exec();
   // The pages are still there, and each unsaved one has been asked about.
   session_.save();
@@ -147,11 +149,26 @@ QStringList Program::loadPackages() {
   return reasons;
 }
 
-void Program::openSearchPath() {
-  const QString file = platform::ConfigFile(QStringLiteral("search-path.json"));
-  const QString problem = workspace_.searchPath().open(file);
-  if (!problem.isEmpty())
-    workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, problem);
+void Program::openSettings() {
+  const QStringList problems = {
+      workspace_.settings().open(platform::ConfigFile(QStringLiteral("environment.json"))),
+      workspace_.searchPath().open(platform::ConfigFile(QStringLiteral("search-path.json"))),
+  };
+  for (const QString& problem : problems) {
+    if (!problem.isEmpty())
+      workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, problem);
+  }
+  followRecoveryInterval();
+}
+
+void Program::followRecoveryInterval() {
+  if (commandLine_.recoveryInterval)
+    return recovery_.setInterval(*commandLine_.recoveryInterval);
+  const auto follow = [this] {
+    recovery_.setInterval(std::chrono::seconds(workspace_.settings().values().recoverySeconds));
+  };
+  follow();
+  QObject::connect(&workspace_.settings(), &EnvironmentSettings::changed, &recovery_, follow);
 }
 
 } // namespace desktop

@@ -4,6 +4,7 @@
 #include "desktop/CommandLine.h"
 #include "desktop/ide/InstalledPackages.h"
 #include "desktop/ide/PackageLoader.h"
+#include "desktop/ui/AddInColours.h"
 #include "desktop/ui/DiskChanges.h"
 #include "desktop/ui/Recovery.h"
 #include "desktop/ui/Session.h"
@@ -41,11 +42,13 @@ private:
   void placeCarets();
   // Loads what the command line asks for. Returns why packages could not be loaded, one sentence each.
   QStringList loadPackages();
-  void openSearchPath();
+  void openSettings();
+  void followRecoveryInterval();
 
   const CommandLine& commandLine_;
   Workspace workspace_;
   DiskChanges diskChanges_{workspace_};
+  AddInColours addInColours_{workspace_};
   std::vector<std::pair<Page*, CaretPlace>> carets_; // that have yet to be put into pages just opened
   Session session_;
   Recovery recovery_;

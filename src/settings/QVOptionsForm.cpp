@@ -8,6 +8,7 @@
 #include "platform/Component.h"
 #include "platform/Debug.h"
 #include "platform/Errors.h"
+#include "settings/model/QVDarkColors.h"
 #include "settings/model/QVOptions.h"
 #include "settings/model/QVOptionsStore.h"
 #include "settings/QVButtonPanel.h"
@@ -69,9 +70,11 @@ TQVOptionsForm::TQVOptionsForm() : Pages(new QTabWidget(this)) {
   layout->addWidget(Pages, 1);
   layout->addWidget(NewBottomPanel());
   FormCreate();
+  platform::ColorFollowers().Add(*this);
 }
 
 TQVOptionsForm::~TQVOptionsForm() {
+  platform::ColorFollowers().Remove(*this);
   platform::Guarded([this] { FormDestroy(); });
   delete MenuItem;
   if (QVOptionsForm == this)
@@ -139,10 +142,13 @@ void TQVOptionsForm::EditTemplatesBtnClick() {
 }
 
 void TQVOptionsForm::SetGlobalVars() {
-  TQVOptionValues values = TakeValues(*this);
-  ApplyOptions(values);
-  ShowValue(TQVOption::TemplateKey, values, *this); // it may have become a blank
+  Applied = TakeValues(*this);
+  Apply();
+  ShowValue(TQVOption::TemplateKey, Applied, *this); // it may have become a blank
+}
 
+void TQVOptionsForm::Apply() {
+  ApplyOptions(Applied);
   if (!OptShowLineNumbers || OptLinesInGutter)
     HideLineNumbers();
   else
@@ -153,6 +159,23 @@ void TQVOptionsForm::SetGlobalVars() {
     HideNavBars();
   ForEachProxy([](TQVEditorProxy& proxy) { proxy.RedefineHotKey(); });
   ForEachProxy([](TQVEditorProxy& proxy) { proxy.Invalidate(); });
+}
+
+bool TQVOptionsForm::WouldFollow(bool dark) const {
+  TQVOptionValues values = TakeValues(*this);
+  return FollowGround(values, dark);
+}
+
+// What was edited and then cancelled stays in the controls and is not applied.
+void TQVOptionsForm::Follow(bool dark) {
+  TQVOptionValues values = TakeValues(*this);
+  FollowGround(values, dark);
+  for (const TQVOptionRow& row : QVOptionTable) {
+    if (row.Kind == TQVOptionKind::Color)
+      ShowValue(row.Option, values, *this);
+  }
+  if (FollowGround(Applied, dark))
+    Apply();
 }
 
 void TQVOptionsForm::setVisible(bool visible) {

@@ -2,6 +2,9 @@
 // The options dialog.
 #pragma once
 
+#include "platform/ColorFollowers.h"
+#include "settings/model/QVOptionValues.h"
+
 #include <QDialog>
 
 class QAction;
@@ -17,9 +20,12 @@ namespace quorvane {
 // Cancel leaves the globals as they are, but does not turn the controls back: what was edited shows again the next
 // time, and is saved in the end. That is intended. So is that the page last shown stays.
 //
+// The colours among them go with the host's scheme when the host asks for it: their controls change as if the user had
+// chosen the colours and pressed OK, and nothing else is applied with them.
+//
 // The names of the controls are those of the options' table. Enter is OK wherever the focus is on the pages, and Escape
 // is Cancel. The dialog has its own size, as large as fonts and style need it, and cannot be resized. Main thread only.
-class TQVOptionsForm final : public QDialog {
+class TQVOptionsForm final : public QDialog, private platform::IColorFollower {
   Q_OBJECT
 public:
   // What showing the dialog returns.
@@ -55,10 +61,14 @@ private:
   void InsertMenuItem();
   void MenuClick();
   void EditTemplatesBtnClick();
+  void Apply();
+  bool WouldFollow(bool dark) const override;
+  void Follow(bool dark) override;
   QSize Room() const;
   void FitContents();
 
   QTabWidget* Pages;
+  TQVOptionValues Applied;     // what the globals were derived from
   QAction* MenuItem = nullptr; // owned
 };
 

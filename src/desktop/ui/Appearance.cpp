@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QFontDatabase>
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <utility>
@@ -14,6 +15,10 @@ namespace desktop {
 namespace {
 
 constexpr int rightMargin = 80; // columns, as wide as sources have long been written
+
+int inLimits(int points) {
+  return std::clamp(points, environmentLimits.fontPoints.first, environmentLimits.fontPoints.last);
+}
 
 bool isDarkPalette(const QPalette& palette) {
   return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
@@ -53,16 +58,10 @@ QPalette darkPalette() {
                      QColor(0xdf, 0xe1, 0xe5), QColor(0x86, 0x8a, 0x91), QColor(0x2f, 0x65, 0xa8));
 }
 
-// The monospaced font that this editor is drawn with where there is one, else the desktop's.
-QString usualFamily() {
-  const QString preferred = QStringLiteral("DejaVu Sans Mono");
-  return QFontDatabase::hasFamily(preferred) ? preferred : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
-}
-
 } // namespace
 
-Appearance::Appearance(QObject* parent)
-    : QObject(parent), fontFamily_(usualFamily()), usualPoints_(10), fontPoints_(usualPoints_) {
+Appearance::Appearance(EnvironmentSettings& settings, QObject* parent) : QObject(parent), settings_(settings) {
+  connect(&settings_, &EnvironmentSettings::changed, this, &Appearance::follow);
   applyPalette();
 }
 
@@ -71,60 +70,97 @@ Appearance::~Appearance() {
     QApplication::setPalette(QPalette());
 }
 
+Colours Appearance::colours() const {
+  return settings_.values().colours;
+}
+
 void Appearance::setColours(Colours colours) {
-  if (colours == colours_)
-    return;
-  colours_ = colours;
-  applyPalette();
+  settings_.set(&EnvironmentValues::colours, colours);
+}
+
+bool Appearance::isDarkWith(Colours colours) const {
+  return colours == Colours::Desktop ? desktopIsDark_ : colours == Colours::Dark;
+}
+
+void Appearance::follow() {
+  if (colours() != applied_)
+    applyPalette();
   Q_EMIT changed();
 }
 
+// Widgets report each palette on the way, so the desktop's own is not taken for a change of it.
 void Appearance::applyPalette() {
+  const QScopedValueRollback applying(applying_, true);
+  applied_ = colours();
   // A palette that sets nothing is the desktop's.
   if (std::exchange(ownPalette_, false))
     QApplication::setPalette(QPalette());
-  const bool desktopIsDark = isDarkPalette(QApplication::palette());
-  dark_ = colours_ == Colours::Desktop ? desktopIsDark : colours_ == Colours::Dark;
-  if (dark_ == desktopIsDark)
+  desktopIsDark_ = isDarkPalette(QApplication::palette());
+  dark_ = isDarkWith(applied_);
+  if (dark_ == desktopIsDark_)
     return;
   ownPalette_ = true;
   QApplication::setPalette(dark_ ? darkPalette() : lightPalette());
 }
 
+// While there is an own palette that of the desktop cannot be seen, and does not show either.
 void Appearance::followDesktop() {
-  if (colours_ != Colours::Desktop || isDarkPalette(QApplication::palette()) == dark_)
+  if (applying_ || ownPalette_ || isDarkPalette(QApplication::palette()) == desktopIsDark_)
     return;
   applyPalette();
   Q_EMIT changed();
 }
 
+// The monospaced font that this editor is drawn with where there is one, else the desktop's.
+QString Appearance::usualFamily() {
+  const QString preferred = QStringLiteral("DejaVu Sans Mono");
+  return QFontDatabase::hasFamily(preferred) ? preferred : QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+}
+
+QString Appearance::fontFamily() const {
+  const QString& chosen = settings_.values().fontFamily;
+  return !chosen.isEmpty() && QFontDatabase::hasFamily(chosen) ? chosen : usualFamily();
+}
+
+int Appearance::fontPoints() const {
+  const EnvironmentValues& values = settings_.values();
+  return inLimits(values.fontPoints + values.zoomPoints);
+}
+
 void Appearance::setFontPoints(int points) {
-  const int kept = std::clamp(points, 6, 72);
-  if (kept == fontPoints_)
-    return;
-  fontPoints_ = kept;
-  Q_EMIT changed();
+  settings_.set(&EnvironmentValues::zoomPoints, inLimits(points) - settings_.values().fontPoints);
 }
 
 void Appearance::resetFontPoints() {
-  setFontPoints(usualPoints_);
+  settings_.set(&EnvironmentValues::zoomPoints, 0);
+}
+
+bool Appearance::showsBlanks() const {
+  return settings_.values().showBlanks;
 }
 
 void Appearance::setShowsBlanks(bool show) {
-  if (std::exchange(showsBlanks_, show) != show)
-    Q_EMIT changed();
+  settings_.set(&EnvironmentValues::showBlanks, show);
+}
+
+bool Appearance::showsRightMargin() const {
+  return settings_.values().showRightMargin;
 }
 
 void Appearance::setShowsRightMargin(bool show) {
-  if (std::exchange(showsRightMargin_, show) != show)
-    Q_EMIT changed();
+  settings_.set(&EnvironmentValues::showRightMargin, show);
 }
 
 void Appearance::applyTo(TEditControl& editor) const {
-  editor.setColorScheme(isDark() ? darkScheme() : lightScheme());
-  editor.setEditorFont(fontFamily_, fontPoints_);
-  editor.setShowsBlanks(showsBlanks_);
-  editor.setRightMargin(showsRightMargin_ ? rightMargin : 0);
+  // Both take the time of a look at the whole text, and most changes of the settings are not about them.
+  const ColorScheme& scheme = isDark() ? darkScheme() : lightScheme();
+  if (editor.colorScheme() != scheme)
+    editor.setColorScheme(scheme);
+  if (editor.editorFontFamily() != fontFamily() || editor.editorFontPoints() != fontPoints())
+    editor.setEditorFont(fontFamily(), fontPoints());
+  editor.setTabWidth(settings_.values().tabWidth);
+  editor.setShowsBlanks(showsBlanks());
+  editor.setRightMargin(showsRightMargin() ? rightMargin : 0);
 }
 
 } // namespace desktop

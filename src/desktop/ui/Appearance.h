@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QFont>
+#include "desktop/files/EnvironmentSettings.h"
+
 #include <QObject>
+#include <QString>
 
 namespace desktop {
 
 class TEditControl;
 
-// How all windows look: light, dark or as the desktop, and the font of the text.
+// How all windows look: light, dark or as the desktop, the font of the text, and what is shown besides the text. All of
+// that is in the settings, which the windows follow through this class.
 //
 // The scheme colours the frames as well as the text, so that a dark text does not stand in a bright window: the
 // desktop's own palette is kept where it is of the wanted kind.
@@ -16,49 +19,54 @@ class Appearance : public QObject {
   Q_OBJECT
 
 public:
-  enum class Colours { Light, Dark, Desktop };
+  using Colours = desktop::Colours;
 
-  explicit Appearance(QObject* parent = nullptr);
+  // `settings` must outlive it.
+  explicit Appearance(EnvironmentSettings& settings, QObject* parent = nullptr);
   // Gives the application its own colours back.
   ~Appearance() override;
 
-  Colours colours() const { return colours_; }
+  Colours colours() const;
   void setColours(Colours colours);
   // Whether text is light on dark at present.
   bool isDark() const { return dark_; }
+  // Whether it would be with these colours.
+  bool isDarkWith(Colours colours) const;
   // To be called when the desktop may have changed its colours.
   void followDesktop();
 
-  // The monospaced font of the text and its size.
-  const QString& fontFamily() const { return fontFamily_; }
-  int fontPoints() const { return fontPoints_; }
-  // Kept between 6 and 72.
+  // The font of text when none is chosen, or when the one that was chosen is not installed any more.
+  static QString usualFamily();
+  // The font of the text and its size, zoomed.
+  QString fontFamily() const;
+  int fontPoints() const;
+  // Zooms the text to this size, within the limits of its usual one.
   void setFontPoints(int points);
+  // Takes the zoom away.
   void resetFontPoints();
 
   // Whether blanks and tabs are drawn, and a line behind the column that a line of source should not go beyond.
-  bool showsBlanks() const { return showsBlanks_; }
+  bool showsBlanks() const;
   void setShowsBlanks(bool show);
-  bool showsRightMargin() const { return showsRightMargin_; }
+  bool showsRightMargin() const;
   void setShowsRightMargin(bool show);
 
-  // Gives `editor` the scheme, the font and what is shown at the moment.
+  // Gives `editor` the scheme, the font, the tab stops and what is shown at the moment.
   void applyTo(TEditControl& editor) const;
 
 Q_SIGNALS:
   void changed();
 
 private:
+  void follow();
   void applyPalette();
 
-  Colours colours_ = Colours::Light;
+  EnvironmentSettings& settings_;
+  Colours applied_ = Colours::Light;
+  bool applying_ = false;
   bool ownPalette_ = false; // the application's palette is one of this class's
+  bool desktopIsDark_ = false;
   bool dark_ = false;
-  QString fontFamily_;
-  int usualPoints_;
-  int fontPoints_;
-  bool showsBlanks_ = false;
-  bool showsRightMargin_ = false;
 };
 
 } // namespace desktop

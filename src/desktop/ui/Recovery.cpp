@@ -2,6 +2,7 @@
 #include "desktop/ui/Recovery.h"
 
 #include "desktop/edit/EditControl.h"
+#include "desktop/files/EnvironmentSettings.h"
 #include "desktop/files/FileStore.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
@@ -20,6 +21,7 @@
 namespace desktop {
 
 static_assert(Recovery::usualInterval < Recovery::longestDelay);
+static_assert(std::chrono::seconds(environmentLimits.recoverySeconds.last) <= Recovery::usualInterval);
 
 namespace {
 
@@ -46,7 +48,7 @@ QString titlesOf(const std::vector<OrphanedText>& orphans) {
 } // namespace
 
 Recovery::Recovery(Workspace& workspace, const QString& folder, std::chrono::milliseconds interval)
-    : workspace_(workspace), folder_(folder) {
+    : workspace_(workspace), folder_(folder), interval_(interval) {
   timer_.setObjectName(QStringLiteral("RecoveryTimer"));
   timer_.setSingleShot(true);
   timer_.setTimerType(Qt::PreciseTimer);
@@ -65,6 +67,15 @@ Recovery::Recovery(Workspace& workspace, const QString& folder, std::chrono::mil
 }
 
 Recovery::~Recovery() = default;
+
+// A text that is waited with already does not have to wait longer.
+void Recovery::setInterval(std::chrono::milliseconds interval) {
+  interval_ = interval;
+  if (timer_.isActive())
+    timer_.start(std::min(timer_.remainingTimeAsDuration(), interval));
+  else
+    timer_.setInterval(interval);
+}
 
 void Recovery::follow(Page* page) {
   texts_.try_emplace(page);
@@ -87,7 +98,7 @@ void Recovery::update(Page* page) {
     folder_.remove(std::exchange(text.name, {}));
     text = {};
   } else if (text.due && !timer_.isActive()) {
-    timer_.start();
+    timer_.start(interval_);
   }
 }
 
@@ -109,7 +120,7 @@ void Recovery::writeAll() {
   for (auto& [page, text] : texts_) {
     // A disk that has not taken the last writing yet is not given another.
     if (text.busy && text.due)
-      timer_.start();
+      timer_.start(interval_);
     else if (text.due && page->document()->isModified())
       write(page, text);
   }
@@ -138,7 +149,7 @@ void Recovery::finish(const QString& name, const QString& problem) {
     return;
   }
   text.due = true;
-  timer_.start();
+  timer_.start(interval_);
   if (!std::exchange(failing_, true))
     workspace_.topWindow()->messageBar()->addMessage(
         MessageBar::Kind::Warning, tr("Unsaved text cannot be kept for the case of a crash: %1.").arg(problem));

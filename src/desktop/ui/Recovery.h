@@ -35,6 +35,9 @@ public:
   // Leaves the files of all texts that are still unsaved; the next run will offer them.
   ~Recovery() override;
 
+  // How long it takes until a changed text is written, from now on.
+  void setInterval(std::chrono::milliseconds interval);
+
   // Asks in the top window whether to restore what was left behind by editors that did not end in order. Not now is an
   // answer too: the files stay and are offered at the next start.
   void offer();
@@ -68,6 +71,7 @@ private:
   Workspace& workspace_;
   RecoveryFolder folder_;
   QTimer timer_{this};
+  std::chrono::milliseconds interval_;
   std::map<Page*, Text> texts_; // of all pages
   bool failing_ = false;        // the last writing has failed, and the user knows
 };

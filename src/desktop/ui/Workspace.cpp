@@ -2,6 +2,7 @@
 #include "desktop/ui/Workspace.h"
 
 #include "desktop/edit/EditControl.h"
+#include "desktop/files/EnvironmentSettings.h"
 #include "desktop/files/FileStore.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/Appearance.h"
@@ -45,11 +46,13 @@ void announceActivation(TEditWindow* window) {
 } // namespace
 
 Workspace::Workspace(QObject* parent)
-    : QObject(parent), files_(new FileCommands(*this)), appearance_(new Appearance(this)),
+    : QObject(parent), files_(new FileCommands(*this)), settings_(new EnvironmentSettings(this)),
+      appearance_(new Appearance(*settings_, this)),
       recentFiles_(new RecentFiles(*this)), results_(new ResultList(*this)),
       resultWalk_(new ResultWalk(*this, *results_)) {
   closedPages_ = new ClosedPages(*this); // it looks at the windows, of which there are none yet
   addFrame();
+  connect(settings_, &EnvironmentSettings::saveFailed, this, &Workspace::reportUnkeptSettings);
   platform::Application().SetReporter([self = QPointer(this)](const QString& message, int count) {
     if (self)
       self->reportError(message, count);
@@ -247,6 +250,10 @@ void Workspace::exit() {
 
 void Workspace::reportError(const QString& message, int count) {
   topWindow()->messageBar()->addMessage(MessageBar::Kind::Error, tr("An error occurred: %1").arg(message), count);
+}
+
+void Workspace::reportUnkeptSettings(const QString& problem) {
+  topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, problem);
 }
 
 } // namespace desktop

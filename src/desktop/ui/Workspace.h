@@ -15,6 +15,7 @@ namespace desktop {
 
 class Appearance;
 class ClosedPages;
+class EnvironmentSettings;
 class FileCommands;
 class MainWindow;
 class PackageList;
@@ -76,6 +77,8 @@ public:
   void exit();
 
   FileCommands& files() const { return *files_; }
+  // The host's own settings; in memory only until they are given their file.
+  EnvironmentSettings& settings() const { return *settings_; }
   Appearance& appearance() const { return *appearance_; }
   // In memory only until it is given its file.
   RecentFiles& recentFiles() const { return *recentFiles_; }
@@ -104,10 +107,12 @@ private:
   void putLast(TEditWindow* window);
   void announceTop(TEditWindow* previous);
   void reportError(const QString& message, int count);
+  void reportUnkeptSettings(const QString& problem);
   QList<Page*> allPages() const;
   bool isLastVisible(const MainWindow* frame) const;
 
   FileCommands* files_;
+  EnvironmentSettings* settings_;
   Appearance* appearance_;
   RecentFiles* recentFiles_;
   ResultList* results_;

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/AddInColours.h"
+
+#include "desktop/files/EnvironmentSettings.h"
+#include "desktop/ui/Appearance.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/MessageBar.h"
+#include "desktop/ui/Workspace.h"
+#include "platform/ColorFollowers.h"
+
+namespace desktop {
+
+AddInColours::AddInColours(Workspace& workspace) : workspace_(workspace) {
+  platform::ColorFollowers().SetOnAdded([this] { update(); });
+  connect(&workspace.appearance(), &Appearance::changed, this, &AddInColours::update);
+}
+
+AddInColours::~AddInColours() {
+  platform::ColorFollowers().SetOnAdded({});
+}
+
+void AddInColours::startAsking() {
+  mayAsk_ = true;
+  update();
+}
+
+void AddInColours::update() {
+  const EnvironmentValues& values = workspace_.settings().values();
+  const bool dark = workspace_.appearance().isDark();
+  if (values.addInColours)
+    platform::ColorFollowers().Follow(dark);
+  const bool wanted = dark && !values.addInColours && platform::ColorFollowers().WouldFollow(dark);
+  if (!wanted && bar_)
+    bar_->withdraw(question_);
+  else if (wanted && mayAsk_ && !values.addInColoursAsked)
+    ask();
+}
+
+void AddInColours::ask() {
+  const QPointer<AddInColours> self = this;
+  const auto adapt = [self] {
+    if (self)
+      self->workspace_.settings().set(&EnvironmentValues::addInColours, true);
+  };
+  bar_ = workspace_.topWindow()->messageBar();
+  question_ = bar_->ask(
+      MessageBar::Kind::Information,
+      tr("Colours of the add-ins are made for light ground and hard to read on dark. They can go with the scheme from "
+         "now on; those that you have chosen yourself stay."),
+      {{tr("&Adapt Colours"), adapt}});
+  workspace_.settings().set(&EnvironmentValues::addInColoursAsked, true);
+}
+
+} // namespace desktop
