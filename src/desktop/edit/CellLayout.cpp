@@ -15,6 +15,18 @@ constexpr int awayBy = 1'000'000;
 
 CellLayout::CellLayout(QTextDocument* document) : QPlainTextDocumentLayout(document) {}
 
+// Each of the settings walks over all lines to bring an existing layout up to date, so the layout is put in last.
+CellLayout* CellLayout::install(QTextDocument& document, const DocumentLook& look, QPaintDevice* device) {
+  document.setDocumentLayout(nullptr);
+  document.setDocumentMargin(0);
+  document.setDefaultFont(look.font);
+  document.setDefaultTextOption(look.option);
+  auto* const layout = new CellLayout(&document);
+  layout->setPaintDevice(device);
+  document.setDocumentLayout(layout);
+  return layout;
+}
+
 void CellLayout::setCell(int height, int ascent) {
   height_ = height;
   ascent_ = ascent;

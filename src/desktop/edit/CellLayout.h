@@ -1,9 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QFont>
 #include <QPlainTextDocumentLayout>
+#include <QTextOption>
 
 namespace desktop {
+
+// What a document takes from the control that shows it.
+struct DocumentLook {
+  QFont font;
+  QTextOption option; // tab stops, and whether blanks are shown
+};
 
 // Lays a document out in lines of one height.
 //
@@ -15,6 +23,10 @@ class CellLayout : public QPlainTextDocumentLayout {
 
 public:
   explicit CellLayout(QTextDocument* document);
+
+  // Gives `document` that look and a layout of this class, measured on `device`, or on none as yet. Returns the layout,
+  // which the document owns. Linear in the lines, so it can be done in the thread that a long document is made in.
+  static CellLayout* install(QTextDocument& document, const DocumentLook& look, QPaintDevice* device = nullptr);
 
   // The height of every line and the distance from its top to the base line, in logical pixels.
   void setCell(int height, int ascent);

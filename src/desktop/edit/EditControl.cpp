@@ -120,18 +120,15 @@ void TEditControl::showDocument(QTextDocument* document, Colouring colouring) {
   onCaretMoved();
 }
 
+DocumentLook TEditControl::look() const {
+  return {font(), document()->defaultTextOption()};
+}
+
 // Brings the layout and the font of a document that is about to be shown to the control's.
 void TEditControl::adoptDocument(QTextDocument& document) {
   auto* layout = qobject_cast<CellLayout*>(document.documentLayout());
-  if (layout == nullptr) {
-    // Each of these walks over all lines to bring an existing layout up to date, so the layout is put in last.
-    document.setDocumentLayout(nullptr);
-    document.setDocumentMargin(0);
-    document.setDefaultFont(font());
-    layout = new CellLayout(&document);
-    layout->setPaintDevice(viewport_);
-    document.setDocumentLayout(layout);
-  }
+  if (layout == nullptr)
+    layout = CellLayout::install(document, look(), viewport_);
   layout->setPaintDevice(viewport_);
   layout->setCell(cellSize().height(), cellFont_.ascent);
   if (document.defaultFont() != font())

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/edit/CellFont.h"
+#include "desktop/edit/CellLayout.h"
 #include "desktop/edit/ColorScheme.h"
 #include "desktop/edit/Indentation.h"
 #include "desktop/edit/PascalHighlighter.h"
@@ -95,6 +96,8 @@ public:
   // Shows `document`, which is not owned and needs a QPlainTextDocumentLayout; null shows an empty document of the
   // control's own. Caret and scroll position go to the start. The document takes the control's font and tab stops.
   void showDocument(QTextDocument* document, Colouring colouring = Colouring::Pascal);
+  // What documents take from the control. One that has it, and a CellLayout, is shown at once however long it is.
+  DocumentLook look() const;
   // Caret, selection and scroll position. restoreState clips all of them to the text.
   EditState state() const;
   void restoreState(const EditState& state);

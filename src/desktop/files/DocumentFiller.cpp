@@ -6,6 +6,7 @@
 #include "desktop/files/TextView.h"
 #include "text/LineEnds.h"
 #include "text/ServedText.h"
+#include "text/Utf16.h"
 
 #include <QCoreApplication>
 #include <QTextBlock>
@@ -27,19 +28,43 @@ QString message(const char* text) {
   return QCoreApplication::translate("SourceDocument", text);
 }
 
+// How far filling has come when a part of it is done; about what the parts take.
+constexpr double decodedShare = 0.1;
+constexpr double insertedShare = 0.8;
+
+// So much is inserted at a time.
+constexpr std::size_t sliceUnits = 1 << 18;
+
+// The size of the slice that `text` begins with. None ends between the two characters of one line end or code point.
+std::size_t sliceSize(std::u16string_view text) {
+  std::size_t size = std::min(text.size(), sliceUnits);
+  while (size > 0 && size < text.size() && (text[size - 1] == u'\r' || quorvane::IsHighSurrogate(text[size - 1])))
+    ++size;
+  return size;
+}
+
 } // namespace
 
+void DocumentFiller::reach(double done) {
+  if (control_ != nullptr)
+    control_->reach(done);
+}
+
 void DocumentFiller::fill(std::string_view bytes, quorvane::TCodePage codePage) {
+  reach(0);
   const quorvane::TDecodedText decoded = quorvane::Decode(bytes, codePage);
+  reach(decodedShare);
   document_.encoding_ = decoded.Encoding;
   findUsualLineEnd(decoded.Text);
   checkLimits(decoded.Text, bytes.size());
 
   document_.setUndoRedoEnabled(false);
   insert(decoded.Text);
+  reach(insertedShare);
   document_.setUndoRedoEnabled(true);
   document_.setModified(false);
   checkFilled(decoded);
+  reach(1);
 }
 
 void DocumentFiller::checkFilled(const quorvane::TDecodedText& decoded) {
@@ -74,27 +99,47 @@ void DocumentFiller::findUsualLineEnd(std::u16string_view text) {
     document_.usualLineEnd_ = static_cast<TLineEnd>(std::max_element(counts.begin(), counts.end()) - counts.begin());
 }
 
-// Neighbouring lines of one line end go in together: one insertion for the usual file.
+// Neighbouring lines of one line end go in together: few insertions for the usual file.
 void DocumentFiller::insert(std::u16string_view text) {
+  unitsToInsert_ = text.size();
   QTextCursor cursor(&document_);
   cursor.beginEditBlock();
   const char16_t* runStart = text.data();
   TLineEnd runEnd = document_.usualLineEnd_;
-  const auto insertRun = [&](const char16_t* end) {
-    const std::u16string_view run(runStart, static_cast<std::size_t>(end - runStart));
-    cursor.insertText(borrowedText(run), lineEndFormat(runEnd, document_.usualLineEnd_));
+  const auto insertUpTo = [&](const char16_t* end) {
+    insertRun(cursor, {runStart, static_cast<std::size_t>(end - runStart)}, runEnd);
     runStart = end;
   };
   if (document_.mixedLineEnds_) {
     for (const TLine& line : TLines(text)) {
       if (line.End != TLineEnd::None && line.End != runEnd) {
-        insertRun(line.Text.data());
+        insertUpTo(line.Text.data());
         runEnd = line.End;
       }
     }
   }
-  insertRun(text.data() + text.size());
+  insertUpTo(text.data() + text.size());
   cursor.endEditBlock();
+}
+
+void DocumentFiller::insertRun(QTextCursor& cursor, std::u16string_view run, TLineEnd end) {
+  const QTextCharFormat format = lineEndFormat(end, document_.usualLineEnd_);
+  while (!run.empty()) {
+    const std::size_t size = sliceSize(run);
+    cursor.insertText(borrowedText(run.substr(0, size)), format);
+    run.remove_prefix(size);
+    noteInserted(size);
+  }
+}
+
+// Not for each of many short runs.
+void DocumentFiller::noteInserted(std::size_t units) {
+  unitsInserted_ += units;
+  if (unitsInserted_ - unitsNoted_ < sliceUnits)
+    return;
+  unitsNoted_ = unitsInserted_;
+  const double share = static_cast<double>(unitsInserted_) / static_cast<double>(unitsToInsert_);
+  reach(decodedShare + share * (insertedShare - decodedShare));
 }
 
 void DocumentFiller::checkLimits(std::u16string_view text, std::size_t bytes) {

@@ -2,12 +2,15 @@
 // Puts a file's bytes into a document.
 #pragma once
 
+#include "desktop/files/LoadControl.h"
 #include "desktop/files/SourceDocument.h"
 #include "text/CodePages.h"
 #include "text/Encoding.h"
 
 #include <QString>
+#include <QTextCursor>
 
+#include <cstddef>
 #include <string_view>
 
 namespace desktop {
@@ -17,7 +20,10 @@ namespace desktop {
 // afterwards.
 class DocumentFiller {
 public:
-  explicit DocumentFiller(SourceDocument& document) : document_(document) {}
+  // Filling tells `control`, if there is one, how far it is, and raises LoadStopped when that is stopped; the document
+  // is of no use then.
+  explicit DocumentFiller(SourceDocument& document, LoadControl* control = nullptr)
+      : document_(document), control_(control) {}
 
   void fill(std::string_view bytes, quorvane::TCodePage codePage);
   // Gives a document that is in use the contents of its file as they are now. This is one step to be undone; lines that
@@ -31,6 +37,9 @@ public:
 private:
   void findUsualLineEnd(std::u16string_view text);
   void insert(std::u16string_view text);
+  void insertRun(QTextCursor& cursor, std::u16string_view run, quorvane::TLineEnd end);
+  void noteInserted(std::size_t units);
+  void reach(double done);
   void checkLimits(std::u16string_view text, std::size_t bytes);
   void checkText(std::u16string_view text);
   void checkFilled(const quorvane::TDecodedText& decoded);
@@ -38,6 +47,10 @@ private:
   void rewrite(std::u16string_view text);
 
   SourceDocument& document_;
+  LoadControl* control_;
+  std::size_t unitsInserted_ = 0;
+  std::size_t unitsNoted_ = 0; // of those, when it was last told how far filling is
+  std::size_t unitsToInsert_ = 0;
 };
 
 } // namespace desktop

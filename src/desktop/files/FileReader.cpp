@@ -9,6 +9,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <functional>
 
@@ -33,6 +34,22 @@ std::int64_t countLineEnds(const QByteArray& bytes) {
   return count;
 }
 
+// All bytes, or one more than is allowed. The file may grow or shrink meanwhile; `size` is what it should have.
+QByteArray readAll(QFile& file, qint64 size, const LoadControl* control) {
+  constexpr qint64 sliceBytes = 4 << 20;
+  QByteArray bytes;
+  bytes.reserve(size + 1);
+  while (bytes.size() <= largestFileBytes) {
+    if (control != nullptr && control->isStopped())
+      throw LoadStopped();
+    const QByteArray slice = file.read(std::min(sliceBytes, largestFileBytes + 1 - bytes.size()));
+    if (slice.isEmpty())
+      break;
+    bytes += slice;
+  }
+  return bytes;
+}
+
 } // namespace
 
 FileStamp stampOf(const QString& path) {
@@ -44,7 +61,7 @@ std::size_t contentHash(std::string_view bytes) {
   return std::hash<std::string_view>()(bytes);
 }
 
-FileContents readFile(const QString& path) {
+FileContents readFile(const QString& path, const LoadControl* control) {
   struct stat status = {};
   if (::stat(QFile::encodeName(path).constData(), &status) != 0)
     return {{}, {}, qt_error_string(errno)};
@@ -59,7 +76,7 @@ FileContents readFile(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly))
     return {{}, {}, file.errorString()};
-  FileContents contents{file.read(largestFileBytes + 1), stampOf(status), {}};
+  FileContents contents{readAll(file, status.st_size, control), stampOf(status), {}};
   if (file.error() != QFile::NoError)
     contents.error = file.errorString();
   else if (contents.bytes.size() > largestFileBytes)

@@ -2,6 +2,7 @@
 // Reading whole files, within the limits of what the editor opens.
 #pragma once
 
+#include "desktop/files/LoadControl.h"
 #include "desktop/files/SourceDocument.h"
 
 #include <QByteArray>
@@ -21,8 +22,8 @@ struct FileContents {
 };
 
 // Reads the file at the absolute path `path`. Devices and pipes are refused before they are opened, since reading one
-// may never end.
-FileContents readFile(const QString& path);
+// may never end. With a `control` it raises LoadStopped when that is stopped. Any thread.
+FileContents readFile(const QString& path, const LoadControl* control = nullptr);
 
 // A number that tells different contents of a file apart.
 std::size_t contentHash(std::string_view bytes);

@@ -56,9 +56,10 @@ void finishReading(SourceDocument& document, const FileContents& contents) {
   document.setFileHash(contentHash(contents.view()));
 }
 
-LoadResult fillDocument(const QString& fileName, const FileContents& contents, quorvane::TCodePage codePage) {
+LoadResult fillDocument(const QString& fileName, const FileContents& contents, quorvane::TCodePage codePage,
+                        LoadControl* control) {
   auto document = std::make_unique<SourceDocument>(fileName);
-  DocumentFiller filler(*document);
+  DocumentFiller filler(*document, control);
   filler.fill(contents.view(), codePage);
   finishReading(*document, contents);
   return {std::move(document), {}};
@@ -70,12 +71,14 @@ bool changedOnDisk(const SourceDocument& document) {
   return !document.isUntitled() && stampOf(document.fileName()) != document.fileStamp();
 }
 
-LoadResult load(const QString& path, quorvane::TCodePage codePage) try {
+LoadResult load(const QString& path, quorvane::TCodePage codePage, LoadControl* control) try {
   const QString fileName = absolute(path);
-  const FileContents contents = readFile(fileName);
+  const FileContents contents = readFile(fileName, control);
   if (!contents.error.isEmpty())
     return {nullptr, cannotOpen(fileName, contents.error)};
-  return fillDocument(fileName, contents, codePage);
+  return fillDocument(fileName, contents, codePage, control);
+} catch (const LoadStopped&) {
+  return {};
 } catch (const std::bad_alloc&) {
   return {nullptr, cannotOpen(absolute(path), message("there is not enough memory"))};
 }

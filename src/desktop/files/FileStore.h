@@ -2,6 +2,7 @@
 // Reading documents from files and writing them back, without ever losing what a file held.
 #pragma once
 
+#include "desktop/files/LoadControl.h"
 #include "desktop/files/SourceDocument.h"
 #include "text/CodePages.h"
 
@@ -27,8 +28,10 @@ struct LoadResult {
 };
 
 // Opens the file at `path`. Whatever its bytes are, the document gives them back or is read-only and says why. Bytes
-// that are neither marked nor UTF-8 are taken as `codePage`.
-LoadResult load(const QString& path, quorvane::TCodePage codePage = quorvane::DefaultCodePage);
+// that are neither marked nor UTF-8 are taken as `codePage`. With a `control` it tells there how far it is, and when
+// that is stopped there is neither a document nor an error. Any thread; the document belongs to the one that calls.
+LoadResult load(const QString& path, quorvane::TCodePage codePage = quorvane::DefaultCodePage,
+                LoadControl* control = nullptr);
 
 // Gives `document` what its file holds now, unmodified, as one step to be undone. Lines that stay are left alone, with
 // the carets and tracked lines in them. Returns why that is not possible, a sentence that names the file, or an empty

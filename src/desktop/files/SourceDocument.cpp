@@ -24,6 +24,7 @@ SourceDocument::SourceDocument(const QString& fileName, bool untitled, QObject* 
   setUndoRedoEnabled(true);
   setModified(false);
   served_ = std::make_unique<ServedCopy>(*this);
+  served_->setParent(this); // so that it follows the document into another thread
 }
 
 SourceDocument::~SourceDocument() = default;

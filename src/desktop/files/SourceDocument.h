@@ -6,7 +6,8 @@
 // remembers the line end it stood for in the file; because this is part of the break itself, removing, moving and
 // undoing keep every other line end as it was. A break typed into a line becomes what the text before it has.
 //
-// Documents are made by load() and newDocument() of FileStore and belong to whoever opened them. Main thread only.
+// Documents are made by load() and newDocument() of FileStore and belong to whoever opened them. A document is for the
+// thread that made it, and when it has been moved to another, with moveToThread, for that one.
 #pragma once
 
 #include "desktop/files/TextSnapshot.h"

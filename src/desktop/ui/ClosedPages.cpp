@@ -3,6 +3,7 @@
 
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/Workspace.h"
 
@@ -41,9 +42,8 @@ Page* ClosedPages::reopen(TEditWindow* window) {
   if (!closed_.empty()) {
     const Closed last = closed_.back();
     closed_.pop_back();
-    page = workspace_.openFileIn(window, last.path);
-    if (page != nullptr)
-      page->setState(last.state);
+    page = workspace_.openings().open(window, last.path,
+                                      [state = last.state](Page* opened) { opened->setState(state); });
   }
   Q_EMIT changed();
   return page;

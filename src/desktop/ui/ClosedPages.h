@@ -24,7 +24,8 @@ public:
 
   bool isEmpty() const { return closed_.empty(); }
   // Opens the file that was closed last in `window`, with its caret and scroll position, and returns its page. Files
-  // that are open are passed over; null if there is none, or if it cannot be opened, which the window then says.
+  // that are open are passed over; null if there is none, if it is large and comes later, or if it cannot be
+  // opened, which the window then says.
   Page* reopen(TEditWindow* window);
 
 Q_SIGNALS:

@@ -92,6 +92,10 @@ void TEditWindow::showPage(Page* page) {
   showCurrent(page);
 }
 
+void TEditWindow::movePage(const Page* page, int index) {
+  tabs_->movePage(page, index);
+}
+
 void TEditWindow::showCurrent(Page* page) {
   if (page == current_)
     return;

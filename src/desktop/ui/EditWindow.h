@@ -52,6 +52,8 @@ public:
   Page* addPage(std::unique_ptr<SourceDocument> document);
   // Brings a page of this window to the front.
   void showPage(Page* page);
+  // Moves the tab of a page of this window to the place `index`, from 0; the last place at most.
+  void movePage(const Page* page, int index);
   // Closes a page of this window and destroys it, saved or not. The page right of it comes to the front, or else the
   // one left of it.
   void closePage(Page* page);

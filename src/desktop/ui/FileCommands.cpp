@@ -6,13 +6,16 @@
 #include "desktop/files/FileStore.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/PageReload.h"
+#include "desktop/ui/StatusBar.h"
 #include "desktop/ui/Workspace.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTextBlock>
@@ -40,6 +43,38 @@ QString describe(const MissingCharacter& missing) {
   return printable ? QStringLiteral("\u201c%1\u201d (%2)").arg(QString::fromUcs4(&character, 1), code) : code;
 }
 
+// While a long text is being written the window can say so, though it can do nothing else.
+class SavingNote {
+public:
+  explicit SavingNote(const Page& page)
+      : window_(page.window()), isShown_(page.document()->characterCount() > longText) {
+    if (!isShown_)
+      return;
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    window_->statusBar()->showNote(FileCommands::tr("Saving %1\u2026").arg(page.title()));
+    window_->statusBar()->repaint();
+  }
+  ~SavingNote() {
+    if (!isShown_)
+      return;
+    window_->statusBar()->showPage(window_->currentPage());
+    QGuiApplication::restoreOverrideCursor();
+  }
+  SavingNote(const SavingNote&) = delete;
+  SavingNote& operator=(const SavingNote&) = delete;
+
+private:
+  static constexpr int longText = 4'000'000; // characters
+
+  TEditWindow* window_;
+  bool isShown_;
+};
+
+SaveResult saveShown(const Page& page, const QString& path) {
+  const SavingNote note(page);
+  return desktop::save(*page.document(), path);
+}
+
 // The position in the document of a character that was counted in units from the start of its line.
 void putCaretAt(Page* page, const MissingCharacter& missing) {
   const QTextBlock block = page->document()->findBlockByNumber(missing.line - 1);
@@ -62,7 +97,7 @@ void FileCommands::open(TEditWindow* window) {
   if (dialog.exec() != QDialog::Accepted)
     return;
   for (const QString& path : dialog.selectedFiles())
-    workspace_.openFileIn(window, path);
+    workspace_.openings().open(window, path);
 }
 
 bool FileCommands::save(Page* page) {
@@ -155,7 +190,7 @@ FileCommands::Answer FileCommands::askToOverwrite(const Page* page) {
 }
 
 bool FileCommands::write(Page* page, const QString& path) {
-  const SaveResult result = desktop::save(*page->document(), path);
+  const SaveResult result = saveShown(*page, path);
   if (result.ok())
     return true;
   if (!result.missing) {
@@ -181,7 +216,7 @@ bool FileCommands::writeAsUtf8(Page* page, const QString& path) {
   SourceDocument& document = *page->document();
   const quorvane::TEncoding before = document.encoding();
   document.setEncoding({quorvane::TEncodingKind::Utf8});
-  const SaveResult result = desktop::save(document, path);
+  const SaveResult result = saveShown(*page, path);
   if (result.ok())
     return true;
   document.setEncoding(before);

@@ -6,6 +6,7 @@
 #include "desktop/ui/Appearance.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCommands.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/ResultsPanel.h"
 #include "desktop/ui/WindowCommands.h"
@@ -74,7 +75,7 @@ bool MainWindow::takeDrop(QEvent* event) {
     return true;
   for (const QUrl& url : drop->mimeData()->urls()) {
     if (url.isLocalFile())
-      workspace_.openFileIn(editWindow_, url.toLocalFile());
+      workspace_.openings().open(editWindow_, url.toLocalFile());
   }
   return true;
 }

@@ -8,6 +8,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -20,6 +21,7 @@ namespace desktop {
 namespace {
 
 constexpr std::size_t mostRows = 4;
+constexpr int progressWidth = 160; // pixels
 
 QColor mixed(const QColor& ground, const QColor& tint, double share) {
   const auto mix = [share](double from, double to) { return static_cast<float>(from + (to - from) * share); };
@@ -81,7 +83,18 @@ public:
     layout->addWidget(label_, 1);
     layout->addLayout(buttons_);
     layout->addWidget(close, 0, Qt::AlignTop);
+    close_ = close;
     showText();
+  }
+
+  // Closing the row would not say whether what it tells of goes on, so it has no button for that.
+  void addProgress(const QString& name) {
+    auto* const bar = new QProgressBar(this);
+    bar->setRange(0, 100);
+    bar->setFixedWidth(progressWidth);
+    bar->setAccessibleName(name);
+    buttons_->addWidget(bar, 0, Qt::AlignVCenter);
+    close_->hide();
   }
 
   void addAnswer(const Answer& answer, MessageBar* bar) {
@@ -117,6 +130,7 @@ private:
   int count_;
   QLabel* label_;
   QHBoxLayout* buttons_;
+  QWidget* close_ = nullptr;
   std::function<void()> closed_;
 };
 
@@ -147,6 +161,19 @@ QWidget* MessageBar::ask(Kind kind, const QString& text, const std::vector<Answe
   row->setClosed(std::move(closed));
   addRow(row);
   return row;
+}
+
+QWidget* MessageBar::showProgress(const QString& text, std::function<void()> stop) {
+  auto* const row = new Row(Kind::Information, text, 1, this);
+  row->addProgress(text);
+  row->addAnswer({tr("St&op"), std::move(stop)}, this);
+  addRow(row);
+  return row;
+}
+
+void MessageBar::setProgress(const QWidget& row, int percent) {
+  if (auto* const bar = row.findChild<QProgressBar*>())
+    bar->setValue(percent);
 }
 
 void MessageBar::withdraw(const QWidget* question) {

@@ -35,6 +35,11 @@ public:
   // Shows `text` with a button for each answer. The question goes when it is answered; closed without an answer, it
   // calls `closed`. Returns the question, which lives until it is answered, closed or withdrawn.
   QWidget* ask(Kind kind, const QString& text, const std::vector<Answer>& answers, std::function<void()> closed = {});
+  // Shows `text` with a bar that tells how far something has come, and a button that calls `stop`, after which the row
+  // goes. Returns the row, which is to be withdrawn when all is done.
+  QWidget* showProgress(const QString& text, std::function<void()> stop);
+  // `percent` of what `row` shows is done.
+  static void setProgress(const QWidget& row, int percent);
   // Takes a question away that needs no answer any more; it may have been answered.
   void withdraw(const QWidget* question);
   // Takes all messages and questions away.

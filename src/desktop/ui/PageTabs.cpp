@@ -71,6 +71,10 @@ void PageTabs::removePage(Page* page) {
   updateTitles();
 }
 
+void PageTabs::movePage(const Page* page, int index) {
+  moveTab(indexOf(page), std::clamp(index, 0, count() - 1));
+}
+
 void PageTabs::setCurrentPage(Page* page) {
   setCurrentIndex(indexOf(page));
 }

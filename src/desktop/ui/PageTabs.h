@@ -20,6 +20,8 @@ public:
   void addPage(Page* page);
   void removePage(Page* page);
   void setCurrentPage(Page* page);
+  // Moves the tab of `page` to the place `index`, from 0; clipped to what there is.
+  void movePage(const Page* page, int index);
   // The page of the tab in front, or null.
   Page* currentPage() const { return pageAt(currentIndex()); }
   // In the order of the tabs, which the user may drag.

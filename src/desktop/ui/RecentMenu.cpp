@@ -2,6 +2,7 @@
 #include "desktop/ui/RecentMenu.h"
 
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/RecentFiles.h"
 #include "desktop/ui/Workspace.h"
 
@@ -28,7 +29,7 @@ void fill(QMenu& menu, Workspace& workspace, TEditWindow& window) {
     QAction* const action = menu.addAction(itemText(++number, path));
     action->setEnabled(QFileInfo::exists(path));
     QObject::connect(action, &QAction::triggered, &window,
-                     [&workspace, &window, path] { workspace.openFileIn(&window, path); });
+                     [&workspace, &window, path] { workspace.openings().open(&window, path); });
   }
   if (number == 0) {
     menu.addAction(QMenu::tr("No Files Yet"))->setEnabled(false);

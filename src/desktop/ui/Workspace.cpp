@@ -9,6 +9,7 @@
 #include "desktop/ui/ClosedPages.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCommands.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
@@ -46,7 +47,8 @@ void announceActivation(TEditWindow* window) {
 } // namespace
 
 Workspace::Workspace(QObject* parent)
-    : QObject(parent), files_(new FileCommands(*this)), settings_(new EnvironmentSettings(this)),
+    : QObject(parent), files_(new FileCommands(*this)), openings_(new FileOpenings(*this)),
+      settings_(new EnvironmentSettings(this)),
       appearance_(new Appearance(*settings_, this)),
       recentFiles_(new RecentFiles(*this)), results_(new ResultList(*this)),
       resultWalk_(new ResultWalk(*this, *results_)) {
@@ -158,11 +160,15 @@ Page* Workspace::openFileIn(TEditWindow* window, const QString& path) {
   QGuiApplication::setOverrideCursor(Qt::WaitCursor); // a very large file takes its time
   LoadResult loaded = load(absolute);
   QGuiApplication::restoreOverrideCursor();
+  return addLoaded(window, absolute, std::move(loaded));
+}
+
+Page* Workspace::addLoaded(TEditWindow* window, const QString& fileName, LoadResult loaded) {
   if (loaded.document == nullptr) {
     window->messageBar()->addMessage(MessageBar::Kind::Error, loaded.error);
     return nullptr;
   }
-  lastFolder_ = QFileInfo(absolute).absolutePath();
+  lastFolder_ = QFileInfo(fileName).absolutePath();
   Page* const page = addPage(window, std::move(loaded.document));
   if (page->document()->isReadOnlyText())
     window->messageBar()->addMessage(MessageBar::Kind::Information, page->document()->readOnlyReason());
@@ -224,6 +230,7 @@ bool Workspace::mayCloseFrame(MainWindow* frame) {
     return false;
   if (isLastVisible(frame))
     return true;
+  openings_->stop(window);
   while (!window->pages().isEmpty())
     window->closePage(window->pages().constLast());
   putLast(window);

@@ -17,6 +17,7 @@ class Appearance;
 class ClosedPages;
 class EnvironmentSettings;
 class FileCommands;
+class FileOpenings;
 class MainWindow;
 class PackageList;
 class Page;
@@ -24,6 +25,7 @@ class RecentFiles;
 class ResultList;
 class ResultWalk;
 class SourceDocument;
+struct LoadResult;
 class TEditWindow;
 
 // All that is open: the editor windows, each in its frame, and their pages.
@@ -52,9 +54,11 @@ public:
 
   // Opens the file at `path` in the top window, or brings its page to the front wherever it is open. Null when it
   // cannot be opened; the window's message bar then says why. A single page that nobody has written on makes room for
-  // the file.
+  // the file. The page is there at once, however long that takes; openings() is for the user, who does not wait.
   Page* openFile(const QString& path) { return openFileIn(topWindow(), path); }
   Page* openFileIn(TEditWindow* window, const QString& path);
+  // Shows the document of a file that has been loaded in the same way, or says why there is none.
+  Page* addLoaded(TEditWindow* window, const QString& fileName, LoadResult loaded);
   // Shows `document` on a new page of `window`, in place of a single page that nobody has written on.
   Page* addPage(TEditWindow* window, std::unique_ptr<SourceDocument> document);
   // An empty page with a made-up name, which no untitled page has had before: whoever knows a page by its name must not
@@ -77,6 +81,7 @@ public:
   void exit();
 
   FileCommands& files() const { return *files_; }
+  FileOpenings& openings() const { return *openings_; }
   // The host's own settings; in memory only until they are given their file.
   EnvironmentSettings& settings() const { return *settings_; }
   Appearance& appearance() const { return *appearance_; }
@@ -112,6 +117,7 @@ private:
   bool isLastVisible(const MainWindow* frame) const;
 
   FileCommands* files_;
+  FileOpenings* openings_;
   EnvironmentSettings* settings_;
   Appearance* appearance_;
   RecentFiles* recentFiles_;
