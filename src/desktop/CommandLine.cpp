@@ -78,14 +78,21 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   app.add_flag("--no-package", noPackage, "Load no package")->excludes(package);
   app.add_flag("--no-splash", noSplash, "Start without the picture that packages greet with");
   app.add_flag("--no-session", noSession, "Neither open what was open last time nor remember what is open");
-  app.add_option("--recovery-interval", recoverySeconds,
-                 "Keep unsaved text so often for the case of a crash, whatever the settings say")
-      ->type_name("SECONDS")
-      ->check(CLI::Range(0.01, longest));
+  bool startNew = false;
+  app.add_flag("--new", startNew, "Start another editor, whether one is running or not");
+  app.add_flag("--wait", line.wait, "Return when the files are closed, as programs want it that start $EDITOR")
+      ->excludes(picture);
+  CLI::Option* const interval =
+      app.add_option("--recovery-interval", recoverySeconds,
+                     "Keep unsaved text so often for the case of a crash, whatever the settings say")
+          ->type_name("SECONDS")
+          ->check(CLI::Range(0.01, longest));
   try {
     app.parse(argc, argv);
     if (!screenshot.empty() && files.size() != 1)
       throw CLI::ValidationError("--screenshot", "needs exactly one FILE");
+    if (line.wait && files.empty())
+      throw CLI::ValidationError("--wait", "needs a FILE");
   } catch (const CLI::ParseError& error) {
     const int code = app.exit(error);
     exitCode = code == 0 ? 0 : usageError;
@@ -98,7 +105,10 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
     line.caret = parseCaret(caret);
   line.loadPackages = !noPackage;
   line.showSplash = !noSplash;
-  line.keepSession = !noSession;
+  // An editor that somebody waits for comes up with their files alone, and goes with them.
+  line.keepSession = !noSession && !line.wait;
+  // What tells how an editor is to be cannot be told to one that runs already.
+  line.handOver = screenshot.empty() && !startNew && !noSession && !noPackage && packages.empty() && interval->empty();
   if (app.count("--recovery-interval") > 0)
     line.recoveryInterval =
         std::chrono::round<std::chrono::milliseconds>(std::chrono::duration<double>(recoverySeconds));

@@ -21,6 +21,8 @@ struct CommandLine {
   bool loadPackages = true;
   bool showSplash = true;
   bool keepSession = true; // open what was open, and write it down
+  bool handOver = true;    // let the editor open the files that runs already, if there is one
+  bool wait = false;       // end when the files are closed
   std::optional<std::chrono::milliseconds> recoveryInterval; // in place of the one in the settings
 };
 

@@ -3,11 +3,11 @@
 
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/EnvironmentSettings.h"
-#include "desktop/files/FileArgument.h"
 #include "desktop/ide/IdeServices.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
+#include "desktop/ui/OpenPages.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/RecentFiles.h"
 #include "desktop/ui/Screenshot.h"
@@ -60,28 +60,35 @@ int Program::edit() {
   if (commandLine_.keepSession)
     session_.restore();
   workspace_.recentFiles().open(platform::StateFile(QStringLiteral("recent-files.json")));
-  openFiles();
+  const bool isComplete = openFiles();
+  if (commandLine_.wait && !isComplete)
+    complain(workspace_.topWindow()->messageBar()->messages().join(QStringLiteral("; ")));
+  if (commandLine_.wait && files_.pages().isEmpty())
+    return failed;
   showFrames();
   session_.restoreViews();
-  placeCarets();
+  files_.placeCarets(commandLine_.caret);
   for (const QString& reason : loadPackages())
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, reason);
   recovery_.offer();
   addInColours_.startAsking();
+  if (commandLine_.wait)
+    endWithPages();
   const int code = QCoreApplication::exec();
   // The pages are still there, and each unsaved one has been asked about.
+  handedFiles_.reset();
   session_.save();
   recovery_.discard();
-  return code;
+  return commandLine_.wait && !isComplete ? failed : code;
 }
 
 int Program::takeScreenshot() {
   MainWindow* const frame = workspace_.frameOf(workspace_.topWindow());
-  if (open(commandLine_.files.constFirst()) == nullptr)
+  if (files_.openExisting(commandLine_.files.constFirst()) == nullptr)
     return complain(workspace_.topWindow()->messageBar()->messages().join(QStringLiteral("; ")));
   frame->show();
   frame->activateWindow();
-  placeCarets();
+  files_.placeCarets(commandLine_.caret);
   const QStringList reasons = loadPackages();
   if (!reasons.isEmpty())
     return complain(reasons.join(QStringLiteral("; ")));
@@ -89,24 +96,13 @@ int Program::takeScreenshot() {
   return problem.isEmpty() ? 0 : complain(QStringLiteral("%1: %2").arg(commandLine_.screenshot, problem));
 }
 
-Page* Program::open(const QString& file) {
-  const FileArgument argument = readFileArgument(file);
-  Page* const page = workspace_.openFile(argument.path);
-  if (page != nullptr && argument.caret)
-    carets_.emplace_back(page, *argument.caret);
-  return page;
-}
-
-void Program::openFiles() {
-  Page* front = nullptr;
-  for (const QString& file : commandLine_.files) {
-    Page* const page = open(file);
-    front = front != nullptr ? front : page;
-  }
-  if (front != nullptr)
-    workspace_.showPage(front);
-  else if (workspace_.topWindow()->pages().isEmpty())
+bool Program::openFiles() {
+  bool isComplete = true;
+  for (const QString& file : commandLine_.files)
+    isComplete = files_.open(file) != nullptr && isComplete;
+  if (!files_.show() && workspace_.topWindow()->pages().isEmpty())
     workspace_.newFile();
+  return isComplete;
 }
 
 void Program::showFrames() {
@@ -114,19 +110,20 @@ void Program::showFrames() {
     workspace_.frameOf(window)->show();
 }
 
-// Once the windows have their sizes, so that the carets can be brought into sight.
-void Program::placeCarets() {
-  Page* const front = workspace_.topPage();
-  if (commandLine_.caret && front != nullptr)
-    carets_.emplace_back(front, *commandLine_.caret);
-  for (const auto& [page, place] : carets_) {
-    page->window()->showPage(page);
-    page->window()->editor()->setCaret(place.line, place.column);
-    page->window()->editor()->showCaret();
+void Program::endWithPages() {
+  QList<Page*> pages;
+  for (const TEditWindow* window : workspace_.windows())
+    pages += window->pages();
+  if (pages.isEmpty()) {
+    QCoreApplication::exit(0);
+    return;
   }
-  carets_.clear();
-  if (front != nullptr)
-    front->window()->showPage(front);
+  auto* const open = new OpenPages(pages, &workspace_);
+  const auto lookAgain = [this, open] {
+    delete open;
+    endWithPages();
+  };
+  QObject::connect(open, &OpenPages::allClosed, open, lookAgain, Qt::QueuedConnection);
 }
 
 QStringList Program::loadPackages() {

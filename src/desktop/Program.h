@@ -6,14 +6,15 @@
 #include "desktop/ide/PackageLoader.h"
 #include "desktop/ui/AddInColours.h"
 #include "desktop/ui/DiskChanges.h"
+#include "desktop/ui/HandedFiles.h"
+#include "desktop/ui/NamedFiles.h"
 #include "desktop/ui/Recovery.h"
 #include "desktop/ui/Session.h"
 #include "desktop/ui/Workspace.h"
 
 #include <QStringList>
 
-#include <utility>
-#include <vector>
+#include <optional>
 
 namespace desktop {
 
@@ -29,17 +30,20 @@ public:
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 
+  // From now on opens what the callers of `server` ask for, which must outlive the program's run, once edit() is
+  // called.
+  void serve(RequestServer& server) { handedFiles_.emplace(workspace_, server); }
   // Shows the editor and serves the user. Returns the program's exit code.
   int edit();
   // Writes the picture that the command line asks for. Returns the program's exit code.
   int takeScreenshot();
 
 private:
-  // Opens what the argument `file` names; null if that is not possible.
-  Page* open(const QString& file);
-  void openFiles();
+  // False if a file could not be opened.
+  bool openFiles();
   void showFrames();
-  void placeCarets();
+  // Ends the event loop once no page is open any more.
+  void endWithPages();
   // Loads what the command line asks for. Returns why packages could not be loaded, one sentence each.
   QStringList loadPackages();
   void openSettings();
@@ -49,11 +53,12 @@ private:
   Workspace workspace_;
   DiskChanges diskChanges_{workspace_};
   AddInColours addInColours_{workspace_};
-  std::vector<std::pair<Page*, CaretPlace>> carets_; // that have yet to be put into pages just opened
+  NamedFiles files_{workspace_};
   Session session_;
   Recovery recovery_;
   PackageLoader loader_;
   InstalledPackages packages_;
+  std::optional<HandedFiles> handedFiles_; // while this editor opens files for others
 };
 
 } // namespace desktop

@@ -192,7 +192,8 @@ QJsonObject Session::present(TEditWindow* window) const {
   QJsonArray pages;
   int current = 0;
   for (const Page* page : window->pages()) {
-    if (page->document()->isUntitled())
+    // One whose file was never there has nothing to come back with.
+    if (page->document()->isUntitled() || page->document()->fileStamp() == FileStamp())
       continue;
     if (page->isCurrent())
       current = static_cast<int>(pages.size());

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/ui/NamedFiles.h"
+
+#include "desktop/edit/EditControl.h"
+#include "desktop/files/SourceDocument.h"
+#include "desktop/ui/EditWindow.h"
+#include "desktop/ui/MessageBar.h"
+#include "desktop/ui/Page.h"
+#include "desktop/ui/Workspace.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <memory>
+
+namespace desktop {
+
+namespace {
+
+// Whether `file` could be made. A link that leads nowhere stays as it is.
+bool isFree(const QFileInfo& file) {
+  return !file.fileName().isEmpty() && !file.exists() && !file.isSymbolicLink() &&
+         QFileInfo(file.absolutePath()).isDir();
+}
+
+} // namespace
+
+NamedFiles::NamedFiles(Workspace& workspace) : workspace_(workspace) {}
+
+Page* NamedFiles::open(const QString& name) {
+  const FileArgument argument = readFileArgument(name);
+  return add(isFree(QFileInfo(argument.path)) ? begin(argument.path) : workspace_.openFile(argument.path), argument);
+}
+
+Page* NamedFiles::openExisting(const QString& name) {
+  const FileArgument argument = readFileArgument(name);
+  return add(workspace_.openFile(argument.path), argument);
+}
+
+Page* NamedFiles::add(Page* page, const FileArgument& argument) {
+  if (page != nullptr && !pages_.contains(page))
+    pages_.append(page);
+  if (page != nullptr && argument.caret)
+    carets_.emplace_back(page, *argument.caret);
+  return page;
+}
+
+Page* NamedFiles::begin(const QString& path) {
+  const QString absolute = QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+  if (Page* const open = workspace_.findPage(absolute)) {
+    workspace_.showPage(open);
+    return open;
+  }
+  TEditWindow* const window = workspace_.topWindow();
+  Page* const page = workspace_.addPage(window, std::make_unique<SourceDocument>(absolute));
+  window->messageBar()->addMessage(
+      MessageBar::Kind::Information,
+      QCoreApplication::translate("NamedFiles", "%1 is a new file; saving creates it.").arg(absolute));
+  return page;
+}
+
+QList<Page*> NamedFiles::pages() const {
+  QList<Page*> pages;
+  for (const QPointer<Page>& page : pages_) {
+    if (page != nullptr)
+      pages.append(page);
+  }
+  return pages;
+}
+
+bool NamedFiles::show() const {
+  const QList<Page*> all = pages();
+  if (all.isEmpty())
+    return false;
+  workspace_.showPage(all.constFirst());
+  return true;
+}
+
+void NamedFiles::placeCarets(const std::optional<CaretPlace>& caret) {
+  Page* const front = workspace_.topPage();
+  if (caret && front != nullptr)
+    carets_.emplace_back(front, *caret);
+  for (const auto& [page, place] : carets_) {
+    if (page == nullptr)
+      continue;
+    page->window()->showPage(page);
+    page->window()->editor()->setCaret(place.line, place.column);
+    page->window()->editor()->showCaret();
+  }
+  carets_.clear();
+  if (front != nullptr)
+    front->window()->showPage(front);
+}
+
+} // namespace desktop
