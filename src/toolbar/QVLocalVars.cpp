@@ -39,10 +39,17 @@ const QString kToolbarName = QStringLiteral("TQVEditorToolbar");
 
 constexpr int kImageSize = 16;
 
-void FocusEditor(platform::IOTAEditView& view) {
-  const QWidget* form = FormOf(view);
-  if (auto* editor = form ? qobject_cast<QWidget*>(platform::FindComponent(*form, EditControlName)) : nullptr)
+constexpr platform::TShortCut kOpenClassesKey = platform::scAlt | 0x26; // Up
+constexpr platform::TShortCut kOpenMethodsKey = platform::scAlt | 0x28; // Down
+
+void FocusEditorOn(const QObject& form) {
+  if (auto* const editor = qobject_cast<QWidget*>(platform::FindComponent(form, EditControlName)))
     editor->setFocus(Qt::OtherFocusReason);
+}
+
+void FocusEditor(platform::IOTAEditView& view) {
+  if (const QWidget* const form = FormOf(view))
+    FocusEditorOn(*form);
 }
 
 // Puts the caret on a line (from 0) of the top view and the line at the view's top.
@@ -64,12 +71,6 @@ template <class TMove> void GotoPlace(TMove&& move) {
   view->MoveViewToCursor();
   view->Paint();
   FocusEditor(*view);
-}
-
-QString NotFoundMessage(const QString& unitName, const QStringList& folders) {
-  return folders.isEmpty()
-             ? QStringLiteral("Unit %1 was not found: there is no folder to search.").arg(unitName)
-             : QStringLiteral("Unit %1 was not found. Folders searched: %2").arg(unitName, folders.join(u", "));
 }
 
 template <class TVisit> void ForEachToolbar(TVisit&& visit) {
@@ -111,6 +112,8 @@ TQVEditorToolbar::TQVEditorToolbar(QWidget* owner)
   setFloatable(false);
   setContextMenuPolicy(Qt::PreventContextMenu);
   setIconSize({kImageSize, kImageSize});
+  AddOpener(FClassesCombo, QStringLiteral("Go to Type..."), kOpenClassesKey);
+  AddOpener(FMethodsCombo, QStringLiteral("Go to Routine..."), kOpenMethodsKey);
 }
 
 TQVEditorToolbar::~TQVEditorToolbar() = default;
@@ -121,7 +124,37 @@ TQVNameCombo* TQVEditorToolbar::NewCombo(const QString& name, int width, const Q
   combo->setToolTip(hint);
   combo->setAccessibleName(hint);
   combo->OnChange = [this, combo] { ComboGotoLine(combo); };
+  combo->OnLeave = [this] {
+    if (parent())
+      FocusEditorOn(*parent());
+  };
   return combo;
+}
+
+void TQVEditorToolbar::AddOpener(TQVNameCombo* combo, const QString& text, platform::TShortCut shortCut) {
+  QObject* const actions = platform::FindComponent(*parent(), EditorActionListName);
+  auto* const list = dynamic_cast<platform::TActionList*>(actions);
+  if (!list)
+    return;
+  auto* const action = new platform::TAction(this);
+  action->setText(text);
+  action->Category = QStringLiteral("Search");
+  action->SetShortCut(shortCut);
+  action->setEnabled(!isHidden());
+  action->OnExecute = [combo] {
+    if (GetTopView()) // what a list names is gone to in the top view
+      combo->Open();
+  };
+  list->Add(action);
+  FOpeners.push_back(action);
+}
+
+bool TQVEditorToolbar::event(QEvent* event) {
+  if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent) {
+    for (platform::TAction* const action : FOpeners)
+      action->setEnabled(!isHidden());
+  }
+  return QToolBar::event(event);
 }
 
 QToolButton* TQVEditorToolbar::NewMenuButton(const QString& name, TQVColumnMenu* menu, const QString& hint) {
@@ -297,14 +330,14 @@ void TQVEditorToolbar::OpenUnit(QObject* sender) {
   const auto view = GetTopView();
   const auto buffer = view ? view->GetBuffer() : nullptr;
   const auto search = OTASearchPathServices();
-  const TQVUnitFinder::TResult result =
+  const platform::TUnitFinder::TResult result =
       FUnitFinder.Find(unitName, buffer ? buffer->GetFileName() : QString(),
                        search ? search->GetSearchPath() : std::vector<platform::TOTASearchFolder>());
   if (!result.FileName.isEmpty()) {
     if (const auto services = OTAActionServices())
       services->OpenFile(result.FileName);
   } else if (const auto services = OTAMessageServices()) {
-    services->AddTitleMessage(NotFoundMessage(unitName, result.Folders));
+    services->AddTitleMessage(platform::UnitNotFoundMessage(unitName, result.Folders));
   }
 }
 

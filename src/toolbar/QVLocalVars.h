@@ -3,8 +3,9 @@
 #pragma once
 
 #include "analysis/QVPasInfo.h"
+#include "platform/Actions.h"
 #include "platform/ota/Editor.h"
-#include "toolbar/QVUnitFinder.h"
+#include "platform/UnitFinder.h"
 
 #include <QString>
 #include <QToolBar>
@@ -30,6 +31,9 @@ class TQVNameCombo;
 // UpdateViewToolBar, also those that tell nothing new, so a refresh touches only what differs. What the user is busy
 // with stays as it is: a list that has the keyboard focus (its drop-down included) until it loses it, an open menu
 // until it closes.
+//
+// Two actions in the action list of the form, for the host's menu "Search", open the lists. They are enabled while the
+// toolbar is shown. Escape in a list goes back to the text.
 //
 // Lines count from 0 here, and a negative line is that of an element which is not there. A broken contract is an
 // EAssertionFailed that names the unit QVLocalVars. Main thread only.
@@ -78,6 +82,7 @@ public:
   void OpenUnit(QObject* sender);
 
 protected:
+  bool event(QEvent* event) override;
   // Flat: the ground of the window and an edge below.
   void paintEvent(QPaintEvent* event) override;
 
@@ -86,6 +91,7 @@ private:
 
   TQVNameCombo* NewCombo(const QString& name, int width, const QString& hint);
   QToolButton* NewMenuButton(const QString& name, TQVColumnMenu* menu, const QString& hint);
+  void AddOpener(TQVNameCombo* combo, const QString& text, platform::TShortCut shortCut);
   // A menu of the toolbar and how it is filled.
   struct TFilledMenu {
     TQVColumnMenu* Menu;
@@ -105,6 +111,7 @@ private:
   TFilledMenu FUnitsMenu;
   QToolButton* FSectionsButton;
   QToolButton* FUnitsButton;
+  std::vector<platform::TAction*> FOpeners; // of the lists
 
   // What the menus show, or will show when they have closed.
   int FInterfaceLine = 0;
@@ -114,7 +121,7 @@ private:
   std::vector<std::string> FInterfaceUses;
   std::vector<std::string> FImplementationUses;
 
-  TQVUnitFinder FUnitFinder;
+  platform::TUnitFinder FUnitFinder;
 };
 
 // The toolbar of the editor form that shows `view`, which must not be null; null when there is no form or no toolbar.

@@ -4,6 +4,7 @@
 #include "platform/Application.h"
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QSignalBlocker>
@@ -117,6 +118,7 @@ TQVNameCombo::TQVNameCombo(int width, QWidget* parent)
   list->setUniformItemSizes(true);
   list->setTextElideMode(Qt::ElideMiddle);
   setView(list);
+  list->installEventFilter(this); // after the box itself, so that this comes first
   setItemDelegate(new TEntryDelegate(this));
   setMaxVisibleItems(kVisibleItems);
 
@@ -127,6 +129,47 @@ TQVNameCombo::TQVNameCombo(int width, QWidget* parent)
 void TQVNameCombo::Changed() {
   if (OnChange)
     platform::Guarded(OnChange);
+}
+
+void TQVNameCombo::Leave() {
+  SetText(FTextBefore, QString(FEntry));
+  if (OnLeave)
+    platform::Guarded(OnLeave);
+}
+
+void TQVNameCombo::Open() {
+  if (!isVisible())
+    return;
+  setFocus(Qt::ShortcutFocusReason);
+  lineEdit()->selectAll();
+  showPopup();
+}
+
+void TQVNameCombo::focusInEvent(QFocusEvent* event) {
+  if (event->reason() != Qt::PopupFocusReason) // else it comes back from the box's own list
+    FTextBefore = currentText();
+  QComboBox::focusInEvent(event);
+}
+
+void TQVNameCombo::keyPressEvent(QKeyEvent* event) {
+  const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
+  const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (isPlain && event->key() == Qt::Key_Escape)
+    Leave();
+  else if (isPlain && isEnter && FNames->IndexOf(currentText()) >= 0)
+    Changed();
+  else
+    QComboBox::keyPressEvent(event);
+}
+
+bool TQVNameCombo::eventFilter(QObject* watched, QEvent* event) {
+  const bool isEscape =
+      event->type() == QEvent::KeyPress && static_cast<const QKeyEvent*>(event)->key() == Qt::Key_Escape;
+  if (watched != view() || !isEscape)
+    return QComboBox::eventFilter(watched, event);
+  hidePopup();
+  Leave();
+  return true;
 }
 
 void TQVNameCombo::SetText(const QString& text, const QString& entry) {

@@ -57,6 +57,9 @@ private:
 // the entries keeps the text. There is no completion, and leaving the box with the name of an entry in it chooses
 // nothing.
 //
+// Escape, on the text as on the open list, gives up: the text is again what it was when the box got the focus, and
+// OnLeave is called. Enter chooses the entry that the text names.
+//
 // Beside its text the box has a current entry, where its list opens and from where the cursor keys go on. The two are
 // set together but may differ, as a text may name a thing more briefly than the list does.
 class TQVNameCombo final : public QComboBox {
@@ -67,6 +70,8 @@ public:
 
   // Called when the user has changed the text. What it throws goes to the application's exception handling.
   std::function<void()> OnChange;
+  // Called when the user has given up and wants the focus elsewhere; the same holds for what it throws.
+  std::function<void()> OnLeave;
 
   const TQVNameModel& Names() const { return *FNames; }
   // Shows `text`, and makes the entry named `entry` (without regard to case) the current one, now or as soon as there
@@ -79,6 +84,9 @@ public:
   void AddName(const QString& name, int line);
   void ClearNames();
 
+  // Takes the focus and opens the list, for choosing by the keys. Nothing happens while the box cannot be seen.
+  void Open();
+
   // Whether the keyboard works on this box, be it on its text or on its open list.
   bool HasFocus() const;
 
@@ -86,11 +94,15 @@ public:
   QSize minimumSizeHint() const override;
 
 protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   // Only a box that has the focus follows the wheel: rolling over it must not move the editor.
   void wheelEvent(QWheelEvent* event) override;
 
 private:
   void Changed();
+  void Leave();
   // Calls `change`, silently and with the text kept.
   template <class TChange> void KeepingText(TChange&& change);
   // The same for a change of the entries.
@@ -100,7 +112,8 @@ private:
 
   TQVNameModel* FNames;
   int FWidth;
-  QString FEntry; // that SetText has named
+  QString FEntry;      // that SetText has named
+  QString FTextBefore; // when the box got the focus
 };
 
 } // namespace quorvane

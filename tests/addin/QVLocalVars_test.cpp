@@ -480,6 +480,78 @@ TEST_P(QVLocalVarsContract, NamesTheUnitAndTheNumberOfTheCheck) {
 
 // Finding it.
 
+// The actions that open the lists.
+
+platform::TAction& Opener(const fakes::TEditWindow& window, const char* text) {
+  for (QAction* const action : window.Actions().Actions()) {
+    if (action->text() == QString::fromLatin1(text))
+      return dynamic_cast<platform::TAction&>(*action);
+  }
+  throw std::runtime_error(std::string("no action ") + text);
+}
+
+TEST_F(QVLocalVars, OffersItsListsInTheSearchMenuWithTheirKeys) {
+  const platform::TAction& types = Opener(Window, "Go to Type...");
+  const platform::TAction& routines = Opener(Window, "Go to Routine...");
+  EXPECT_EQ(types.Category, QStringLiteral("Search"));
+  EXPECT_EQ(routines.Category, QStringLiteral("Search"));
+  EXPECT_EQ(types.shortcut().toString(), QStringLiteral("Alt+Up"));
+  EXPECT_EQ(routines.shortcut().toString(), QStringLiteral("Alt+Down"));
+}
+
+TEST_F(QVLocalVars, ItsActionsOpenTheirLists) {
+  Show();
+  Toolbar->UpdateToolBar(*AnOutline());
+  Opener(Window, "Go to Type...").trigger();
+  EXPECT_TRUE(support::waitUntil([this] { return Classes().view()->isVisible(); }));
+  Classes().hidePopup();
+  Opener(Window, "Go to Routine...").trigger();
+  EXPECT_TRUE(support::waitUntil([this] { return Methods().view()->isVisible(); }));
+  Methods().hidePopup();
+}
+
+TEST_F(QVLocalVars, ItsActionsAreEnabledWhileItIsShown) {
+  const platform::TAction& types = Opener(Window, "Go to Type...");
+  Toolbar->hide();
+  EXPECT_FALSE(types.isEnabled());
+  Show();
+  EXPECT_TRUE(types.isEnabled());
+  Window.hide();
+  EXPECT_TRUE(types.isEnabled()) << "it is only its window that cannot be seen";
+  Toolbar->hide();
+  EXPECT_FALSE(types.isEnabled());
+}
+
+TEST_F(QVLocalVars, ItsActionsDoNothingWithoutAView) {
+  Show();
+  Toolbar->UpdateToolBar(*AnOutline());
+  Services->TopView = nullptr;
+  Opener(Window, "Go to Type...").trigger();
+  support::settle();
+  EXPECT_FALSE(Classes().view()->isVisible());
+  EXPECT_TRUE(Editor().hasFocus());
+}
+
+TEST_F(QVLocalVars, ItsActionsGoWithIt) {
+  const qsizetype count = Window.Actions().Actions().size();
+  delete Toolbar;
+  EXPECT_EQ(Window.Actions().Actions().size(), count - 2);
+}
+
+TEST_F(QVLocalVars, EscapeInAListGoesBackToTheTextAndNowhereElse) {
+  Show();
+  Toolbar->UpdateToolBar(*AnOutline());
+  View->Cursor = {7, 9};
+  Opener(Window, "Go to Routine...").trigger();
+  ASSERT_TRUE(support::waitUntil([this] { return Methods().view()->isVisible(); }));
+  QTest::keyClick(Methods().view(), Qt::Key_Down);
+  QTest::keyClick(Methods().view(), Qt::Key_Escape);
+  EXPECT_TRUE(support::waitUntil([this] { return Editor().hasFocus(); }));
+  EXPECT_EQ(Methods().currentText(), QStringLiteral("Walk"));
+  EXPECT_EQ(View->Cursor, (TOTAEditPos{7, 9}));
+  EXPECT_EQ(View->Paints, 0);
+}
+
 TEST_F(QVLocalVars, IsFoundByAViewOfItsForm) {
   EXPECT_EQ(GetEditorToolbar(View), Toolbar);
 }

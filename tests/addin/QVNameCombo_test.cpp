@@ -144,6 +144,121 @@ TEST_F(QVNameCombo, EntriesAreAtLeastFourteenPixelsHighAndAsHighAsTheirFont) {
   EXPECT_EQ(height(), Combo.fontMetrics().height());
 }
 
+// Choosing by the keys alone.
+
+class QVNameComboKeys : public QVNameCombo {
+protected:
+  QVNameComboKeys() {
+    Combo.OnLeave = [this] {
+      ++Leaves;
+      Editor().setFocus();
+    };
+    Combo.SetText(QStringLiteral("Beta"), QStringLiteral("Beta"));
+  }
+  // Shows the box, without the focus.
+  void ShowUnfocused() {
+    ShowCombo();
+    Focus(Editor());
+  }
+  void OpenList() {
+    Combo.Open();
+    ASSERT_TRUE(support::waitUntil([this] { return Combo.view()->isVisible(); }));
+  }
+
+  int Leaves = 0;
+};
+
+TEST_F(QVNameComboKeys, OpensItsListAtTheCurrentEntry) {
+  ShowUnfocused();
+  OpenList();
+  EXPECT_EQ(Combo.view()->currentIndex().row(), 1);
+  Combo.hidePopup();
+}
+
+TEST_F(QVNameComboKeys, EnterTakesTheEntryOfTheOpenList) {
+  ShowUnfocused();
+  OpenList();
+  QTest::keyClick(Combo.view(), Qt::Key_Down);
+  QTest::keyClick(Combo.view(), Qt::Key_Return);
+  EXPECT_EQ(Changes, QStringList{QStringLiteral("Gamma")});
+  EXPECT_EQ(Leaves, 0);
+}
+
+TEST_F(QVNameComboKeys, TypingSearchesTheOpenList) {
+  ShowUnfocused();
+  OpenList();
+  QTest::keyClicks(Combo.view(), QStringLiteral("al"));
+  QTest::keyClick(Combo.view(), Qt::Key_Return);
+  EXPECT_EQ(Changes, QStringList{QStringLiteral("Alpha")});
+}
+
+TEST_F(QVNameComboKeys, EscapeInTheOpenListLeavesAtOnceAndChangesNothing) {
+  ShowUnfocused();
+  OpenList();
+  QTest::keyClick(Combo.view(), Qt::Key_Down);
+  QTest::keyClick(Combo.view(), Qt::Key_Escape);
+  EXPECT_FALSE(Combo.view()->isVisible());
+  EXPECT_EQ(Leaves, 1);
+  EXPECT_EQ(Changes, QStringList());
+  EXPECT_EQ(Combo.currentText(), QStringLiteral("Beta"));
+  EXPECT_EQ(Combo.currentIndex(), 1);
+  EXPECT_TRUE(support::waitUntil([this] { return Editor().hasFocus(); }));
+}
+
+TEST_F(QVNameComboKeys, EscapeInTheTextPutsTheTextBack) {
+  ShowUnfocused();
+  Focus(Combo);
+  Combo.lineEdit()->selectAll();
+  QTest::keyClicks(&Combo, QStringLiteral("xyz"));
+  Changes.clear();
+  QTest::keyClick(&Combo, Qt::Key_Escape);
+  EXPECT_EQ(Combo.currentText(), QStringLiteral("Beta"));
+  EXPECT_EQ(Leaves, 1);
+  EXPECT_EQ(Changes, QStringList());
+}
+
+TEST_F(QVNameComboKeys, EnterChoosesTheNameInTheTextInAnyCase) {
+  ShowUnfocused();
+  Focus(Combo);
+  Combo.setEditText(QStringLiteral("gAMMA"));
+  QTest::keyClick(&Combo, Qt::Key_Return);
+  EXPECT_EQ(Changes, QStringList{QStringLiteral("gAMMA")});
+}
+
+TEST_F(QVNameComboKeys, EnterOnATextThatNamesNothingDoesNothing) {
+  ShowUnfocused();
+  Focus(Combo);
+  Combo.setEditText(QStringLiteral("Gam"));
+  QTest::keyClick(&Combo, Qt::Key_Return);
+  EXPECT_EQ(Changes, QStringList());
+  EXPECT_EQ(Leaves, 0);
+}
+
+TEST_F(QVNameComboKeys, OpensNothingWhileItIsHidden) {
+  ShowUnfocused();
+  Combo.hide();
+  Combo.Open();
+  support::settle();
+  EXPECT_TRUE(Editor().hasFocus());
+  EXPECT_FALSE(Combo.view()->isVisible());
+}
+
+TEST_F(QVNameComboKeys, WithoutEntriesTakesTheFocusAlone) {
+  ShowUnfocused();
+  Combo.ClearNames();
+  Combo.Open();
+  EXPECT_TRUE(support::waitUntil([this] { return Combo.hasFocus(); }));
+  EXPECT_FALSE(Combo.view()->isVisible());
+}
+
+TEST_F(QVNameComboKeys, WhatLeavingThrowsGoesToTheApplication) {
+  ShowUnfocused();
+  Focus(Combo);
+  Combo.OnLeave = [] { throw platform::Exception("no"); };
+  QTest::keyClick(&Combo, Qt::Key_Escape);
+  EXPECT_EQ(TakeReported(), Lines{"no"});
+}
+
 // Passes a list on and counts what is asked of it.
 class AskedList : public QIdentityProxyModel {
 public:

@@ -188,6 +188,34 @@ TEST_F(NavigationToolbar, ChoosingARoutinePutsItsLineAtTheTopAndTheKeyboardIntoT
   EXPECT_EQ(methods().currentText(), QStringLiteral("Rest"));
 }
 
+TEST_F(NavigationToolbar, AltDownAndEnterGoToARoutineFromTheText) {
+  openParsed(aUnit());
+  ASSERT_TRUE(support::waitUntil([this] { return methods().count() == 2; }));
+  QTest::keyClick(editor(), Qt::Key_Down, Qt::AltModifier);
+  ASSERT_TRUE(support::waitUntil([this] { return methods().view()->isVisible(); }));
+  QTest::keyClick(methods().view(), Qt::Key_End);
+  QTest::keyClick(methods().view(), Qt::Key_Return);
+  EXPECT_EQ(caretRow(), rowOf("procedure TAnt.Walk"));
+  EXPECT_TRUE(support::waitUntil([this] { return editor()->hasFocus(); }));
+}
+
+TEST_F(NavigationToolbar, AltUpAndEscapeComeBackToTheTextWithNothingChanged) {
+  openParsed(aUnit());
+  ASSERT_TRUE(support::waitUntil([this] { return classes().count() == 1; }));
+  const int row = rowOf("procedure TAnt.Walk") + 1;
+  putCaret(row, 3);
+  ASSERT_TRUE(comesTo(classes(), "TAnt"));
+  const QString text = editor()->toPlainText();
+  QTest::keyClick(editor(), Qt::Key_Up, Qt::AltModifier);
+  ASSERT_TRUE(support::waitUntil([this] { return classes().view()->isVisible(); }));
+  QTest::keyClick(classes().view(), Qt::Key_Escape);
+  EXPECT_TRUE(support::waitUntil([this] { return editor()->hasFocus(); }));
+  EXPECT_EQ(caretRow(), row);
+  EXPECT_EQ(editor()->property("CaretX").toInt(), 3);
+  EXPECT_EQ(classes().currentText(), QStringLiteral("TAnt"));
+  EXPECT_EQ(editor()->toPlainText(), text);
+}
+
 TEST_F(NavigationToolbar, ChoosingASectionPutsItsLineAtTheTop) {
   openParsed(aUnit());
   ASSERT_TRUE(hasMenus());

@@ -58,6 +58,7 @@ TEditControl::TEditControl(QWidget* parent)
   setViewport(viewport_);
   document()->documentLayout()->setPaintDevice(
       viewport_); // Qt would go on with the viewport that has just been replaced
+  hotLink_ = new HotLink(this);
   viewport_->setAcceptDrops(true);
   viewport_->setCursor(Qt::IBeamCursor);
   viewport_->setAttribute(Qt::WA_OpaquePaintEvent);
@@ -75,6 +76,7 @@ TEditControl::TEditControl(QWidget* parent)
 
 TEditControl::~TEditControl() {
   send(platform::WM_DESTROY, 0, nullptr);
+  delete hotLink_; // it listens to parts that go with the base classes
   // What the base classes still signal while they go finds nobody here any more.
   disconnect(this, nullptr, this, nullptr);
   horizontalScrollBar()->disconnect(this);
@@ -87,6 +89,8 @@ void TEditControl::connectSignals() {
   connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TEditControl::onCaretMoved);
   connect(this, &QPlainTextEdit::selectionChanged, this, &TEditControl::requestPaint);
   connect(blink_, &CaretBlink::toggled, this, [this] { requestCopy(caretRect().translated(gutterWidth_, 0)); });
+  connect(hotLink_, &HotLink::changed, this,
+          [this](const QRect& area) { requestCopy(area.translated(gutterWidth_, 0)); });
   connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &TEditControl::alignHorizontalRange);
   connect(horizontalScrollBar(), &QScrollBar::valueChanged, this, &TEditControl::alignHorizontalValue);
   // Qt's own handling of page steps would move the text before the message is sent; the bar's is as good, one line
@@ -98,6 +102,7 @@ void TEditControl::connectSignals() {
 
 void TEditControl::showDocument(QTextDocument* document, Colouring colouring) {
   QTextDocument& shown = document != nullptr ? *document : *empty_;
+  hotLink_->clear();
   if (highlighter_)
     highlighter_->disconnect(this);
   this->document()->documentLayout()->setPaintDevice(nullptr); // the document in front so far may outlive the viewport

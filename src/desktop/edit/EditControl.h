@@ -4,6 +4,7 @@
 #include "desktop/edit/CellFont.h"
 #include "desktop/edit/CellLayout.h"
 #include "desktop/edit/ColorScheme.h"
+#include "desktop/edit/HotLink.h"
 #include "desktop/edit/Indentation.h"
 #include "desktop/edit/PascalHighlighter.h"
 #include "platform/Canvas.h"
@@ -31,12 +32,6 @@ struct EditState {
   int anchor = 0;   // the other end of the selection; equals caret when nothing is selected
   int topLine = 0;  // the first visible line, from 0
   int leftCell = 0; // the first visible cell, from 0
-};
-
-// A part of a line: its first UTF-16 unit, from 0, and how many there are.
-struct UnitSpan {
-  int start = 0;
-  int length = 0;
 };
 
 // How a document is coloured.
@@ -183,6 +178,9 @@ public:
   // The frames in sight, in pixels of the client area.
   QList<QRect> frames() const;
 
+  // What becomes a link under the mouse; it finds none at first. Its line lies over the picture as the frames do.
+  HotLink* hotLink() const { return hotLink_; }
+
   // The image of the client area as add-ins and the host have painted it, the caret apart.
   const QImage& picture() const { return surface_; }
 
@@ -275,7 +273,7 @@ private:
   int left() const { return x(); }
   int top() const { return y(); }
   int cursorShape() const { return static_cast<int>(viewport()->cursor().shape()); }
-  QString hotlinkText() const { return {}; } // this control has no hot links
+  QString hotlinkText() const { return hotLink_->text(); }
   qlonglong blockBegin() const;
   qlonglong blockAfter() const;
   qlonglong searchBegin() const { return packedPosition(searchBegin_); }
@@ -287,6 +285,7 @@ private:
   EditViewport* viewport_;
   QWidget* gutter_;
   CaretBlink* blink_;
+  HotLink* hotLink_;
   QTextDocument* empty_; // shown while there is no other document
   QPointer<PascalHighlighter> highlighter_;
 

@@ -121,6 +121,7 @@ void TEditControl::paintEvent(QPaintEvent* event) {
   painter.drawImage(-gutterWidth_, 0, surface_);
   paintMargin(painter);
   paintFrames(painter);
+  hotLink_->paint(painter, scheme_.text);
   paintCaret(painter);
 }
 

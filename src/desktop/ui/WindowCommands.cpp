@@ -18,6 +18,7 @@
 #include "desktop/ui/ResultsPanel.h"
 #include "desktop/ui/ResultWalk.h"
 #include "desktop/ui/SearchPathDialog.h"
+#include "desktop/ui/UnitLinks.h"
 #include "desktop/ui/Workspace.h"
 #include "platform/Application.h"
 #include "platform/Component.h"
@@ -177,6 +178,10 @@ void WindowCommands::showResults() {
   frame_->resultsPanel()->enter();
 }
 
+void WindowCommands::openUnit() {
+  unitLinks_->openAtCaret();
+}
+
 void WindowCommands::zoom(int steps) {
   workspace_.appearance().setFontPoints(workspace_.appearance().fontPoints() + steps);
 }
@@ -291,6 +296,7 @@ void WindowCommands::update() {
         "EditDuplicateCommand", "EditMoveUpCommand", "EditMoveDownCommand"})
     enable(name, writable && line == nullptr);
   enable("SearchGoToCommand", open || workspace_.topPage() != nullptr);
+  enable("SearchOpenUnitCommand", open && shown->isPascal());
   for (const char* const name : {"SearchNextResultCommand", "SearchPreviousResultCommand"})
     enable(name, workspace_.results().count() > 0);
   for (const char* const name : {"ViewNextTabCommand", "ViewPreviousTabCommand"})

@@ -18,6 +18,7 @@ class MainWindow;
 class Page;
 class TEditControl;
 class TEditWindow;
+class UnitLinks;
 class Workspace;
 
 // The menus of one frame and what they do to its editor window.
@@ -90,6 +91,7 @@ private:
   void findPreviousWord();
   void replace();
   void goToLine();
+  void openUnit();
   void nextResult();
   void previousResult();
   void showResults();
@@ -111,6 +113,7 @@ private:
   MainWindow* frame_;
   TEditWindow* window_;
   TEditControl* editor_;
+  UnitLinks* unitLinks_;
   Workspace& workspace_;
 };
 

@@ -7,6 +7,7 @@
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/RecentMenu.h"
+#include "desktop/ui/UnitLinks.h"
 #include "desktop/ui/Workspace.h"
 #include "platform/Actions.h"
 #include "platform/Application.h"
@@ -22,7 +23,8 @@
 namespace desktop {
 
 WindowCommands::WindowCommands(MainWindow* frame, Workspace& workspace)
-    : QObject(frame), frame_(frame), window_(frame->editWindow()), editor_(window_->editor()), workspace_(workspace) {
+    : QObject(frame), frame_(frame), window_(frame->editWindow()), editor_(window_->editor()),
+      unitLinks_(new UnitLinks(window_, workspace)), workspace_(workspace) {
   buildFileMenu();
   buildEditMenu();
   buildSearchMenu();
@@ -98,6 +100,8 @@ void WindowCommands::buildSearchMenu() {
           &WindowCommands::replace},
       Row{},
       Row{"SearchGoToCommand", QT_TR_NOOP("&Go to Line Number..."), "Ctrl+G", "go-jump", &WindowCommands::goToLine},
+      Row{"SearchOpenUnitCommand", QT_TR_NOOP("Op&en Unit at Caret"), "Alt+Return; Alt+Enter", "",
+          &WindowCommands::openUnit},
       Row{},
       Row{"SearchNextResultCommand", QT_TR_NOOP("Ne&xt Result"), "F8", "", &WindowCommands::nextResult},
       Row{"SearchPreviousResultCommand", QT_TR_NOOP("Previous Res&ult"), "Shift+F8", "",

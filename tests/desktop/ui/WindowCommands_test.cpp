@@ -69,7 +69,8 @@ TEST_F(WindowCommandsTest, SearchMenuHoldsItsCommands) {
   EXPECT_EQ(texts(menu(QStringLiteral("SearchMenu"))->actions()),
             (QStringList{QStringLiteral("&Find..."), QStringLiteral("Find &Next"), QStringLiteral("Find &Previous"),
                          QStringLiteral("Next &Word at Caret"), QStringLiteral("Previous W&ord at Caret"),
-                         QStringLiteral("&Replace..."), QStringLiteral("-"), QStringLiteral("&Go to Line Number...")}));
+                         QStringLiteral("&Replace..."), QStringLiteral("-"), QStringLiteral("&Go to Line Number..."),
+                         QStringLiteral("Op&en Unit at Caret")}));
 }
 
 TEST_F(WindowCommandsTest, SearchMenuShowsWhatAddInsListForIt) {

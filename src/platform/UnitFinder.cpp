@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "toolbar/QVUnitFinder.h"
+#include "platform/UnitFinder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-namespace quorvane {
+namespace platform {
 
 namespace {
 
@@ -36,15 +36,15 @@ QString FindInFolder(const QString& folder, const QString& unitName) {
 
 } // namespace
 
-TQVUnitFinder::TResult TQVUnitFinder::Find(const QString& unitName, const QString& currentFile,
-                                           const std::vector<platform::TOTASearchFolder>& path) const {
+TUnitFinder::TResult TUnitFinder::Find(const QString& unitName, const QString& currentFile,
+                                       const std::vector<TOTASearchFolder>& path) const {
   TResult result;
   const QFileInfo current(currentFile);
   if (current.isAbsolute()) {
     result.Folders.append(current.absolutePath());
     result.FileName = FindInFolder(current.absolutePath(), unitName);
   }
-  for (const platform::TOTASearchFolder& folder : path) {
+  for (const TOTASearchFolder& folder : path) {
     if (!result.FileName.isEmpty())
       break;
     const QString root = QDir::cleanPath(folder.Path);
@@ -57,7 +57,7 @@ TQVUnitFinder::TResult TQVUnitFinder::Find(const QString& unitName, const QStrin
 }
 
 // Breadth first, so that what is near to the root is found first and not lost to the limit.
-QString TQVUnitFinder::FindInTree(const QString& root, const QString& unitName) const {
+QString TUnitFinder::FindInTree(const QString& root, const QString& unitName) const {
   QStringList folders{root};
   for (qsizetype next = 0; next < folders.size() && next < FFolderLimit; ++next) {
     const QFileInfoList entries =
@@ -72,4 +72,10 @@ QString TQVUnitFinder::FindInTree(const QString& root, const QString& unitName) 
   return {};
 }
 
-} // namespace quorvane
+QString UnitNotFoundMessage(const QString& unitName, const QStringList& folders) {
+  return folders.isEmpty()
+             ? QStringLiteral("Unit %1 was not found: there is no folder to search.").arg(unitName)
+             : QStringLiteral("Unit %1 was not found. Folders searched: %2").arg(unitName, folders.join(u", "));
+}
+
+} // namespace platform
