@@ -186,6 +186,8 @@ private:
   // Whether `character`, just typed, was the key of a template that has expanded now. With a selection it never is.
   bool ExpandsTemplate(char32_t character);
   QString NameBeforeCaret() const;
+  // Drops a marker at each of the caret stops of the template that has been typed.
+  void MarkStops(platform::IOTAEditView& view, std::span<const platform::TOTAEditPos> stops);
 
   // A new action of the list, which the host's menu for searching shows.
   platform::TAction* AddSearchAction(const QString& text, platform::TShortCut shortCut, std::function<void()> execute);

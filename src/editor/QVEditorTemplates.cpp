@@ -84,15 +84,24 @@ bool TQVEditorProxy::DoTemplate(const QString& name) {
   const QScopedValueRollback guard(TemplateGuard, false);
   Painted = false;
   const auto stops = TypeTemplate(*view, static_cast<int>(name.size()), text.toUcs4());
-  for (const platform::TOTAEditPos& stop : stops) {
-    view->GetPosition()->Move(stop.Line, stop.Col);
-    DropMarker();
-  }
+  MarkStops(*view, stops);
   if (!stops.empty() && QVMarkerStackManager) {
     QVMarkerStackManager->ReverseTop(static_cast<std::int32_t>(stops.size()));
     PickupMarker();
   }
   return true;
+}
+
+// In a group, which holds the caret, so that the control need not follow it from stop to stop.
+void TQVEditorProxy::MarkStops(platform::IOTAEditView& view, std::span<const platform::TOTAEditPos> stops) {
+  if (stops.empty())
+    return;
+  const auto group = view.GetBuffer()->BeginUndoGroup();
+  const auto position = view.GetPosition();
+  for (const platform::TOTAEditPos& stop : stops) {
+    position->Move(stop.Line, stop.Col);
+    DropMarker();
+  }
 }
 
 bool TQVEditorProxy::ExpandsTemplate(char32_t character) {

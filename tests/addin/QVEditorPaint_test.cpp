@@ -3,6 +3,8 @@
 #include "editor/QVMarkerStack.h"
 #include "platform/Errors.h"
 
+#include <numeric>
+
 namespace quorvane {
 namespace {
 
@@ -427,13 +429,15 @@ protected:
   QVEditorPaintMarkers() { QVMarkerStackManager = Stack; }
 
   // Writes a number as a marker's is to be, with its corner at a pixel, by hand, over the host's picture.
-  QImage HostWithNumber(QPoint corner, int value) {
+  QImage HostWithNumber(QPoint corner, int value) { return HostWithNumbers(corner, {value}); }
+  QImage HostWithNumbers(QPoint corner, const std::vector<int>& values) {
     PictureOfTheHost();
     platform::TCanvas canvas = Editor().Canvas();
     canvas.Brush.Style = platform::bsClear;
     canvas.Font.Color = 0x008000;
     canvas.Font.Face.setPointSize(8);
-    canvas.TextOut(corner.x(), corner.y(), QString::number(value));
+    for (const int value : values)
+      canvas.TextOut(corner.x(), corner.y(), QString::number(value));
     return Editor().Picture().copy();
   }
 
@@ -497,6 +501,38 @@ TEST_F(QVEditorPaintMarkers, ShowNoNumberAtAColumnThatIsNoPosition) {
   const QImage host = PictureOfTheHost();
   Stack->Markers = {{1, 65536 + 3, 7}};
   EXPECT_EQ(PictureAfterPaint(), host);
+}
+
+TEST_F(QVEditorPaintMarkers, ShowAllTheNumbersOfAFewAtOnePlaceTheLastOnTop) {
+  Show("begin", 20, 5, 0);
+  const QSize cell = Editor().CellSize();
+  const QPoint corner(2 * cell.width() - cell.width() / 2, cell.height() - cell.height() / 2);
+  const QImage expected = HostWithNumbers(corner, {1, 4, 7});
+  Stack->Markers = {{1, 3, 1}, {1, 3, 4}, {1, 3, 7}};
+  EXPECT_EQ(PictureAfterPaint(), expected);
+}
+
+TEST_F(QVEditorPaintMarkers, ShowTheLastTwentyNumbersOfManyAtOnePlace) {
+  Show("begin", 20, 5, 0);
+  const QSize cell = Editor().CellSize();
+  const QPoint corner(2 * cell.width() - cell.width() / 2, cell.height() - cell.height() / 2);
+  std::vector<int> last(20);
+  std::iota(last.begin(), last.end(), 181);
+  const QImage expected = HostWithNumbers(corner, last);
+  for (int count = 1; count <= 200; ++count)
+    Stack->Markers.push_back({1, 3, count});
+  EXPECT_EQ(PictureAfterPaint(), expected);
+}
+
+TEST_F(QVEditorPaintMarkers, ReachIntoTheViewFromWhatIsLeftOfIt) {
+  Show(std::string(60, 'x'), 20, 5, 0);
+  View->TopPos.Col = 11;
+  const QSize cell = Editor().CellSize();
+  const QImage expected =
+      HostWithNumber({-2 * cell.width() - cell.width() / 2, cell.height() - cell.height() / 2}, 12345678);
+  EXPECT_NE(PictureOfTheHost(), expected);
+  Stack->Markers = {{1, 9, 12345678}};
+  EXPECT_EQ(PictureAfterPaint(), expected);
 }
 
 // Line numbers in the host's gutter.

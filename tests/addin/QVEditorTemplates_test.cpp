@@ -327,15 +327,19 @@ TEST_F(QVEditorTemplates, TheStatisticsHearOfNoControlCharacterThatTheHostIgnore
 TEST_F(QVEditorTemplates, NameAndTextAreOneStepOfUndo) {
   Put("two^");
   int open = 0;
+  int opened = 0;
   struct TWatch : TStatClient {
     std::function<void()> OnTyped;
     void CharTyped(char32_t) override { OnTyped(); }
   };
   const auto client = std::make_shared<TWatch>();
-  client->OnTyped = [&] { open = std::max(open, Buffer->OpenGroups); };
+  client->OnTyped = [&] {
+    open = std::max(open, Buffer->OpenGroups);
+    opened = Buffer->GroupsOpened;
+  };
   QVEditorStatClient = client;
   Type(U' ');
-  EXPECT_EQ(Buffer->GroupsOpened, 1);
+  EXPECT_EQ(opened, 1);
   EXPECT_EQ(open, 1);
   EXPECT_EQ(Buffer->OpenGroups, 0);
 }

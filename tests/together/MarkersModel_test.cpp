@@ -9,8 +9,8 @@ namespace together {
 namespace {
 
 // What markers are expected to do, by the positions of an edit alone, which either inserts or removes. Steps of undo
-// are made of one or several edits. A marker whose line a step takes comes back with undo, unless it has met another
-// one meanwhile: then both stay together.
+// are made of one or several edits. Undo and redo bring each marker back to the row that it had in that state of the
+// text, unless it has met another one meanwhile: then both stay together where the one above of them was.
 class LineModel {
 public:
   struct Edit {
@@ -21,13 +21,15 @@ public:
 
   explicit LineModel(const QString& text) : text_(text) {}
 
+  // Before the first edit.
   void drop(int row) {
     rows_.push_back(row);
-    lost_.emplace_back();
+    states_ = {rows_};
   }
   const std::vector<int>& rows() const { return rows_; }
   const QString& text() const { return text_; }
   bool canUndo() const { return !done_.empty(); }
+  bool canRedo() const { return !undone_.empty(); }
   // The blanks with which the line of `position` begins, as far as they are before it.
   QString indentationAt(int position) const {
     const QString before = text_.first(position);
@@ -36,27 +38,21 @@ public:
     return line.first(end - line.begin());
   }
 
-  using Step = std::vector<Edit>;
-
-  void begin() {
-    done_.emplace_back();
-    before_ = rows_;
-  }
-  // Makes an edit of the step that was begun last.
+  // A step of undo: begin, the edits, and finish.
+  void begin() { done_.emplace_back(); }
   void add(const Edit& edit) {
-    const int end = edit.position + static_cast<int>(edit.removed.size());
-    const std::size_t steps = done_.size() - 1;
-    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
-      auto& lost = lost_[marker];
-      if (takesLine(rows_[marker], edit.position, end) && (lost.empty() || lost.back().first != steps))
-        lost.emplace_back(steps, before_[marker]);
-    }
     change(edit);
     done_.back().push_back(edit);
+  }
+  void finish() {
+    undone_.clear();
+    states_.resize(done_.size());
+    states_.push_back(rows_);
   }
   void apply(const Edit& edit) {
     begin();
     add(edit);
+    finish();
   }
   // Makes an edit that goes on with the one before, with which it will be undone.
   void goOn(const Edit& edit) {
@@ -65,39 +61,47 @@ public:
     last.inserted += edit.inserted;
     last.removed = edit.position < last.position ? edit.removed + last.removed : last.removed + edit.removed;
     last.position = std::min(edit.position, last.position);
+    finish();
   }
 
-  Step undo() {
+  void undo() {
     const Step step = done_.back();
     done_.pop_back();
-    const std::vector<int> before = rows_;
     for (auto edit = step.rbegin(); edit != step.rend(); ++edit)
-      change({edit->position, edit->inserted, edit->removed});
-    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
-      for (auto& lost = lost_[marker]; !lost.empty() && lost.back().first == done_.size(); lost.pop_back())
-        rows_[marker] = lost.back().second;
-    }
-    std::map<int, int> together;
-    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
-      int& row = together.try_emplace(before[marker], rows_[marker]).first->second;
-      row = std::min(row, rows_[marker]);
-    }
-    std::ranges::transform(before, rows_.begin(), [&together](int row) { return together.at(row); });
-    return step;
+      text_.replace(edit->position, edit->inserted.size(), edit->removed);
+    undone_.push_back(step);
+    travel();
+  }
+  void redo() {
+    const Step step = undone_.back();
+    undone_.pop_back();
+    for (const Edit& edit : step)
+      text_.replace(edit.position, edit.removed.size(), edit.inserted);
+    done_.push_back(step);
+    travel();
   }
 
 private:
   int rowAt(int position) const { return static_cast<int>(QStringView(text_).first(position).count(u'\n')) + 1; }
   bool isLineStart(int position) const { return position == 0 || text_[position - 1] == u'\n'; }
 
-  // Whether removing a stretch takes the first character of line `row`, or joins the line to the one above.
-  bool takesLine(int row, int begin, int end) const {
-    const int first = rowAt(begin);
-    const int last = rowAt(end);
-    const bool goesUpWhole = isLineStart(begin) && isLineStart(end) && row == last;
-    if (begin == end || row < first || row > last || goesUpWhole)
-      return false;
-    return row > first || isLineStart(begin);
+  // Of markers that are on one row, those whose row was further down go along with the highest from now on.
+  void travel() {
+    std::vector<int>& state = states_[done_.size()];
+    std::map<int, std::size_t> highest; // marker by the row before
+    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
+      std::size_t& best = highest.try_emplace(rows_[marker], marker).first->second;
+      if (state[marker] < state[best])
+        best = marker;
+    }
+    for (std::size_t marker = 0; marker < rows_.size(); ++marker) {
+      const std::size_t leader = highest.at(rows_[marker]);
+      if (state[marker] == state[leader])
+        continue;
+      for (std::vector<int>& each : states_)
+        each[marker] = each[leader];
+    }
+    rows_ = state;
   }
 
   void change(const Edit& edit) {
@@ -115,20 +119,23 @@ private:
     text_.replace(begin, edit.removed.size(), edit.inserted);
   }
 
+  using Step = std::vector<Edit>;
+
   QString text_;
   std::vector<int> rows_;
-  std::vector<std::vector<std::pair<std::size_t, int>>> lost_; // of each marker: after how many steps, and its row then
+  std::vector<std::vector<int>> states_; // the rows after each number of steps, also of those that are undone
   std::vector<Step> done_;
-  std::vector<int> before_; // the rows before the step that was begun last
+  std::vector<Step> undone_;
 };
 
-using MarkersAndModel = MarkerFixture;
+class MarkersAndModel : public MarkerFixture, public testing::WithParamInterface<unsigned> {};
+INSTANTIATE_TEST_SUITE_P(Of, MarkersAndModel, testing::Range(1U, 11U));
 
-TEST_F(MarkersAndModel, StandWhereAModelSaysAfterTenThousandRandomEdits) {
+TEST_P(MarkersAndModel, StandWhereAModelSaysAfterRandomEditsAndStepsThroughTheirHistory) {
   openWithAddIn(QByteArray("x := 1;\n").repeated(100));
   QTextDocument& document = *window()->currentPage()->document();
   const QString file = window()->currentPage()->document()->fileName();
-  std::mt19937 random(4711);
+  std::mt19937 random(GetParam());
   const auto upTo = [&](int most) { return std::uniform_int_distribution(0, most)(random); };
   LineModel model(document.toPlainText());
   const auto marked = services->GetTopView();
@@ -185,30 +192,35 @@ TEST_F(MarkersAndModel, StandWhereAModelSaysAfterTenThousandRandomEdits) {
     }
     position->InsertCharacter(U'z'); // some edit there must be
     model.add({at, {}, QStringLiteral("z")});
+    model.finish();
   };
 
-  std::vector<LineModel::Step> undone;
+  int redone = 0;
+  bool travels = false; // the last round went through the history
   const QStringList pieces = {QStringLiteral("\n"),    QStringLiteral("a"),      QStringLiteral("\n\n"),
                               QStringLiteral("b\n"),   QStringLiteral("\nc"),    QStringLiteral("d\ne\n"),
                               QStringLiteral("  f\n"), QStringLiteral("\n  g h")};
-  for (int round = 0; round < 10'000; ++round) {
-    if (round == 5'000)
+  constexpr int rounds = 1'000;
+  for (int round = 0; round < rounds; ++round) {
+    if (round == rounds / 2)
       workspace.openFile(file);
-    const int kind = upTo(9);
+    const int kind = upTo(travels ? 3 : 9);
+    travels = true;
     if (kind == 0 && model.canUndo()) {
       document.undo();
-      undone.push_back(model.undo());
-    } else if (kind == 1 && !undone.empty() && undone.back().size() == 1) { // of a group redo sees the sum alone
+      model.undo();
+    } else if (kind == 1 && model.canRedo()) {
       document.redo();
-      model.apply(undone.back().front());
-      undone.pop_back();
+      model.redo();
+      ++redone;
     } else if (kind == 2) {
       pressKeys();
-      undone.clear();
+      travels = false;
     } else if (kind == 3) {
       typeGroup();
-      undone.clear();
+      travels = false;
     } else {
+      travels = false;
       const QString& text = model.text();
       const int size = static_cast<int>(text.size());
       const int position = upTo(size);
@@ -226,11 +238,11 @@ TEST_F(MarkersAndModel, StandWhereAModelSaysAfterTenThousandRandomEdits) {
       cursor.insertText(edit.inserted);
       cursor.endEditBlock();
       model.apply(edit);
-      undone.clear();
     }
     ASSERT_EQ(document.toPlainText(), model.text()) << round;
     ASSERT_EQ(rowsOf(file), model.rows()) << round;
   }
+  EXPECT_GT(redone, 10);
   for (int marker = 49; marker >= 0; --marker)
     ASSERT_EQ(pickUp()[0], model.rows()[static_cast<std::size_t>(marker)]) << marker;
 }

@@ -100,11 +100,12 @@ void TrackedLines::noteChange(int position, int /*removed*/, int added) {
 void TrackedLines::finishEdit() {
   const EditBlock block{turnOfLastBlock(), document_.availableUndoSteps(), changedLines()};
   moveLines(&block);
+  const bool hasFuture = document_.isRedoAvailable(); // also after an edit block in which nothing was edited
   for (Line& line : lines_) {
-    if (block.turn == Turn::Edit)
-      line.laters.clear();
-    else if (block.turn == Turn::Anew)
+    if (block.turn == Turn::Anew)
       line.forgetPast();
+    else if (!hasFuture)
+      line.laters.clear();
     line.complete = line.number;
   }
   steps_ = block.steps;

@@ -33,6 +33,22 @@ QTextCursor caretOf(const Page& page) {
   return caret;
 }
 
+// What is passed begins at the stop of tabs before `from`, so that the tabs in it have their widths.
+LineColumn goOnTo(int column, const LineColumn& from, int tabWidth) {
+  const QTextBlock block = from.cursor.block();
+  const int start = from.cursor.position();
+  const int blanks = (from.column - 1) % std::max(tabWidth, 1);
+  const int stop = from.column - 1 - blanks;
+  const int most = 2 * (std::min(column - from.column, block.length()) + 1); // units: a character has a cell at least
+  QTextCursor passed = from.cursor;
+  passed.setPosition(start);
+  passed.setPosition(std::min(start + most, block.position() + block.length() - 1), QTextCursor::KeepAnchor);
+  const QString text = QString(blanks, u' ') + passed.selectedText();
+  const qsizetype unit = unitOfColumn(text, column - stop, tabWidth);
+  passed.setPosition(start + static_cast<int>(unit) - blanks);
+  return {passed, stop + columnOfUnit(text, unit, tabWidth)};
+}
+
 void putCaret(Page& page, const QTextCursor& caret, bool scrolls) {
   if (scrolls && page.isCurrent()) { // scrolling back to where the page was would only cost time
     page.window()->editor()->setTextCursor(caret);

@@ -90,21 +90,27 @@ TOTAEditPos PageView::GetCursorPos() {
   return {static_cast<std::int16_t>(GetColumn()), GetRow()};
 }
 
-// Clipped to the text.
-QTextCursor PageView::cursorAt(int row, int column) const {
+// Clipped to the text. Who goes along a line inside a group passes over it only once.
+LineColumn PageView::placeAt(int row, int column) const {
   const SourceDocument& document = *page().document();
   const QTextBlock block = document.findBlockByNumber(std::clamp(row, 1, document.blockCount()) - 1);
-  QTextCursor cursor(block);
-  cursor.setPosition(block.position() + static_cast<int>(unitOfColumn(block.text(), column, control().tabWidth())));
-  return cursor;
+  const int clipped = std::max(column, 1);
+  const auto group = buffer_->undoGroup();
+  const std::optional<int> known = group != nullptr ? group->column() : std::nullopt;
+  if (known && *known <= clipped && group->caret().block() == block)
+    return goOnTo(clipped, {group->caret(), *known}, control().tabWidth());
+  return goOnTo(clipped, {QTextCursor(block), 1}, control().tabWidth());
 }
 
 void PageView::SetCursorPos(const TOTAEditPos& position) {
-  setCaret(cursorAt(position.Line, position.Col), Scrolling::None);
+  setCaret(placeAt(position.Line, position.Col).cursor, Scrolling::None);
 }
 
 void PageView::Move(int row, int column) {
-  setCaret(cursorAt(row, column), Scrolling::ToCaret);
+  const LineColumn place = placeAt(row, column);
+  setCaret(place.cursor, Scrolling::ToCaret);
+  if (const auto group = buffer_->undoGroup())
+    group->rememberColumn(place.column);
 }
 
 void PageView::GotoLine(int row) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "desktop/ide/PageBuffer.h"
+#include "desktop/ide/PageCaret.h"
 #include "platform/ota/Editor.h"
 
 #include <QPointer>
@@ -58,7 +59,7 @@ private:
   // The caret with its selection; inside an undo group the one that the page will have.
   QTextCursor caret() const;
   void setCaret(const QTextCursor& caret, Scrolling scrolling);
-  QTextCursor cursorAt(int row, int column) const;
+  LineColumn placeAt(int row, int column) const;
   // Changes the text at the caret, unless it can only be read. `change` takes the caret, which it moves, and its column
   // if that is known, and returns the column afterwards if that is known then.
   template <class TChange> void edit(TChange&& change);
