@@ -5,14 +5,15 @@
 #include "desktop/edit/Indentation.h"
 #include "desktop/ui/CloseButton.h"
 #include "desktop/ui/TextReplace.h"
+#include "desktop/ui/WorkProgress.h"
 
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QProgressDialog>
 #include <QSignalBlocker>
 #include <QTextBlock>
 #include <QToolButton>
@@ -50,6 +51,41 @@ QCheckBox* makeOption(const QString& name, const QString& text) {
   option->setObjectName(name);
   return option;
 }
+
+// Milliseconds that a search may take which nobody has asked for by Enter or a command: while the text is typed, and
+// for the frames of a paint.
+constexpr int typingPatience = 300;
+constexpr int paintPatience = 100;
+
+// Finds what is framed. A pattern that takes too long for a paint gets no frames any more.
+class FrameFinder {
+public:
+  FrameFinder(const TextMatcher& matcher, const SearchRange& range) : matcher_(matcher), range_(range) {}
+
+  // To be called for one line after the other in each paint.
+  std::vector<UnitSpan> operator()(const QTextBlock& block) {
+    std::vector<UnitSpan> spans;
+    if (block.blockNumber() <= line_ || !paint_.isValid())
+      paint_.start();
+    line_ = block.blockNumber();
+    isSlow_ = isSlow_ || paint_.elapsed() > paintPatience;
+    if (isSlow_)
+      return spans;
+    const bool whole = matcher_.forEach(block.text(), [&](const LineMatch& match) {
+      if (range_.covers(block, match))
+        spans.push_back({match.start, match.length});
+      return true;
+    });
+    return whole ? spans : std::vector<UnitSpan>();
+  }
+
+private:
+  TextMatcher matcher_;
+  SearchRange range_;
+  QElapsedTimer paint_;
+  int line_ = -1; // the one asked for last, from 0
+  bool isSlow_ = false;
+};
 
 bool selectsTheSame(const QTextCursor& left, const QTextCursor& right) {
   return !left.isNull() && !right.isNull() && left.document() == right.document() &&
@@ -185,9 +221,17 @@ void FindBar::find(SearchDirection direction) {
 }
 
 void FindBar::findFrom(const QTextCursor& from, SearchDirection direction) {
-  select(findMatch(*editor_->document(), matcher_, range(), from, direction),
-         direction == SearchDirection::Forward ? tr("Reached the end, went on from the top")
-                                               : tr("Reached the top, went on from the end"));
+  QTextDocument& document = *editor_->document();
+  WorkProgress progress(lookingFor(), 2 * document.blockCount(), document, *this);
+  const SearchHit hit =
+      findMatch(document, matcher_, range(), from, direction, [&](int lines) { return progress.goOn(lines); });
+  if (!progress.hasWindow()) // nor is there this bar
+    return;
+  if (hit.stopped)
+    showFound(true, tr("Stopped"));
+  else
+    select(hit, direction == SearchDirection::Forward ? tr("Reached the end, went on from the top")
+                                                      : tr("Reached the top, went on from the end"));
   startHere();
 }
 
@@ -225,28 +269,42 @@ void FindBar::replace() {
 void FindBar::replaceAll() {
   if (!canReplace())
     return;
-  const QPointer<QTextDocument> document = editor_->document();
-  const int revision = document->revision();
-  const QPointer<QProgressDialog> progress =
-      new QProgressDialog(tr("Looking for \u201c%1\u201d...").arg(text()), tr("Stop"), 0, document->blockCount(), this);
-  progress->setWindowModality(Qt::WindowModal);
-  const auto goOn = [&](int lines) {
-    progress->setValue(lines); // which lets the user press the button
-    return progress && !progress->wasCanceled() && document && document->revision() == revision;
-  };
-  const auto replacements = collectReplacements(*document, matcher_, range(), replacement_->text(), goOn);
-  if (!progress) // this bar is gone as well
-    return;
-  delete progress;
-  if (!replacements) {
-    showFound(true, tr("Stopped, nothing was replaced"));
-  } else if (replacements->empty()) {
-    showFound(false, tr("Not found"));
-  } else {
-    applyReplacements(*document, *replacements);
-    lastMatch_ = {};
-    showFound(true, tr("%L1 replaced").arg(replacements->size()));
+  QTextDocument& document = *editor_->document();
+  Replacements found;
+  {
+    WorkProgress progress(lookingFor(), document.blockCount(), document, *this);
+    found = collectReplacements(document, matcher_, range(), replacement_->text(),
+                                [&](int lines) { return progress.goOn(lines); });
+    if (!progress.hasWindow()) // nor is there this bar
+      return;
   }
+  if (found.stopped)
+    showFound(true, tr("Stopped, nothing was replaced"));
+  else if (found.givenUp.line > 0)
+    showFound(false, tr("Too complex for line %L1, nothing was replaced").arg(found.givenUp.line));
+  else if (found.all.empty())
+    showFound(false, tr("Not found"));
+  else
+    apply(found.all);
+}
+
+// What has been replaced when the user stops it stays, as one undo step: taking it back would take as long again, after
+// he has said that it takes too long.
+void FindBar::apply(const std::vector<Replacement>& replacements) {
+  QTextDocument& document = *editor_->document();
+  const auto count = static_cast<int>(replacements.size());
+  WorkProgress progress(tr("Replacing %L1 occurrences...").arg(count), count, document, *this);
+  const int done = applyReplacements(document, replacements, [&](int sofar) { return progress.goOn(sofar); });
+  if (!progress.hasWindow())
+    return;
+  lastMatch_ = {};
+  showFound(true, done == count
+                      ? tr("%L1 replaced").arg(count)
+                      : tr("Stopped: the first %L1 of %L2 are replaced, undo takes them back").arg(done).arg(count));
+}
+
+QString FindBar::lookingFor() const {
+  return tr("Looking for \u201c%1\u201d...").arg(text());
 }
 
 // Says why not.
@@ -268,17 +326,8 @@ void FindBar::updateMatcher() {
 }
 
 void FindBar::showMatches() {
-  if (!isVisible())
-    return;
-  editor_->setFramedSpans([matcher = matcher_, range = range_](const QTextBlock& block) {
-    std::vector<UnitSpan> spans;
-    matcher.forEach(block.text(), [&](const LineMatch& match) {
-      if (range.covers(block, match))
-        spans.push_back({match.start, match.length});
-      return true;
-    });
-    return spans;
-  });
+  if (isVisible())
+    editor_->setFramedSpans(FrameFinder(matcher_, range_));
 }
 
 void FindBar::limitToSelection(bool limit) {
@@ -330,18 +379,28 @@ void FindBar::findWhileTyping() {
     startHere();
   QTextCursor from(editor_->document());
   from.setPosition(qMin(origin_, editor_->document()->characterCount() - 1));
-  select(findMatch(*editor_->document(), matcher_, range(), from, SearchDirection::Forward), {});
+  QElapsedTimer time;
+  time.start();
+  const SearchHit hit = findMatch(*editor_->document(), matcher_, range(), from, SearchDirection::Forward,
+                                  [&](int) { return time.elapsed() < typingPatience; });
+  if (hit.stopped)
+    showFound(true, tr("This takes long, Enter goes on"));
+  else
+    select(hit, {});
 }
 
 void FindBar::select(const SearchHit& hit, const QString& wrapMessage) {
   lastMatch_ = hit.match;
+  const QString tooComplex =
+      hit.givenUp.line > 0 ? tr("Too complex for line %L1, passed over").arg(hit.givenUp.line) : QString();
   if (hit.match.isNull()) {
-    showFound(false, matcher_.error().isEmpty() ? tr("Not found") : matcher_.error());
+    const QString reason = matcher_.error().isEmpty() ? tooComplex : matcher_.error();
+    showFound(false, reason.isEmpty() ? tr("Not found") : reason);
     return;
   }
   editor_->setTextCursor(hit.match);
   editor_->setSearchMatch(hit.match.selectionStart(), hit.match.selectionEnd());
-  showFound(true, hit.wrapped ? wrapMessage : QString());
+  showFound(true, !tooComplex.isEmpty() ? tooComplex : hit.wrapped ? wrapMessage : QString());
 }
 
 void FindBar::showFound(bool found, const QString& message) {

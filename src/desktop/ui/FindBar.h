@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <vector>
+
 class QCheckBox;
 class QLabel;
 class QLayout;
@@ -14,6 +16,7 @@ class QLineEdit;
 namespace desktop {
 
 class TEditControl;
+struct Replacement;
 
 // The bar below the text in which the user types what to find, and what to put in its place. The text is searched while
 // it is typed, from where the search began; Enter goes on, Escape closes the bar and gives the focus back to the
@@ -41,7 +44,8 @@ public:
 
   // Replaces the match that is selected and goes to the next one; without such a selection it only goes there.
   void replace();
-  // Replaces all matches as one undo step. Looking for very many can be stopped, then nothing has been changed.
+  // Replaces all matches as one undo step. It can be stopped: while it looks for them nothing has been changed, and
+  // later those that are replaced stay, as one undo step.
   void replaceAll();
 
   QString text() const;
@@ -63,6 +67,8 @@ private:
   void dropRange();
   const SearchRange& range();
   bool canReplace();
+  void apply(const std::vector<Replacement>& replacements);
+  QString lookingFor() const;
 
   void find(SearchDirection direction);
   void findFrom(const QTextCursor& from, SearchDirection direction);

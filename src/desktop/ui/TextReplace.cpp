@@ -3,6 +3,9 @@
 
 #include <QTextBlock>
 
+#include <algorithm>
+#include <cstddef>
+
 namespace desktop {
 
 namespace {
@@ -44,45 +47,60 @@ std::optional<Replacement> replacementAt(const QTextCursor& selection, const Tex
   const int start = selection.selectionStart() - block.position();
   const int length = selection.selectionEnd() - selection.selectionStart();
   std::optional<Replacement> found;
-  matcher.forEach(block.text(), [&](const LineMatch& match) {
+  const bool whole = matcher.forEach(block.text(), [&](const LineMatch& match) {
     if (match.start == start && match.length == length && range.covers(block, match))
       found = makeReplacement(block, match, with);
     return match.start < start;
   });
-  return found;
+  return whole ? found : std::nullopt;
 }
 
-std::optional<std::vector<Replacement>> collectReplacements(const QTextDocument& document, const TextMatcher& matcher,
-                                                            const SearchRange& range, const QString& with,
-                                                            const GoOn& goOn) {
-  constexpr int linesBetweenCalls = 64; // few, since a pattern can take long for a line
-  std::vector<Replacement> replacements;
+Replacements collectReplacements(const QTextDocument& document, const TextMatcher& matcher, const SearchRange& range,
+                                 const QString& with, const GoOn& goOn) {
+  Replacements found;
   const QTextBlock last = document.findBlock(range.end(document));
   int lines = 0;
   for (QTextBlock block = document.findBlock(range.begin()); block.isValid(); block = block.next()) {
-    matcher.forEach(block.text(), [&](const LineMatch& match) {
+    const bool whole = matcher.forEach(block.text(), [&](const LineMatch& match) {
       if (range.covers(block, match))
-        replacements.push_back(makeReplacement(block, match, with));
+        found.all.push_back(makeReplacement(block, match, with));
       return true;
     });
-    if (++lines % linesBetweenCalls == 0 && !goOn(lines))
-      return std::nullopt;
-    if (block == last)
+    if (!whole)
+      found.givenUp.note(block);
+    else
+      found.stopped = !goOn(++lines);
+    if (!whole || found.stopped || block == last)
       break;
   }
-  return replacements;
+  return found;
 }
 
-// From the end, so that the positions before stay what they are.
-void applyReplacements(QTextDocument& document, const std::vector<Replacement>& replacements) {
+// The steps of the document are joined to one. It is between them that others may look at the document: within one its
+// layout is not up to date.
+int applyReplacements(QTextDocument& document, const std::vector<Replacement>& replacements, const GoOn& goOn) {
+  constexpr int atATime = 1'000; // some milliseconds
   QTextCursor cursor(&document);
-  cursor.beginEditBlock();
-  for (auto each = replacements.rbegin(); each != replacements.rend(); ++each) {
-    cursor.setPosition(each->position);
-    cursor.setPosition(each->position + each->length, QTextCursor::KeepAnchor);
-    cursor.insertText(each->text, cursor.charFormat()); // the format carries the line end of a break within the text
+  const int count = static_cast<int>(replacements.size());
+  int shift = 0; // of what comes behind those that are done
+  for (int done = 0; done < count;) {
+    done == 0 ? cursor.beginEditBlock() : cursor.joinPreviousEditBlock();
+    for (const int end = std::min(done + atATime, count); done < end; ++done) {
+      const Replacement& each = replacements[static_cast<std::size_t>(done)];
+      cursor.setPosition(each.position + shift);
+      cursor.setPosition(each.position + shift + each.length, QTextCursor::KeepAnchor);
+      cursor.insertText(each.text, cursor.charFormat()); // the format carries the line end of a break within the text
+      shift += static_cast<int>(each.text.size()) - each.length;
+    }
+    cursor.endEditBlock();
+    if (done < count && !goOn(done))
+      return done;
   }
-  cursor.endEditBlock();
+  return count;
+}
+
+void applyReplacements(QTextDocument& document, const std::vector<Replacement>& replacements) {
+  applyReplacements(document, replacements, [](int) { return true; });
 }
 
 } // namespace desktop

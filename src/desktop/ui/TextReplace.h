@@ -6,7 +6,6 @@
 
 #include <QString>
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -28,16 +27,21 @@ QString replacementOf(const LineMatch& match, const QString& with);
 std::optional<Replacement> replacementAt(const QTextCursor& selection, const TextMatcher& matcher,
                                          const SearchRange& range, const QString& with);
 
-// Whether a long walk goes on; called with the number of lines done. It may process events: if it says no, nothing of
-// the document is touched any more.
-using GoOn = std::function<bool(int lines)>;
+struct Replacements {
+  std::vector<Replacement> all; // from the top, not overlapping
+  bool stopped = false;         // `goOn` has ended the walk, so they are not all
+  GivenUp givenUp;              // they are not all either: the walk has ended at this line
+};
 
-// The replacements of all matches within `range`, from the top; none when `goOn` ended the walk. Linear.
-std::optional<std::vector<Replacement>> collectReplacements(const QTextDocument& document, const TextMatcher& matcher,
-                                                            const SearchRange& range, const QString& with,
-                                                            const GoOn& goOn);
+// The replacements of all matches within `range`. `goOn` is called with the number of lines done. Linear.
+Replacements collectReplacements(const QTextDocument& document, const TextMatcher& matcher, const SearchRange& range,
+                                 const QString& with, const GoOn& goOn);
 
-// Carries out replacements, given from the top and not overlapping, as one undo step.
+// Carries out replacements, given from the top and not overlapping, as one undo step. `goOn` is called now and then
+// with the number done, at moments when the document is as whole as ever. Returns how many have been carried out: all
+// of them, or those before it said no.
+int applyReplacements(QTextDocument& document, const std::vector<Replacement>& replacements, const GoOn& goOn);
+// The same without a pause.
 void applyReplacements(QTextDocument& document, const std::vector<Replacement>& replacements);
 
 } // namespace desktop

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/ui/TextSearch.h"
 
-#include <QCoreApplication>
 #include <QTextBlock>
 
 #include <algorithm>
@@ -10,32 +9,6 @@
 namespace desktop {
 
 namespace {
-
-bool isWordCharacter(QChar c) {
-  return c.isLetterOrNumber() || c == u'_';
-}
-
-bool standsAlone(const QString& line, qsizetype start, qsizetype end) {
-  return (start == 0 || !isWordCharacter(line[start - 1])) && (end == line.size() || !isWordCharacter(line[end]));
-}
-
-QRegularExpression makePattern(const QString& text, const SearchTerms& terms) {
-  QRegularExpression::PatternOptions options = QRegularExpression::UseUnicodePropertiesOption;
-  options.setFlag(QRegularExpression::CaseInsensitiveOption, !terms.matchCase);
-  return QRegularExpression(text, options);
-}
-
-// Halves of surrogate pairs, which a document can hold but no pattern is matched with, as what stands for them.
-QString withoutLoneSurrogates(const QString& line) {
-  QString valid = line;
-  for (qsizetype i = 0; i < valid.size(); ++i) {
-    if (valid[i].isHighSurrogate() && i + 1 < valid.size() && valid[i + 1].isLowSurrogate())
-      ++i;
-    else if (valid[i].isSurrogate())
-      valid[i] = QChar::ReplacementCharacter;
-  }
-  return valid;
-}
 
 using Accept = std::function<bool(int start, int end)>;
 
@@ -46,79 +19,56 @@ QTextCursor selecting(const QTextBlock& block, const LineMatch& match) {
   return cursor;
 }
 
-// The first accepted match in the line, or the last one when the search goes backward; null when there is none.
-QTextCursor findInLine(const QTextBlock& block, const TextMatcher& matcher, const SearchRange& range,
-                       SearchDirection direction, const Accept& accept) {
-  std::optional<LineMatch> found;
-  matcher.forEach(block.text(), [&](const LineMatch& match) {
-    const int start = block.position() + match.start;
-    if (range.covers(block, match) && accept(start, start + match.length))
-      found = match;
-    return !found || direction == SearchDirection::Backward;
-  });
-  return found ? selecting(block, *found) : QTextCursor();
-}
+// One search: what is looked for, where, and what has come of it so far.
+class Search {
+public:
+  Search(const QTextDocument& document, const TextMatcher& matcher, const SearchRange& range, SearchDirection direction,
+         const GoOn& goOn)
+      : document_(document), matcher_(matcher), range_(range), direction_(direction), goOn_(goOn) {}
 
-// Goes from the line of position `first` to that of `last`.
-QTextCursor findBetween(const QTextDocument& document, const TextMatcher& matcher, const SearchRange& range,
-                        SearchDirection direction, int first, int last, const Accept& accept) {
-  const QTextBlock end = document.findBlock(last);
-  for (QTextBlock block = document.findBlock(first); block.isValid();
-       block = direction == SearchDirection::Forward ? block.next() : block.previous()) {
-    const QTextCursor found = findInLine(block, matcher, range, direction, accept);
-    if (!found.isNull() || block == end)
-      return found;
+  // Goes from the line of position `first` to that of `last`, until there is an accepted match.
+  void walk(int first, int last, const Accept& accept) {
+    const QTextBlock end = document_.findBlock(last);
+    for (QTextBlock block = document_.findBlock(first); block.isValid();
+         block = direction_ == SearchDirection::Forward ? block.next() : block.previous()) {
+      findInLine(block, accept);
+      if (!hit_.match.isNull())
+        return;
+      hit_.stopped = !goOn_(++lines_);
+      if (hit_.stopped || block == end)
+        return;
+    }
   }
-  return {};
-}
+
+  SearchHit& hit() { return hit_; }
+  bool isOver() const { return hit_.stopped || !hit_.match.isNull(); }
+
+private:
+  // The first accepted match in the line, or the last one when the search goes backward.
+  void findInLine(const QTextBlock& block, const Accept& accept) {
+    std::optional<LineMatch> found;
+    const bool whole = matcher_.forEach(block.text(), [&](const LineMatch& match) {
+      const int start = block.position() + match.start;
+      if (range_.covers(block, match) && accept(start, start + match.length))
+        found = match;
+      return !found || direction_ == SearchDirection::Backward;
+    });
+    if (!whole)
+      hit_.givenUp.note(block);
+    if (found)
+      hit_.match = selecting(block, *found);
+  }
+
+  const QTextDocument& document_;
+  const TextMatcher& matcher_;
+  const SearchRange& range_;
+  SearchDirection direction_;
+  const GoOn& goOn_;
+  int lines_ = 0;
+  SearchHit hit_;
+};
 
 } // namespace
-
-TextMatcher::TextMatcher(const SearchTerms& terms)
-    : isEmpty_(terms.text.isEmpty()), wholeWord_(terms.wholeWord), isPattern_(terms.regularExpression) {
-  if (!isPattern_) {
-    text_ = QStringMatcher(terms.text, terms.matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive);
-    return;
-  }
-  pattern_ = makePattern(terms.text, terms); // alone first, so that the place of an error is that in the user's text
-  if (wholeWord_ && pattern_.isValid())
-    pattern_ = makePattern(QStringLiteral("(?<!\\w)(?:%1)(?!\\w)").arg(terms.text), terms);
-  if (pattern_.isValid())
-    return;
-  isEmpty_ = true;
-  error_ = QCoreApplication::translate("desktop::TextMatcher", "Bad pattern at character %1: %2")
-               .arg(pattern_.patternErrorOffset() + 1)
-               .arg(pattern_.errorString());
-}
-
-void TextMatcher::forEach(const QString& line, const Visit& visit) const {
-  if (isEmpty_)
-    return;
-  if (isPattern_)
-    forEachPattern(line, visit);
-  else
-    forEachText(line, visit);
-}
-
-void TextMatcher::forEachText(const QString& line, const Visit& visit) const {
-  const qsizetype length = text_.pattern().size();
-  for (qsizetype at = text_.indexIn(line); at >= 0;) {
-    const bool counts = !wholeWord_ || standsAlone(line, at, at + length);
-    if (counts && !visit({static_cast<int>(at), static_cast<int>(length)}))
-      return;
-    at = text_.indexIn(line, at + (counts ? length : 1));
-  }
-}
-
-void TextMatcher::forEachPattern(const QString& line, const Visit& visit) const {
-  QRegularExpressionMatchIterator matches =
-      pattern_.globalMatch(QStringView(line).isValidUtf16() ? line : withoutLoneSurrogates(line));
-  while (matches.hasNext()) {
-    const QRegularExpressionMatch match = matches.next();
-    if (!visit({static_cast<int>(match.capturedStart()), static_cast<int>(match.capturedLength()), &match}))
-      return;
-  }
-}
 
 SearchRange::SearchRange(const QTextCursor& selection) : isWhole_(false), begin_(selection), end_(selection) {
   begin_.setPosition(selection.selectionStart());
@@ -134,7 +84,7 @@ bool SearchRange::covers(const QTextBlock& block, const LineMatch& match) const 
 }
 
 SearchHit findMatch(const QTextDocument& document, const TextMatcher& matcher, const SearchRange& range,
-                    const QTextCursor& from, SearchDirection direction) {
+                    const QTextCursor& from, SearchDirection direction, const GoOn& goOn) {
   if (matcher.isEmpty())
     return {};
   const int first = range.begin();
@@ -142,23 +92,22 @@ SearchHit findMatch(const QTextDocument& document, const TextMatcher& matcher, c
   const int caret = from.position();
   const auto isElsewhere = [caret](int start, int end) { return start != end || start != caret; };
   const auto anywhere = [](int, int) { return true; };
-  QTextCursor found;
-  if (direction == SearchDirection::Forward) {
+  Search search(document, matcher, range, direction, goOn);
+  const bool forward = direction == SearchDirection::Forward;
+  if (forward) {
     const int after = std::max(from.selectionEnd(), first);
     if (after <= last)
-      found = findBetween(document, matcher, range, direction, after, last,
-                          [&](int start, int end) { return start >= after && isElsewhere(start, end); });
-    if (found.isNull())
-      return {findBetween(document, matcher, range, direction, first, last, anywhere), true};
+      search.walk(after, last, [&](int start, int end) { return start >= after && isElsewhere(start, end); });
   } else {
     const int before = std::min(from.selectionStart(), last);
     if (before >= first)
-      found = findBetween(document, matcher, range, direction, before, first,
-                          [&](int start, int end) { return end <= before && isElsewhere(start, end); });
-    if (found.isNull())
-      return {findBetween(document, matcher, range, direction, last, first, anywhere), true};
+      search.walk(before, first, [&](int start, int end) { return end <= before && isElsewhere(start, end); });
   }
-  return {found, false};
+  if (!search.isOver()) {
+    search.hit().wrapped = true;
+    search.walk(forward ? first : last, forward ? last : first, anywhere);
+  }
+  return search.hit();
 }
 
 QTextCursor wordAt(const QTextCursor& caret) {

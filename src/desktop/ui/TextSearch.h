@@ -3,8 +3,9 @@
 // the document, units are UTF-16 units of a line from 0.
 #pragma once
 
-#include <QRegularExpression>
-#include <QStringMatcher>
+#include "desktop/files/TextMatcher.h"
+
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 
@@ -13,52 +14,6 @@
 namespace desktop {
 
 enum class SearchDirection { Forward, Backward };
-
-// What to find.
-struct SearchTerms {
-  QString text;
-  bool matchCase = false;
-  bool wholeWord = false; // no letter, digit or underscore beside the match
-  bool regularExpression = false;
-};
-
-// A match in one line.
-struct LineMatch {
-  int start = 0;                                     // unit
-  int length = 0;                                    // units; 0 for a regular expression that matches nothing at all
-  const QRegularExpressionMatch* captures = nullptr; // of a regular expression, for the time of the visit
-};
-
-// Finds the matches in a line.
-class TextMatcher {
-public:
-  // Called with a match; false ends the walk.
-  using Visit = std::function<bool(const LineMatch& match)>;
-
-  // Finds nothing.
-  TextMatcher() = default;
-  explicit TextMatcher(const SearchTerms& terms);
-
-  // Whether there is anything to be found: an empty text and a bad pattern are not.
-  bool isEmpty() const { return isEmpty_; }
-  // For the user: what is wrong with the pattern. Empty when nothing is.
-  const QString& error() const { return error_; }
-
-  // Visits the matches in `line` from left to right; they do not overlap. Of each place there is one match at most, so
-  // the walk ends with empty matches, too.
-  void forEach(const QString& line, const Visit& visit) const;
-
-private:
-  void forEachText(const QString& line, const Visit& visit) const;
-  void forEachPattern(const QString& line, const Visit& visit) const;
-
-  bool isEmpty_ = true;
-  bool wholeWord_ = false;
-  bool isPattern_ = false;
-  QString error_;
-  QStringMatcher text_;
-  QRegularExpression pattern_;
-};
 
 // The part of a document that is searched. It follows edits: what is put in at its end belongs to it.
 class SearchRange {
@@ -82,15 +37,28 @@ private:
   QTextCursor end_;
 };
 
+// Whether long work goes on; called again and again with how much is done. It may process events: if it says no,
+// nothing of the document is touched any more.
+using GoOn = std::function<bool(int done)>;
+
+// The first line of a walk for which a pattern was too complex; see TextMatcher.
+struct GivenUp {
+  int line = 0; // from 1; 0 for none
+  void note(const QTextBlock& block) { line = line == 0 ? block.blockNumber() + 1 : line; }
+};
+
 struct SearchHit {
   QTextCursor match;    // selects what was found; null when nothing was
   bool wrapped = false; // it was found only after going on at the other end
+  bool stopped = false; // `goOn` ended the search before anything was found
+  GivenUp givenUp;      // what of that line lies behind the trouble has not been searched
 };
 
 // The next match within `range` behind or before the selection of `from`. An empty match at the caret is passed over,
-// so that a search always goes on.
+// so that a search always goes on. `goOn` is called after each line with the number of lines searched, of which there
+// are twice as many as the document has when all of it is searched for nothing.
 SearchHit findMatch(const QTextDocument& document, const TextMatcher& matcher, const SearchRange& range,
-                    const QTextCursor& from, SearchDirection direction);
+                    const QTextCursor& from, SearchDirection direction, const GoOn& goOn);
 
 // Selects the word (letters, digits, underscores) that the caret is in or right behind; null when there is none.
 QTextCursor wordAt(const QTextCursor& caret);

@@ -4,6 +4,7 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPlainTextDocumentLayout>
 #include <QProgressDialog>
 #include <QTextBlock>
 #include <QToolButton>
@@ -257,18 +258,79 @@ TEST_F(ReplaceBarTest, ReplacesAHundredThousandMatchesOfAPascalFile) {
   EXPECT_FALSE(editor()->document()->isUndoAvailable());
 }
 
-TEST_F(ReplaceBarTest, LookingForVeryLongCanBeStoppedAndHasChangedNothing) {
-  // The pattern tries every way to part a line of x without a digit behind it.
-  const QByteArray quick = QByteArray("xx1\n").repeated(200);
-  const QByteArray slow = (QByteArray("x").repeated(19) + '\n').repeated(5'000);
-  openText(QStringLiteral("b.txt"), quick + slow);
+// What a pattern needs tens of seconds for: it tries every way to part a line of x, without coming near its bound.
+class SlowSearchTest : public ReplaceBarTest {
+protected:
+  void openSlowText() {
+    const QByteArray quick = QByteArray("xx1\n").repeated(200);
+    const QByteArray slow = (QByteArray("x").repeated(16) + '\n').repeated(200'000);
+    openText(QStringLiteral("b.txt"), slow + quick);
+    openWith(QString(), QStringLiteral("y"));
+    option("RegularExpression").setChecked(true);
+    line().setText(QStringLiteral("(x+x+)+\\d")); // as if pasted, so that nothing is searched for yet
+    option("MatchCase").setChecked(true);
+  }
+  static support::ModalAnswer<QProgressDialog>::Function stopping() {
+    return [](QProgressDialog& dialog) { support::clickButton(dialog, QStringLiteral("Stop")); };
+  }
+};
+
+TEST_F(SlowSearchTest, WhileThePatternIsTypedItIsSoughtForAMomentOnly) {
+  openSlowText();
+  EXPECT_EQ(bar().message(), QStringLiteral("This takes long, Enter goes on"));
+  EXPECT_FALSE(editor()->textCursor().hasSelection());
+}
+
+TEST_F(SlowSearchTest, GoingToTheNextMatchCanBeStopped) {
+  openSlowText();
+  const support::ModalAnswer<QProgressDialog> answer(stopping());
+  bar().findNext();
+  EXPECT_EQ(bar().message(), QStringLiteral("Stopped"));
+  EXPECT_FALSE(editor()->textCursor().hasSelection());
+}
+
+TEST_F(SlowSearchTest, LookingForAllMatchesCanBeStoppedAndHasChangedNothing) {
+  openSlowText();
+  const support::ModalAnswer<QProgressDialog> answer(stopping());
+  click("ReplaceAllButton");
+  EXPECT_EQ(bar().message(), QStringLiteral("Stopped, nothing was replaced"));
+  EXPECT_FALSE(editor()->document()->isModified());
+}
+
+TEST_F(SlowSearchTest, EscapeStopsToo) {
+  openSlowText();
+  const support::ModalAnswer<QProgressDialog> answer([](QProgressDialog& dialog) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(dialog.windowHandle(), &down);
+  });
+  bar().findNext();
+  EXPECT_EQ(bar().message(), QStringLiteral("Stopped"));
+}
+
+TEST_F(SlowSearchTest, AWindowThatGoesMeanwhileEndsTheSearch) {
+  QTextDocument document((QString(16, u'x') + u'\n').repeated(200'000));
+  document.setDocumentLayout(new QPlainTextDocumentLayout(&document));
+  const QPointer<QWidget> other = new QWidget;
+  auto* const otherEditor = new TEditControl(other);
+  otherEditor->showDocument(&document, Colouring::None);
+  auto* const otherBar = new FindBar(otherEditor, other);
+  otherBar->findChild<QCheckBox*>(QStringLiteral("RegularExpression"))->setChecked(true);
+  otherBar->findChild<QLineEdit*>(QStringLiteral("FindText"))->setText(QStringLiteral("(x+x+)+\\d"));
+  otherBar->findChild<QCheckBox*>(QStringLiteral("MatchCase"))->setChecked(true);
+  const support::ModalAnswer<QProgressDialog> answer([other](QProgressDialog&) { delete other; });
+  otherBar->replaceAll();
+  EXPECT_TRUE(other.isNull());
+}
+
+TEST_F(ReplaceBarTest, ALineThatThePatternIsTooComplexForIsNamed) {
+  openText(QStringLiteral("b.txt"), "one\n" + QByteArray(40, 'x') + "\nxx1\n");
   openWith(QString(), QStringLiteral("y"));
   option("RegularExpression").setChecked(true);
   typeText(QStringLiteral("(x+x+)+\\d"));
-  const support::ModalAnswer<QProgressDialog> answer(
-      [](QProgressDialog& dialog) { support::clickButton(dialog, QStringLiteral("Stop")); });
+  EXPECT_EQ(bar().message(), QStringLiteral("Too complex for line 2, passed over"));
+  EXPECT_EQ(editor()->textCursor().selectedText(), QStringLiteral("xx1"));
   click("ReplaceAllButton");
-  EXPECT_EQ(bar().message(), QStringLiteral("Stopped, nothing was replaced"));
+  EXPECT_EQ(bar().message(), QStringLiteral("Too complex for line 2, nothing was replaced"));
   EXPECT_FALSE(editor()->document()->isModified());
 }
 

@@ -4,7 +4,10 @@
 
 #include "support/PrintQt.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <QPlainTextDocumentLayout>
 
 #include <utility>
 #include <vector>
@@ -16,10 +19,10 @@ using Spans = std::vector<std::pair<int, int>>; // start and length
 
 Spans matches(const SearchTerms& terms, const QString& line) {
   Spans found;
-  TextMatcher(terms).forEach(line, [&](const LineMatch& match) {
+  EXPECT_TRUE(TextMatcher(terms).forEach(line, [&](const LineMatch& match) {
     found.emplace_back(match.start, match.length);
     return true;
-  });
+  }));
   return found;
 }
 
@@ -38,8 +41,7 @@ bool goOn(int) {
 // The document's text after all matches have been replaced.
 QString replaced(const QString& text, const SearchTerms& terms, const QString& with) {
   QTextDocument document(text);
-  const auto replacements = collectReplacements(document, TextMatcher(terms), SearchRange(), with, goOn);
-  applyReplacements(document, replacements.value());
+  applyReplacements(document, collectReplacements(document, TextMatcher(terms), SearchRange(), with, goOn).all);
   return document.toPlainText();
 }
 
@@ -99,7 +101,7 @@ TEST(TextSearch, GoesBackwardThroughTheMatchesOfALine) {
   from.setPosition(5);
   const TextMatcher matcher(plain(QStringLiteral("a")));
   for (const int expected : {4, 2, 0, 4}) {
-    from = findMatch(document, matcher, {}, from, SearchDirection::Backward).match;
+    from = findMatch(document, matcher, {}, from, SearchDirection::Backward, goOn).match;
     EXPECT_EQ(from.selectionStart(), expected);
   }
 }
@@ -109,11 +111,11 @@ TEST(TextSearch, EmptyMatchesAreGoneThroughInBothDirections) {
   QTextCursor from(&document);
   const TextMatcher matcher(pattern(QStringLiteral("^")));
   for (const int expected : {2, 4, 0}) {
-    from = findMatch(document, matcher, {}, from, SearchDirection::Forward).match;
+    from = findMatch(document, matcher, {}, from, SearchDirection::Forward, goOn).match;
     EXPECT_EQ(from.position(), expected);
   }
   for (const int expected : {4, 2, 0}) {
-    from = findMatch(document, matcher, {}, from, SearchDirection::Backward).match;
+    from = findMatch(document, matcher, {}, from, SearchDirection::Backward, goOn).match;
     EXPECT_EQ(from.position(), expected);
   }
 }
@@ -126,10 +128,10 @@ TEST(TextSearch, ARangeHoldsWhatLiesWhollyInItAndFollowsEdits) {
   const SearchRange range(selection);
   const TextMatcher matcher(plain(QStringLiteral("aa")));
   const auto once = collectReplacements(document, matcher, range, QStringLiteral("aaaa"), goOn);
-  ASSERT_EQ(once->size(), 1U);
-  EXPECT_EQ(once->front().position, 3);
-  applyReplacements(document, *once);
-  EXPECT_EQ(collectReplacements(document, matcher, range, {}, goOn)->size(), 2U) << "the new text is in the range";
+  ASSERT_EQ(once.all.size(), 1U);
+  EXPECT_EQ(once.all.front().position, 3);
+  applyReplacements(document, once.all);
+  EXPECT_EQ(collectReplacements(document, matcher, range, {}, goOn).all.size(), 2U) << "the new text is in the range";
 }
 
 TEST(TextSearch, FindsTheWordAtTheCaret) {
@@ -173,8 +175,8 @@ TEST(TextReplace, ReplacesAHundredThousandMatchesAsOneStep) {
   QTextDocument document(text);
   const auto replacements =
       collectReplacements(document, TextMatcher(plain(QStringLiteral("x"))), {}, QStringLiteral("counter"), goOn);
-  ASSERT_EQ(replacements->size(), 100'000U);
-  applyReplacements(document, *replacements);
+  ASSERT_EQ(replacements.all.size(), 100'000U);
+  applyReplacements(document, replacements.all);
   EXPECT_EQ(document.toPlainText(), QStringLiteral("counter := counter + 1;\n").repeated(50'000));
   document.undo();
   EXPECT_EQ(document.toPlainText(), text);
@@ -184,8 +186,105 @@ TEST(TextReplace, CanBeStoppedWhileItLooks) {
   QTextDocument document(QStringLiteral("x\n").repeated(5'000));
   int calls = 0;
   const auto stop = [&calls](int) { return ++calls < 2; };
-  EXPECT_FALSE(collectReplacements(document, TextMatcher(plain(QStringLiteral("x"))), {}, {}, stop).has_value());
+  EXPECT_TRUE(collectReplacements(document, TextMatcher(plain(QStringLiteral("x"))), {}, {}, stop).stopped);
   EXPECT_EQ(calls, 2);
+}
+
+TEST(TextReplace, StoppedWhileItReplacesItLeavesTheFirstOnesAsOneStep) {
+  const QString line = QStringLiteral("x := x + 1;\n");
+  QTextDocument document;
+  document.setPlainText(line.repeated(5'000));
+  const auto found =
+      collectReplacements(document, TextMatcher(plain(QStringLiteral("x"))), {}, QStringLiteral("total"), goOn);
+  int calls = 0;
+  const int done = applyReplacements(document, found.all, [&calls](int) { return ++calls < 3; });
+  ASSERT_GT(done, 0);
+  ASSERT_LT(done, 10'000);
+  ASSERT_EQ(done % 2, 0);
+  EXPECT_EQ(document.toPlainText(),
+            QStringLiteral("total := total + 1;\n").repeated(done / 2) + line.repeated(5'000 - done / 2));
+  document.undo();
+  EXPECT_EQ(document.toPlainText(), line.repeated(5'000));
+  EXPECT_FALSE(document.isUndoAvailable());
+}
+
+TEST(TextReplace, BetweenTwoLotsOfReplacementsTheDocumentIsLaidOut) {
+  QTextDocument document(QStringLiteral("x\n").repeated(5'000));
+  document.setDocumentLayout(new QPlainTextDocumentLayout(&document));
+  const auto found =
+      collectReplacements(document, TextMatcher(plain(QStringLiteral("x"))), {}, QStringLiteral("x\ny"), goOn);
+  std::vector<bool> laidOut;
+  int reported = 0;
+  QObject::connect(&document, &QTextDocument::contentsChange, [&reported] { ++reported; });
+  applyReplacements(document, found.all, [&](int done) {
+    laidOut.push_back(reported == static_cast<int>(laidOut.size()) + 1 && document.blockCount() == 5'001 + done);
+    return true;
+  });
+  EXPECT_GT(laidOut.size(), 1U);
+  EXPECT_THAT(laidOut, testing::Each(true));
+}
+
+// A pattern that tries every way to part a line of x, since no digit stands behind it.
+const char* const runaway = "(x+x+)+\\d";
+
+TEST(TextSearch, APatternThatWouldRunOnIsGivenUpForItsLine) {
+  const TextMatcher matcher(pattern(QString::fromLatin1(runaway)));
+  const auto anything = [](const LineMatch&) { return true; };
+  for (const int length : {40, 4'000, 400'000})
+    EXPECT_FALSE(matcher.forEach(QString(length, u'x'), anything)) << length;
+  EXPECT_TRUE(matcher.forEach(QStringLiteral("xxx"), anything));
+}
+
+TEST(TextSearch, OneThatTakesItsStepsAtEveryPlaceIsGivenUpTooInALongLine) {
+  const TextMatcher matcher(pattern(QStringLiteral("(?:x|y)*\\d")));
+  EXPECT_FALSE(matcher.forEach(QString(100'000, u'x'), [](const LineMatch&) { return true; }));
+}
+
+TEST(TextSearch, MatchesBeforeTheTroubleAreVisited) {
+  int visited = 0;
+  const QString line = QStringLiteral("xx1 xx2 ") + QString(40, u'x');
+  EXPECT_FALSE(TextMatcher(pattern(QString::fromLatin1(runaway))).forEach(line, [&](const LineMatch&) {
+    return ++visited > 0;
+  }));
+  EXPECT_EQ(visited, 2);
+}
+
+TEST(TextSearch, PatternsFindTheSameInLongLines) {
+  const QString gap(10'000, u' ');
+  const auto inLongLine = [&](const char* text, bool wholeWord = false) {
+    return matches({QString::fromLatin1(text), false, wholeWord, true},
+                   QStringLiteral("ab ab") + gap + QStringLiteral("cab"));
+  };
+  EXPECT_EQ(inLongLine("ab"), (Spans{{0, 2}, {3, 2}, {10'006, 2}}));
+  EXPECT_EQ(inLongLine("(?<=c)ab|^ab"), (Spans{{0, 2}, {10'006, 2}}));
+  EXPECT_EQ(inLongLine("ab", true), (Spans{{0, 2}, {3, 2}}));
+  EXPECT_EQ(inLongLine("x*$"), (Spans{{10'008, 0}}));
+  EXPECT_EQ(inLongLine("\\b"), (Spans{{0, 0}, {2, 0}, {3, 0}, {5, 0}, {10'005, 0}, {10'008, 0}}));
+  EXPECT_EQ(inLongLine("(*UCP)\\w+"), (Spans{{0, 2}, {3, 2}, {10'005, 3}}));
+}
+
+TEST(TextSearch, ALineThatIsGivenUpIsToldAndPassedOver) {
+  QTextDocument document(QStringLiteral("one\n") + QString(40, u'x') + QStringLiteral("\nxx1"));
+  const SearchHit hit = findMatch(document, TextMatcher(pattern(QString::fromLatin1(runaway))), {},
+                                  QTextCursor(&document), SearchDirection::Forward, goOn);
+  EXPECT_EQ(hit.givenUp.line, 2);
+  EXPECT_EQ(hit.match.selectedText(), QStringLiteral("xx1"));
+}
+
+TEST(TextSearch, ASearchCanBeStoppedAfterEachLine) {
+  QTextDocument document(QStringLiteral("x\n").repeated(100) + QStringLiteral("y"));
+  const SearchHit hit = findMatch(document, TextMatcher(plain(QStringLiteral("y"))), {}, QTextCursor(&document),
+                                  SearchDirection::Forward, [](int lines) { return lines < 50; });
+  EXPECT_TRUE(hit.stopped);
+  EXPECT_TRUE(hit.match.isNull());
+}
+
+TEST(TextReplace, StopsAtALineThatIsTooComplex) {
+  QTextDocument document(QStringLiteral("xx1\n") + QString(40, u'x') + QStringLiteral("\nxx1"));
+  const Replacements found =
+      collectReplacements(document, TextMatcher(pattern(QString::fromLatin1(runaway))), {}, {}, goOn);
+  EXPECT_EQ(found.givenUp.line, 2);
+  EXPECT_EQ(found.all.size(), 1U);
 }
 
 } // namespace
