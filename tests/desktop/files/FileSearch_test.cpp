@@ -1,0 +1,266 @@
+// SPDX-License-Identifier: MIT
+#include "desktop/files/FileSearch.h"
+
+#include "desktop/files/FileFixture.h"
+#include "support/LowerRights.h"
+#include "support/PrintQt.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+namespace desktop {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FileSearchTest : public FileTest {
+protected:
+  FileSearchTest() {
+    search.terms.text = QStringLiteral("needle");
+    search.folder = folder();
+    search.column = [](QStringView, qsizetype unit) { return static_cast<int>(unit) + 1; };
+  }
+
+  QString writeIn(const char* name, const std::string& bytes) const {
+    QDir().mkpath(QFileInfo(path(name)).path());
+    return write(bytes, name);
+  }
+
+  // Searches; each match as "name:line:unit", relative to the folder.
+  std::vector<std::string> run() {
+    FileSearcher searcher(
+        search, stop.get_token(), [this](FileMatch&& match) { matches.push_back(std::move(match)); },
+        [this](const FileSearchOutcome& sofar) {
+          if (sofar.files == stopAfter)
+            stop.request_stop();
+        });
+    matches.clear();
+    outcome = searcher.run();
+    std::vector<std::string> places;
+    for (const FileMatch& match : matches)
+      places.push_back(QStringLiteral("%1:%2:%3")
+                           .arg(QDir(folder()).relativeFilePath(match.fileName))
+                           .arg(match.line)
+                           .arg(match.unit)
+                           .toStdString());
+    return places;
+  }
+
+  std::vector<std::string> troubles() const {
+    std::vector<std::string> all;
+    for (const FileTrouble& trouble : outcome.troubles)
+      all.push_back((QDir(folder()).relativeFilePath(trouble.path) + u' ' + trouble.reason).toStdString());
+    return all;
+  }
+
+  FileSearch search;
+  std::stop_source stop;
+  int stopAfter = -1; // files
+  std::vector<FileMatch> matches;
+  FileSearchOutcome outcome;
+};
+
+TEST_F(FileSearchTest, FindsEveryMatchInTheOrderOfFilesAndLines) {
+  writeIn("b.pas", "x\nneedle Needle\r\n\rneedle");
+  writeIn("a.pas", "needle");
+  writeIn("sub/a.pas", "needle");
+  writeIn("c.pas", "nothing");
+  EXPECT_THAT(run(), ElementsAre("a.pas:1:0", "b.pas:2:0", "b.pas:2:7", "b.pas:4:0", "sub/a.pas:1:0"));
+  EXPECT_EQ(outcome.files, 4);
+  EXPECT_EQ(outcome.withMatch, 3);
+  EXPECT_EQ(outcome.matches, 5);
+}
+
+TEST_F(FileSearchTest, SubfoldersCanBeLeftOutAndHiddenOnesAre) {
+  writeIn("sub/a.pas", "needle");
+  writeIn(".git/a.pas", "needle");
+  writeIn("a.pas", "needle");
+  EXPECT_THAT(run(), ElementsAre("a.pas:1:0", "sub/a.pas:1:0"));
+  search.subfolders = false;
+  EXPECT_THAT(run(), ElementsAre("a.pas:1:0"));
+}
+
+TEST_F(FileSearchTest, NamesAreChosenByWildcardsInAnyCase) {
+  writeIn("a.pas", "needle");
+  writeIn("B.PAS", "needle");
+  writeIn("c.inc", "needle");
+  writeIn("d.txt", "needle");
+  writeIn("pas", "needle");
+  search.patterns = {QStringLiteral("*.pas"), QStringLiteral("?.inc")};
+  EXPECT_THAT(run(), ElementsAre("B.PAS:1:0", "a.pas:1:0", "c.inc:1:0"));
+}
+
+TEST_F(FileSearchTest, HeedsCaseWholeWordsAndPatterns) {
+  writeIn("a.pas", "needles\nNEEDLE\nneedle");
+  search.terms.matchCase = true;
+  EXPECT_THAT(run(), ElementsAre("a.pas:1:0", "a.pas:3:0"));
+  search.terms.wholeWord = true;
+  EXPECT_THAT(run(), ElementsAre("a.pas:3:0"));
+  search.terms = {QStringLiteral("^n\\w+s$"), false, false, true};
+  EXPECT_THAT(run(), ElementsAre("a.pas:1:0"));
+}
+
+TEST_F(FileSearchTest, FilesAreDecodedAsTheEditorDoes) {
+  writeIn("1252.pas", "\xE4 needle");
+  writeIn("utf16.pas", std::string("\xFF\xFE"
+                                   "n\0e\0e\0d\0l\0e\0\n\0",
+                                   16));
+  writeIn("utf8.pas", "\xEF\xBB\xBF\xC3\xA4 needle");
+  EXPECT_THAT(run(), ElementsAre("1252.pas:1:2", "utf16.pas:1:0", "utf8.pas:1:2"));
+  search.terms.text = QStringLiteral("Ä");
+  EXPECT_THAT(run(), ElementsAre("1252.pas:1:0", "utf8.pas:1:0"));
+}
+
+TEST_F(FileSearchTest, ABinaryFileIsPassedOver) {
+  writeIn("a.dcu", std::string("needle\0needle", 13));
+  EXPECT_THAT(run(), IsEmpty());
+  EXPECT_EQ(outcome.files, 0);
+  EXPECT_THAT(troubles(), IsEmpty());
+}
+
+TEST_F(FileSearchTest, TheColumnIsAskedForWithTheWholeLine) {
+  writeIn("a.pas", "\t\tneedle");
+  search.column = [](QStringView line, qsizetype unit) { return static_cast<int>(100 * line.size() + unit); };
+  run();
+  EXPECT_EQ(matches.at(0).column, 802);
+}
+
+TEST_F(FileSearchTest, TheTextIsTheLineWithoutItsIndentation) {
+  writeIn("a.pas", " \t x := needle(\t1);\x01");
+  run();
+  EXPECT_EQ(matches.at(0).text, QStringLiteral("x := needle( 1); "));
+}
+
+TEST_F(FileSearchTest, OfALongLineTheTextIsThePartAroundTheMatch) {
+  writeIn("a.pas", std::string(5'000, 'x').append("needle").append(5'000, 'y'));
+  run();
+  EXPECT_EQ(matches.at(0).text, u'…' + QString(100, u'x') + QStringLiteral("needle") + QString(194, u'y') + u'…');
+}
+
+TEST_F(FileSearchTest, LinksInACircleAndSecondNamesAreVisitedOnce) {
+  writeIn("sub/a.pas", "needle");
+  ASSERT_TRUE(QFile::link(folder(), path("sub/up")));
+  ASSERT_TRUE(QFile::link(path("sub"), path("zub")));
+  ASSERT_TRUE(QFile::link(path("sub/a.pas"), path("sub/b.pas")));
+  EXPECT_THAT(run(), ElementsAre("sub/a.pas:1:0"));
+}
+
+TEST_F(FileSearchTest, APipeIsNotWaitedFor) {
+  ASSERT_EQ(::mkfifo(QFile::encodeName(path("a.pas")).constData(), 0600), 0);
+  writeIn("b.pas", "needle");
+  EXPECT_THAT(run(), ElementsAre("b.pas:1:0"));
+}
+
+TEST_F(FileSearchTest, WhatCannotBeReadIsTold) {
+  writeIn("closed/a.pas", "needle");
+  writeIn("b.pas", "needle");
+  writeIn("c.pas", "needle");
+  QFile::setPermissions(path("closed"), {});
+  QFile::setPermissions(path("b.pas"), {});
+  {
+    const support::LowerRights lowered(folder());
+    EXPECT_THAT(run(), ElementsAre("c.pas:1:0"));
+  }
+  QFile::setPermissions(path("closed"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  EXPECT_THAT(troubles(),
+              ElementsAre("b.pas could not be read: Permission denied", "closed could not be read: Permission denied"));
+  EXPECT_EQ(outcome.troubleCount, 2);
+}
+
+TEST_F(FileSearchTest, AFolderThatIsNotThereIsTold) {
+  search.folder = path("missing");
+  EXPECT_THAT(run(), IsEmpty());
+  EXPECT_THAT(troubles(), ElementsAre("missing could not be read: No such file or directory"));
+}
+
+TEST_F(FileSearchTest, AFileOverTheLimitIsNotReadButTold) {
+  QFile file(path("a.pas"));
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(file.resize(largestSearchedFile + 1));
+  EXPECT_THAT(run(), IsEmpty());
+  EXPECT_THAT(troubles(), ElementsAre("a.pas is over 64 MB and was not searched"));
+}
+
+TEST_F(FileSearchTest, AFileThatThePatternIsTooComplexForIsTold) {
+  writeIn("a.pas", std::string(40, 'x').append("\nxx1"));
+  search.terms = {QStringLiteral("(x+x+)+\\d"), false, false, true};
+  EXPECT_THAT(run(), ElementsAre("a.pas:2:0"));
+  EXPECT_THAT(troubles(), ElementsAre("a.pas has lines that the pattern is too complex for"));
+}
+
+TEST_F(FileSearchTest, OfVeryManyTroublesTheFirstAreNamedAndAllAreCounted) {
+  for (int i = 0; i < 150; ++i)
+    writeIn(("f" + std::to_string(i)).c_str(), std::string(40, 'x'));
+  search.terms = {QStringLiteral("(x+x+)+\\d"), false, false, true};
+  run();
+  EXPECT_EQ(outcome.troubles.size(), mostFileTroubles);
+  EXPECT_EQ(outcome.troubleCount, 150);
+}
+
+TEST_F(FileSearchTest, EndsWhenItHasFoundEnough) {
+  std::string many;
+  for (int i = 0; i < 6'000; ++i)
+    many += "needle needle\n";
+  writeIn("a.pas", many);
+  writeIn("b.pas", "needle");
+  EXPECT_EQ(run().size(), 10'000U);
+  EXPECT_TRUE(outcome.isFull);
+  EXPECT_FALSE(outcome.stopped);
+}
+
+TEST_F(FileSearchTest, CanBeStoppedAfterAFile) {
+  writeIn("a.pas", "needle");
+  writeIn("b.pas", "needle");
+  stopAfter = 1;
+  EXPECT_THAT(run(), ElementsAre("a.pas:1:0"));
+  EXPECT_TRUE(outcome.stopped);
+}
+
+TEST_F(FileSearchTest, CanBeStoppedWithinALine) {
+  writeIn("a.pas", "needle needle needle");
+  FileSearcher searcher(
+      search, stop.get_token(),
+      [this](FileMatch&& match) {
+        matches.push_back(std::move(match));
+        stop.request_stop();
+      },
+      [](const FileSearchOutcome&) {});
+  EXPECT_TRUE(searcher.run().stopped);
+  EXPECT_EQ(matches.size(), 1U);
+}
+
+TEST_F(FileSearchTest, AnOpenTextIsSearchedInPlaceOfItsFile) {
+  const QString name = writeIn("a.pas", "needle");
+  const auto document = open(name);
+  type(*document, 0, 0, QStringLiteral("x\n\nx "));
+  search.open = {{name, document->snapshot()}};
+  EXPECT_THAT(run(), ElementsAre("a.pas:3:2"));
+}
+
+TEST_F(FileSearchTest, AnOpenFileHasTheNameUnderWhichItIsOpen) {
+  writeIn("sub/a.pas", "needle");
+  ASSERT_TRUE(QFile::link(path("sub/a.pas"), path("z.pas")));
+  search.open = {{path("z.pas"), {}}};
+  EXPECT_THAT(run(), ElementsAre("z.pas:1:0"));
+}
+
+TEST_F(FileSearchTest, OpenTextsWithoutAFileAreSearchedWhereTheyWouldBe) {
+  QDir().mkpath(path("sub"));
+  const TextSnapshot text(QStringLiteral("needle"), quorvane::TLineEnd::Lf);
+  search.open = {{path("Unit1.pas"), text},
+                 {path("sub/Unit2.pas"), text},
+                 {path("Unit3.txt"), text},
+                 {folder() + QStringLiteral("x/Unit4.pas"), text}};
+  search.patterns = {QStringLiteral("*.pas")};
+  EXPECT_THAT(run(), ElementsAre("Unit1.pas:1:0", "sub/Unit2.pas:1:0"));
+  search.subfolders = false;
+  EXPECT_THAT(run(), ElementsAre("Unit1.pas:1:0"));
+}
+
+} // namespace
+} // namespace desktop
