@@ -2,10 +2,12 @@
 #include "desktop/ui/WindowCommands.h"
 
 #include "desktop/edit/EditControl.h"
+#include "desktop/files/EnvironmentSettings.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/Appearance.h"
 #include "desktop/ui/ClosedPages.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/EnvironmentDialog.h"
 #include "desktop/ui/FileCommands.h"
 #include "desktop/ui/FindBar.h"
 #include "desktop/ui/GoToLineDialog.h"
@@ -211,12 +213,31 @@ void WindowCommands::showPackages() {
     ModalDialog<PackagesDialog>(*workspace_.packages(), QApplication::activeWindow()).run();
 }
 
+void WindowCommands::editEnvironment() {
+  const QPointer<WindowCommands> self = this;
+  EnvironmentSettings& settings = workspace_.settings();
+  ModalDialog<EnvironmentDialog> dialog(settings.values(), workspace_.searchPath().folders(), workspace_.appearance(),
+                                        QApplication::activeWindow());
+  if (!dialog.run() || !self)
+    return;
+  settings.setValues(dialog->values());
+  reportUnkept(settings.save());
+  keepSearchPath(dialog->folders());
+}
+
 void WindowCommands::editSearchPath() {
   const QPointer<WindowCommands> self = this;
   ModalDialog<SearchPathDialog> dialog(workspace_.searchPath().folders(), QApplication::activeWindow());
-  if (!dialog.run() || !self)
-    return;
-  const QString problem = workspace_.searchPath().setFolders(dialog->folders());
+  if (dialog.run() && self)
+    keepSearchPath(dialog->folders());
+}
+
+void WindowCommands::keepSearchPath(const QList<SearchFolder>& folders) {
+  if (folders != workspace_.searchPath().folders())
+    reportUnkept(workspace_.searchPath().setFolders(folders));
+}
+
+void WindowCommands::reportUnkept(const QString& problem) {
   if (!problem.isEmpty() && workspace_.topWindow() != nullptr)
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Error, problem);
 }

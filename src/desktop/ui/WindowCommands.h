@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/files/SearchPath.h"
+
+#include <QList>
 #include <QObject>
 #include <QString>
 
@@ -102,7 +105,10 @@ private:
   void nextTab();
   void previousTab();
   void showPackages();
+  void editEnvironment();
   void editSearchPath();
+  void keepSearchPath(const QList<SearchFolder>& folders);
+  void reportUnkept(const QString& problem);
   void about();
 
   Page* page() const;
