@@ -9,6 +9,7 @@ ninja-build             /usr/bin/ninja                                      the 
 qt6-base-dev            /usr/include/x86_64-linux-gnu/qt6/QtWidgets/QWidget the editor
 qt6-svg-dev             /usr/include/x86_64-linux-gnu/qt6/QtSvg/QSvgRenderer the picture that greets
 libgl-dev               /usr/include/GL/gl.h                                the editor (Qt asks for it)
+libxcb1-dev             /usr/include/xcb/xcb.h                              the editor, to bring its window to the front
 libcli11-dev            /usr/include/CLI/CLI.hpp                            the command line
 nlohmann-json3-dev      /usr/include/nlohmann/json.hpp                      the command line
 fonts-dejavu-core       /usr/share/fonts/truetype/dejavu/DejaVuSansMono.ttf the editor font
