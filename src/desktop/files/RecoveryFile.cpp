@@ -2,10 +2,13 @@
 #include "desktop/files/RecoveryFile.h"
 
 #include "desktop/files/DocumentFiller.h"
+#include "desktop/files/FileStore.h"
 
 #include <QByteArray>
 #include <QDir>
 #include <QJsonDocument>
+
+#include <ctime>
 
 #include <cstddef>
 #include <utility>
@@ -22,7 +25,16 @@ const auto sizeKey = QLatin1StringView("size");
 const auto modifiedKey = QLatin1StringView("modified");
 const auto inodeKey = QLatin1StringView("inode");
 const auto viewKey = QLatin1StringView("view");
+const auto takenKey = QLatin1StringView("taken");
 const auto bytesKey = QLatin1StringView("bytes");
+
+// Now, by the clock from which files get their times; the precise one is a few milliseconds ahead of it.
+std::int64_t fileTime() {
+  constexpr std::int64_t nanosecondsPerSecond = 1'000'000'000;
+  struct timespec now = {};
+  ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
+  return now.tv_sec * nanosecondsPerSecond + now.tv_nsec;
+}
 
 QString latin1(std::string_view text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
@@ -46,6 +58,7 @@ QJsonObject toJson(const RecoveryNote& note, std::size_t bytes) {
           {modifiedKey, QString::number(note.stamp.modifiedNanoseconds)},
           {inodeKey, QString::number(note.stamp.inode)},
           {viewKey, note.view},
+          {takenKey, QString::number(note.taken)},
           {bytesKey, QString::number(bytes)}};
 }
 
@@ -70,13 +83,21 @@ std::optional<RecoveryNote> noteOf(const QJsonObject& json) {
   note.stamp.modifiedNanoseconds = json[modifiedKey].toString().toLongLong();
   note.stamp.inode = json[inodeKey].toString().toULongLong();
   note.view = json[viewKey].toObject();
+  note.taken = json[takenKey].toString().toLongLong();
   return note;
 }
 
 } // namespace
 
 RecoveryNote recoveryNoteOf(const SourceDocument& document) {
-  return {document.fileName(), document.isUntitled(), document.encoding(), document.fileStamp(), {}};
+  return {document.fileName(), document.isUntitled(), document.encoding(), document.fileStamp(), {}, fileTime()};
+}
+
+bool isFileNewer(const RecoveryNote& note) {
+  if (note.untitled || note.taken == 0)
+    return false;
+  const FileStamp stamp = stampOf(note.fileName);
+  return stamp != FileStamp() && stamp != note.stamp && stamp.modifiedNanoseconds > note.taken;
 }
 
 std::string recoveryBytes(const RecoveryNote& note, std::u16string_view text) {

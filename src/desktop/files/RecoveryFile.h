@@ -11,6 +11,7 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -25,9 +26,15 @@ struct RecoveryNote {
   quorvane::TEncoding encoding; // with which the text was to be saved
   FileStamp stamp;              // of the file when it was last read or written
   QJsonObject view;             // how it was shown; for whoever shows texts
+  std::int64_t taken = 0;       // when the text was so, in nanoseconds as a FileStamp has them; 0 if that is not known
 };
 
+// Of the document as it is now.
 RecoveryNote recoveryNoteOf(const SourceDocument& document);
+
+// Whether the file of that name was written after the text had been kept, as by saving right before a crash. The text
+// counts as newer where nothing shows the contrary.
+bool isFileNewer(const RecoveryNote& note);
 
 // The bytes of a recovery file. Linear. Any thread.
 std::string recoveryBytes(const RecoveryNote& note, std::u16string_view text);

@@ -163,16 +163,27 @@ void Recovery::offer() {
       orphan.discard();
     return saved;
   });
+  const auto older = std::stable_partition(orphans.begin(), orphans.end(),
+                                           [](const OrphanedText& orphan) { return !isFileNewer(orphan.note()); });
+  askFor({orphans.begin(), older}, tr("The editor did not end in order last time. There is unsaved text of %1."),
+         tr("&Restore"), tr("&Discard"));
+  askFor({older, orphans.end()},
+         tr("The editor did not end in order last time. It has kept text of %1 that is older than the file: "
+            "the file was saved later."),
+         tr("Restore &Older Text"), tr("D&iscard Older Text"));
+}
+
+// The question owns the orphans: while it stands no other editor asks.
+void Recovery::askFor(const std::vector<OrphanedText>& orphans, const QString& question, const QString& restoring,
+                      const QString& discarding) {
   if (orphans.empty())
     return;
-  // The question owns the orphans: while it stands no other editor asks.
+  const auto discard = [orphans] {
+    std::for_each(orphans.begin(), orphans.end(), std::mem_fn(&OrphanedText::discard));
+  };
   workspace_.topWindow()->messageBar()->ask(
-      MessageBar::Kind::Warning,
-      tr("The editor did not end in order last time. There is unsaved text of %1.").arg(titlesOf(orphans)),
-      {{tr("&Restore"), [this, orphans] { restore(orphans); }}, {tr("&Discard"), [orphans] {
-                                                                   std::for_each(orphans.begin(), orphans.end(),
-                                                                                 std::mem_fn(&OrphanedText::discard));
-                                                                 }}});
+      MessageBar::Kind::Warning, question.arg(titlesOf(orphans)),
+      {{restoring, [this, orphans] { restore(orphans); }}, {discarding, discard}});
 }
 
 void Recovery::restore(const std::vector<OrphanedText>& orphans) {

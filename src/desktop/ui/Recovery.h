@@ -38,8 +38,9 @@ public:
   // How long it takes until a changed text is written, from now on.
   void setInterval(std::chrono::milliseconds interval);
 
-  // Asks in the top window whether to restore what was left behind by editors that did not end in order. Not now is an
-  // answer too: the files stay and are offered at the next start.
+  // Asks in the top window whether to restore what was left behind by editors that did not end in order; apart from the
+  // others for texts whose files were saved after they had been kept. Not now is an answer too: the files stay and are
+  // offered at the next start. What equals its file is not offered.
   void offer();
   // Removes all that is kept, since the user wants none of it.
   void discard();
@@ -63,6 +64,8 @@ private:
   void writeAll();
   void write(Page* page, Text& text);
   void finish(const QString& name, const QString& problem);
+  void askFor(const std::vector<OrphanedText>& orphans, const QString& question, const QString& restoring,
+              const QString& discarding);
   void restore(const std::vector<OrphanedText>& orphans);
   // Returns why it cannot be done now, or an empty string.
   QString restore(const OrphanedText& orphan);

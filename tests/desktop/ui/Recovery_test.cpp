@@ -5,6 +5,7 @@
 #include "desktop/ui/Recovery.h"
 #include "support/FileSizeLimit.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -45,6 +46,12 @@ protected:
     // Its pages never hear that they close.
     for (TEditWindow* each : killed.windows())
       QObject::disconnect(each, nullptr, &keeps, nullptr);
+  }
+  // Another program writes the file, as it seems so many seconds from now.
+  void writeAt(int seconds, const QString& name, const QByteArray& bytes) const {
+    QFile file(write(name, bytes));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(seconds), QFileDevice::FileModificationTime));
   }
   bool answer(const QString& text) const {
     for (QPushButton* button : window()->messageBar()->findChildren<QPushButton*>()) {
@@ -170,8 +177,10 @@ TEST_F(RecoveryTest, ARestoredTextIsStillKeptWithoutAPause) {
 
 TEST_F(RecoveryTest, ARestoredTextTakesThePlaceOfItsFilesPage) {
   leaveBehind(QStringLiteral("b.pas"), "b", QStringLiteral("x"));
+  for (const char* name : {"a.pas", "c.pas"})
+    write(QString::fromLatin1(name), "b");
   for (const char* name : {"a.pas", "b.pas", "c.pas"})
-    openText(QString::fromLatin1(name), "b");
+    workspace.openFile(path(QString::fromLatin1(name)));
   start();
   recovery->offer();
   ASSERT_TRUE(restore());
@@ -219,10 +228,10 @@ TEST_F(RecoveryTest, AnUntitledTextComesBackUnderAFreeName) {
 
 TEST_F(RecoveryTest, SavingARestoredTextAsksWhenItsFileWasChangedSince) {
   leaveBehind(QStringLiteral("a.pas"), "a", QStringLiteral("x"));
-  write(QStringLiteral("a.pas"), "changed by another program");
+  writeAt(60, QStringLiteral("a.pas"), "changed by another program");
   start();
   recovery->offer();
-  ASSERT_TRUE(restore());
+  ASSERT_TRUE(answer(QStringLiteral("Restore &Older Text")));
   const MessageBoxAnswer cancel(clicking(QStringLiteral("Cancel")));
   EXPECT_FALSE(workspace.files().save(workspace.topPage()));
   EXPECT_EQ(read(QStringLiteral("a.pas")), "changed by another program");
@@ -264,6 +273,63 @@ TEST_F(RecoveryTest, ATextThatWasSavedJustBeforeTheKillIsNotOffered) {
   support::settle();
   EXPECT_EQ(messages(), QStringList());
   EXPECT_TRUE(QDir(place()).isEmpty());
+}
+
+TEST_F(RecoveryTest, ATextThatWasKeptBeforeItsFileWasSavedIsOfferedAsTheOlderOne) {
+  leaveBehind(QStringLiteral("a.pas"), "a", QStringLiteral("x"));
+  writeAt(60, QStringLiteral("a.pas"), "xya");
+  start();
+  recovery->offer();
+  ASSERT_EQ(messages(),
+            QStringList{QStringLiteral("The editor did not end in order last time. It has kept text of a.pas "
+                                       "that is older than the file: the file was saved later.")});
+  EXPECT_FALSE(restore()) << "that would be for newer texts";
+  ASSERT_TRUE(answer(QStringLiteral("Restore &Older Text")));
+  EXPECT_EQ(text(), QStringLiteral("xa"));
+  EXPECT_EQ(read(QStringLiteral("a.pas")), "xya") << "nothing is lost of the newer one";
+}
+
+TEST_F(RecoveryTest, AnOlderTextCanBeDiscarded) {
+  leaveBehind(QStringLiteral("a.pas"), "a", QStringLiteral("x"));
+  writeAt(60, QStringLiteral("a.pas"), "xya");
+  start();
+  recovery->offer();
+  ASSERT_TRUE(answer(QStringLiteral("D&iscard Older Text")));
+  support::settle();
+  EXPECT_TRUE(QDir(place()).isEmpty());
+}
+
+TEST_F(RecoveryTest, ATextThatWasKeptAfterItsFileHadBeenChangedIsTheNewerOne) {
+  leaveBehind(QStringLiteral("a.pas"), "a", QStringLiteral("x"));
+  writeAt(-3600, QStringLiteral("a.pas"), "changed by another program");
+  start();
+  recovery->offer();
+  ASSERT_EQ(messages(),
+            QStringList{QStringLiteral("The editor did not end in order last time. There is unsaved text of "
+                                       "a.pas.")});
+  EXPECT_TRUE(restore());
+}
+
+TEST_F(RecoveryTest, OlderAndNewerTextsAreAskedAboutApart) {
+  leaveBehind(QStringLiteral("a.pas"), "a", QStringLiteral("x"));
+  leaveBehind(QStringLiteral("b.pas"), "b", QStringLiteral("x"));
+  writeAt(60, QStringLiteral("b.pas"), "newer");
+  start();
+  recovery->offer();
+  ASSERT_EQ(messages().size(), 2);
+  EXPECT_TRUE(messages().at(0).contains(QStringLiteral("a.pas")));
+  EXPECT_TRUE(messages().at(1).contains(QStringLiteral("b.pas")));
+  ASSERT_TRUE(restore());
+  EXPECT_EQ(window()->pages().size(), 1);
+  EXPECT_EQ(text(), QStringLiteral("xa"));
+}
+
+TEST_F(RecoveryTest, ATextWhoseFileHasGoneIsTheNewerOne) {
+  leaveBehind(QStringLiteral("a.pas"), "a", QStringLiteral("x"));
+  ASSERT_TRUE(QFile::remove(path(QStringLiteral("a.pas"))));
+  start();
+  recovery->offer();
+  EXPECT_TRUE(restore());
 }
 
 TEST_F(RecoveryTest, AFullDiskIsToldOnceAndTriedAgain) {
