@@ -2,6 +2,10 @@
 #include "platform/Actions.h"
 
 #include "platform/Application.h"
+#include "platform/KeyPlaces.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
 
 #include <algorithm>
 #include <array>
@@ -40,8 +44,22 @@ constexpr std::array<TKeyPair, 17> kNamedKeys = {{
 constexpr std::uint8_t kVirtualF1 = 0x70;
 constexpr std::uint8_t kVirtualF24 = 0x87;
 
+bool IsDigit(int key) {
+  return key >= '0' && key <= '9';
+}
+
 bool IsLetterOrDigit(int key) {
-  return (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z');
+  return IsDigit(key) || (key >= 'A' && key <= 'Z');
+}
+
+// The shortcut of a digit with Shift and more, or 0 for every other press. Shift alone types.
+TShortCut ShiftedDigit(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers modifiers = event.modifiers();
+  const bool isShifted = modifiers.testFlag(Qt::ShiftModifier) && modifiers & (Qt::ControlModifier | Qt::AltModifier);
+  if (!isShifted || modifiers & (Qt::MetaModifier | Qt::KeypadModifier))
+    return 0;
+  const std::uint8_t key = VirtualKeyOf(event);
+  return IsDigit(key) ? static_cast<TShortCut>(key | ModifiersOf(event)) : TShortCut{0};
 }
 
 } // namespace
@@ -91,9 +109,35 @@ void TAction::SetShortCut(TShortCut shortCut) {
 
 TActionList::TActionList(QWidget* form, const QString& name) : QObject(form), form_(form) {
   setObjectName(name);
+  QCoreApplication::instance()->installEventFilter(this);
 }
 
 TActionList::~TActionList() = default;
+
+// A press that comes to a control has fired no shortcut before.
+bool TActionList::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || !form_)
+    return false;
+  const auto* const control = qobject_cast<const QWidget*>(watched);
+  if (control == nullptr || (control != form_ && !form_->isAncestorOf(control)))
+    return false;
+  const TShortCut shortCut = ShiftedDigit(static_cast<const QKeyEvent&>(*event));
+  if (shortCut == 0 || !Fire(shortCut))
+    return false;
+  event->accept();
+  return true;
+}
+
+bool TActionList::Fire(TShortCut shortCut) const {
+  for (QAction* const action : Actions()) {
+    const auto* const own = dynamic_cast<const TAction*>(action);
+    if (own != nullptr && own->isEnabled() && own->ShortCut() == shortCut) {
+      action->trigger();
+      return true;
+    }
+  }
+  return false;
+}
 
 void TActionList::Add(QAction* action) {
   if (Actions().contains(action))

@@ -54,6 +54,9 @@ private:
 
 // A named list of actions that belongs to a form: the shortcuts of its actions fire while the focus is in that form. It
 // does not own the actions; one that is destroyed leaves the list.
+//
+// Shortcuts are Qt's, but for one kind: where it takes Shift to type a digit, as on French keyboards, Qt sees in
+// Shift+Alt+0 an Alt+0 only. Such a press fires the TAction with Shift in its shortcut, if Qt has not used it up.
 class VIRELLE_PLATFORM TActionList : public QObject {
 public:
   // A list named `name` owned by `form`, which serves the shortcuts.
@@ -67,7 +70,12 @@ public:
   // The action whose object name is `name`, or null.
   QAction* Find(const QString& name) const;
 
+protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
+  bool Fire(TShortCut shortCut) const;
+
   QPointer<QWidget> form_;
   QList<QPointer<QAction>> actions_;
 };

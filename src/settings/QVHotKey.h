@@ -17,8 +17,7 @@ namespace quorvane {
 // are no shortcuts: Backspace, Delete and Space clear the field, Enter and Escape are the dialog's. Tab always is, so
 // that the keyboard gets out again, and so are keys that have no name. While modifiers are held, they are shown.
 //
-// A key is known by its place where its sign does not tell: Shift+0 is 0, whatever sign the keyboard's layout gives it,
-// and so is a letter of another script.
+// Which key was pressed is what VirtualKeyOf says.
 class THotKey final : public QLineEdit {
   Q_OBJECT
   Q_PROPERTY(int HotKey READ HotKey WRITE SetHotKey)

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QWidget>
 
 #include <memory>
@@ -79,4 +81,85 @@ TEST(ActionList, OutlivesItsRemovedActions) {
   list.Remove(&action);
   EXPECT_TRUE(list.Actions().isEmpty());
   EXPECT_TRUE(form.actions().isEmpty());
+}
+
+// Digits that take Shift. The scan codes are those of X11.
+
+class ShiftedDigits : public testing::Test {
+protected:
+  static constexpr quint32 codeOfZero = 19;
+
+  ShiftedDigits() {
+    hotKey.SetShortCut(scShift | scAlt | '0');
+    hotKey.OnExecute = [this] { ++fired; };
+    list.Add(&hotKey);
+  }
+
+  // A press that Qt found no shortcut for, as it comes to `receiver`. Returns whether it got there.
+  static bool press(QWidget& receiver, int key, const QString& text, Qt::KeyboardModifiers modifiers,
+                    quint32 code = codeOfZero) {
+    class Watch : public QObject {
+    public:
+      bool eventFilter(QObject*, QEvent* event) override {
+        came = came || event->type() == QEvent::KeyPress;
+        return false;
+      }
+      bool came = false;
+    } watch;
+    receiver.installEventFilter(&watch);
+    QKeyEvent event(QEvent::KeyPress, key, modifiers, code, static_cast<quint32>(key), 0, text);
+    QCoreApplication::sendEvent(&receiver, &event);
+    return watch.came;
+  }
+
+  QWidget form;
+  QLineEdit control{&form};
+  TActionList list{&form, QStringLiteral("ActionList1")};
+  TAction hotKey{nullptr};
+  int fired = 0;
+};
+
+TEST_F(ShiftedDigits, FireTheShortcutOnAFrenchKeyboard) {
+  EXPECT_FALSE(press(control, Qt::Key_0, QStringLiteral("0"), Qt::ShiftModifier | Qt::AltModifier));
+  EXPECT_EQ(fired, 1);
+  EXPECT_EQ(control.text(), QString()) << "nothing is typed";
+}
+
+TEST_F(ShiftedDigits, FireItWhateverSignShiftGives) {
+  press(control, Qt::Key_Equal, QStringLiteral("="), Qt::ShiftModifier | Qt::AltModifier); // German
+  EXPECT_EQ(fired, 1);
+}
+
+TEST_F(ShiftedDigits, FireNothingThatWantsOtherModifiersOrAnotherKey) {
+  press(control, Qt::Key_0, QStringLiteral("0"), Qt::ShiftModifier | Qt::ControlModifier);
+  press(control, Qt::Key_0, QStringLiteral("0"), Qt::ShiftModifier | Qt::AltModifier | Qt::ControlModifier);
+  press(control, Qt::Key_0, QStringLiteral("0"), Qt::ShiftModifier | Qt::AltModifier | Qt::MetaModifier);
+  press(control, Qt::Key_9, QStringLiteral("9"), Qt::ShiftModifier | Qt::AltModifier, codeOfZero - 1);
+  press(control, Qt::Key_Agrave, QStringLiteral("\u00e0"), Qt::AltModifier);
+  EXPECT_EQ(fired, 0);
+}
+
+TEST_F(ShiftedDigits, AreTypedWithShiftAlone) {
+  hotKey.SetShortCut(scShift | '0');
+  EXPECT_TRUE(press(control, Qt::Key_0, QStringLiteral("0"), Qt::ShiftModifier));
+  EXPECT_EQ(fired, 0);
+  EXPECT_EQ(control.text(), QStringLiteral("0"));
+}
+
+TEST_F(ShiftedDigits, FireNothingThatIsDisabledOrRemoved) {
+  hotKey.setEnabled(false);
+  EXPECT_TRUE(press(control, Qt::Key_0, QString(), Qt::ShiftModifier | Qt::AltModifier));
+  hotKey.setEnabled(true);
+  list.Remove(&hotKey);
+  EXPECT_TRUE(press(control, Qt::Key_0, QString(), Qt::ShiftModifier | Qt::AltModifier));
+  EXPECT_EQ(fired, 0);
+}
+
+TEST_F(ShiftedDigits, FireOnlyInTheFormOfTheList) {
+  QLineEdit elsewhere;
+  QWidget dialog(&form, Qt::Dialog);
+  QLineEdit inDialog(&dialog);
+  EXPECT_TRUE(press(elsewhere, Qt::Key_0, QString(), Qt::ShiftModifier | Qt::AltModifier));
+  EXPECT_TRUE(press(inDialog, Qt::Key_0, QString(), Qt::ShiftModifier | Qt::AltModifier));
+  EXPECT_EQ(fired, 0);
 }

@@ -50,6 +50,18 @@ TEST_F(MarksOnDemand, HotKeyMarksThePair) {
   EXPECT_TRUE(isMarked(1, 4));
 }
 
+// Qt makes no shortcut of this press, since it takes Shift for used up by the digit.
+TEST_F(MarksOnDemand, HotKeyMarksThePairOnAFrenchKeyboard) {
+  openAtBracket();
+  constexpr quint32 codeOfZero = 19;
+  QKeyEvent press(QEvent::KeyPress, Qt::Key_0, Qt::ShiftModifier | Qt::AltModifier, codeOfZero, '0', 0,
+                  QStringLiteral("0"));
+  QApplication::sendEvent(editor(), &press);
+  support::settle();
+  EXPECT_TRUE(isMarked(1, 2));
+  EXPECT_TRUE(isMarked(1, 4));
+}
+
 TEST_F(MarksOnDemand, OutliveThreeBlinksOfTheCaret) {
   openAtBracket();
   pressHotKey();
