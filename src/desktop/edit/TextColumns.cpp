@@ -10,7 +10,8 @@ namespace {
 // Walks along a line character by character.
 class Walker {
 public:
-  Walker(QStringView line, int tabWidth) : line_(line), tabWidth_(std::max(tabWidth, 1)) {}
+  Walker(QStringView line, int tabWidth, LinePlace from = {})
+      : line_(line), tabWidth_(std::max(tabWidth, 1)), unit_(from.unit), cell_(from.column - 1) {}
 
   bool atEnd() const { return unit_ >= line_.size(); }
   qsizetype unit() const { return unit_; }
@@ -33,13 +34,13 @@ public:
 private:
   QStringView line_;
   int tabWidth_;
-  qsizetype unit_ = 0;
-  int charIndex_ = 0;
-  int cell_ = 0;
+  qsizetype unit_;
+  int charIndex_ = 0; // from the place where it began
+  int cell_;
 };
 
-Walker walkToUnit(QStringView line, qsizetype unit, int tabWidth) {
-  Walker walker(line, tabWidth);
+Walker walkToUnit(QStringView line, qsizetype unit, int tabWidth, LinePlace from = {}) {
+  Walker walker(line, tabWidth, from);
   while (!walker.atEnd() && walker.nextUnit() <= unit)
     walker.step();
   return walker;
@@ -90,6 +91,11 @@ int columnOfUnit(QStringView line, qsizetype unit, int tabWidth) {
 
 qsizetype unitOfColumn(QStringView line, int column, int tabWidth) {
   return walkToColumn(line, column, tabWidth).unit();
+}
+
+LinePlace walkOn(QStringView line, LinePlace from, qsizetype unit, int tabWidth) {
+  const Walker walker = walkToUnit(line, unit, tabWidth, from);
+  return {walker.unit(), walker.column()};
 }
 
 } // namespace desktop

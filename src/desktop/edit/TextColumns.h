@@ -26,4 +26,14 @@ int charIndexOfColumn(QStringView line, int column, int tabWidth);
 int columnOfUnit(QStringView line, qsizetype unit, int tabWidth);
 qsizetype unitOfColumn(QStringView line, int column, int tabWidth);
 
+// A character of a line by its first unit and its column.
+struct LinePlace {
+  qsizetype unit = 0;
+  int column = 1;
+};
+
+// The character of unit `unit`, which must not stand before `from`, a place of the same line. Whoever asks for one
+// character of a line after the other passes over the line only once.
+LinePlace walkOn(QStringView line, LinePlace from, qsizetype unit, int tabWidth);
+
 } // namespace desktop

@@ -181,9 +181,21 @@ void ResultList::track(Row& row, SourceDocument& document) {
 
 // The text is that of the file now: its places are kept for when the page has been closed.
 void ResultList::keep(const SourceDocument* document) {
+  const Page* const page = pageOf(document);
+  const int tabWidth = page != nullptr ? page->window()->editor()->tabWidth() : 1;
+  QTextBlock block; // of the row before, and its place there
+  LinePlace at;
   for (Row& row : rows_) {
-    if (!row.cursor.isNull() && row.cursor.document() == document)
-      row.place = present(row);
+    if (row.cursor.isNull() || row.cursor.document() != document)
+      continue;
+    const int unit = row.cursor.positionInBlock();
+    if (row.cursor.block() != block || unit < at.unit)
+      at = {};
+    block = row.cursor.block();
+    at = walkOn(block.text(), at, unit, tabWidth);
+    row.place.line = block.blockNumber() + 1;
+    row.place.unit = unit;
+    row.place.column = at.column;
   }
 }
 

@@ -4,6 +4,7 @@
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/ResultList.h"
@@ -11,6 +12,7 @@
 #include "desktop/ui/Workspace.h"
 
 #include <QFileInfo>
+#include <QPointer>
 #include <QTextBlock>
 #include <QTextCursor>
 
@@ -20,22 +22,20 @@ namespace desktop {
 
 namespace {
 
-// Selects the place's text, or else puts the caret there, as far as the text has such a place.
-void select(TEditControl& editor, const FoundPlace& place) {
+// Selects the place's text, or else puts the caret there, as far as the text has such a place. What was out of sight
+// comes to the middle, so that the lines around it are seen as well.
+void selectPlace(TEditControl& editor, const FoundPlace& place) {
   const QTextBlock wanted = editor.document()->findBlockByNumber(place.line - 1);
   const QTextBlock block = wanted.isValid() ? wanted : editor.document()->lastBlock();
   const int begin = std::clamp(place.unit, 0, block.length() - 1);
   QTextCursor cursor(block);
   cursor.setPosition(block.position() + begin);
   cursor.setPosition(block.position() + std::min(begin + place.length, block.length() - 1), QTextCursor::KeepAnchor);
-  editor.setTextCursor(cursor);
-}
-
-// What is out of sight comes to the middle, so that the lines around it are seen as well.
-void bringIntoSight(TEditControl& editor) {
-  const int row = editor.caretRow();
+  const int top = editor.topLine();
   const int lines = editor.viewSize().height();
-  if (row < editor.topLine() || row >= editor.topLine() + lines)
+  editor.setTextCursor(cursor); // which scrolls as little as needed
+  const int row = editor.caretRow();
+  if (row < top || row >= top + lines)
     editor.setTopLine(std::max(row - lines / 2, 1));
   editor.showCaret();
 }
@@ -65,32 +65,33 @@ void ResultWalk::goToPrevious(TEditWindow* window) {
        wraps ? tr("Reached the top, went on from the end. ") : QString());
 }
 
-// Null, which `window` then says, if the file cannot be opened.
-Page* ResultWalk::open(int row, TEditWindow* window) {
-  if (Page* const page = list_.page(row))
-    return page;
-  const QString fileName = list_.place(row).fileName;
-  if (workspace_.findPage(fileName) == nullptr && !QFileInfo(fileName).isFile()) {
-    window->messageBar()->addMessage(MessageBar::Kind::Warning, tr("%1 is no longer there.").arg(fileName));
-    return nullptr;
+void ResultWalk::go(int row, TEditWindow* window, const QString& note) {
+  setCurrentRow(row);
+  const FoundPlace place = list_.place(row);
+  if (Page* const page = list_.page(row)) {
+    workspace_.showPage(page);
+    show(page, place, note);
+    return;
   }
-  return workspace_.openFileIn(window, fileName);
+  if (workspace_.findPage(place.fileName) == nullptr && !QFileInfo(place.fileName).isFile()) {
+    window->messageBar()->addMessage(MessageBar::Kind::Warning, tr("%1 is no longer there.").arg(place.fileName));
+    return;
+  }
+  // A large file is there later, when the user may have gone on to another place.
+  workspace_.openings().open(window, place.fileName, [self = QPointer(this), row, place, note](Page* page) {
+    if (self && self->current_ == row)
+      self->show(page, place, note);
+  });
 }
 
-bool ResultWalk::go(int row, TEditWindow* window, const QString& note) {
-  setCurrentRow(row);
-  Page* const page = open(row, window);
-  if (page == nullptr)
-    return false;
-  workspace_.showPage(page);
-  const FoundPlace place = list_.place(row);
+void ResultWalk::show(Page* page, const FoundPlace& place, const QString& note) {
   TEditControl& editor = *page->window()->editor();
-  select(editor, place);
-  bringIntoSight(editor);
+  if (!page->isCurrent())
+    return;
+  selectPlace(editor, place);
   editor.setFocus(Qt::OtherFocusReason);
-  page->window()->statusBar()->showNote(note +
-                                        tr("%L1 of %L2: %3").arg(row + 1).arg(list_.count()).arg(place.text.trimmed()));
-  return true;
+  const QString which = tr("%L1 of %L2: %3").arg(current_ + 1).arg(list_.count()).arg(place.text.trimmed());
+  page->window()->statusBar()->showNote(note + which);
 }
 
 } // namespace desktop

@@ -6,6 +6,7 @@
 
 namespace desktop {
 
+struct FoundPlace;
 class Page;
 class ResultList;
 class TEditWindow;
@@ -23,9 +24,9 @@ public:
   int currentRow() const { return current_; }
 
   // Shows the place of a row (from 0, below the list's count) with the caret, or a selection, on it and gives the focus
-  // to the text. A file that is not open is opened in `window`. False if that is not possible, which `window` then
-  // says; the row is the current one all the same, so that one can go on behind it.
-  bool go(int row, TEditWindow* window) { return go(row, window, {}); }
+  // to the text. A file that is not open is opened in `window`, which may take a while; if it cannot be opened `window`
+  // says so. The row is the current one in any case, so that one can go on behind it.
+  void go(int row, TEditWindow* window) { go(row, window, {}); }
   // Goes to the row behind the current one, or before it; from the last row to the first and the other way round, which
   // the status bar says. Without a row it is the first, or the last one.
   void goToNext(TEditWindow* window);
@@ -35,9 +36,9 @@ Q_SIGNALS:
   void currentRowChanged(int row);
 
 private:
-  bool go(int row, TEditWindow* window, const QString& note);
+  void go(int row, TEditWindow* window, const QString& note);
   void setCurrentRow(int row);
-  Page* open(int row, TEditWindow* window);
+  void show(Page* page, const FoundPlace& place, const QString& note);
 
   Workspace& workspace_;
   ResultList& list_;

@@ -145,6 +145,10 @@ bool ResultsPanel::handleKey(const QKeyEvent& event) {
     copySelected();
     return true;
   }
+  if (event.matches(QKeySequence::SelectAll)) {
+    view_->selectAll();
+    return true;
+  }
   switch (event.key()) {
   case Qt::Key_Return:
   case Qt::Key_Enter:
@@ -164,11 +168,13 @@ bool ResultsPanel::handleKey(const QKeyEvent& event) {
 bool ResultsPanel::eventFilter(QObject* watched, QEvent* event) {
   if (watched == view_ && event->type() == QEvent::KeyPress)
     return handleKey(*static_cast<QKeyEvent*>(event));
-  // Ctrl+C is a command of the window as well, which is for its text.
-  if (watched == view_ && event->type() == QEvent::ShortcutOverride &&
-      static_cast<QKeyEvent*>(event)->matches(QKeySequence::Copy)) {
-    event->accept();
-    return true;
+  // These are commands of the window as well, which are for its text.
+  if (watched == view_ && event->type() == QEvent::ShortcutOverride) {
+    const auto* const key = static_cast<QKeyEvent*>(event);
+    if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::SelectAll)) {
+      event->accept();
+      return true;
+    }
   }
   return QDockWidget::eventFilter(watched, event);
 }

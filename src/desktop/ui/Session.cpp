@@ -7,6 +7,7 @@
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/ResultsPanel.h"
 #include "desktop/ui/ViewState.h"
 #include "desktop/ui/Workspace.h"
 #include "platform/FileError.h"
@@ -35,6 +36,15 @@ const auto pagesKey = QLatin1StringView("pages");
 const auto currentKey = QLatin1StringView("current");
 const auto fileKey = QLatin1StringView("file");
 const auto viewKey = QLatin1StringView("view");
+const auto panelsKey = QLatin1StringView("panels");
+
+QByteArray bytesOf(const QJsonValue& base64) {
+  return QByteArray::fromBase64(base64.toString().toLatin1(), QByteArray::Base64Encoding);
+}
+
+QString base64Of(const QByteArray& bytes) {
+  return QString::fromLatin1(bytes.toBase64());
+}
 
 QString fileOf(const QJsonValue& page) {
   return page[fileKey].toString();
@@ -119,8 +129,9 @@ bool Session::restoreWindow(const QJsonObject& json, TEditWindow* window) {
     return false;
   if (window == nullptr)
     window = workspace_.newWindow();
-  workspace_.frameOf(window)->restoreGeometry(
-      QByteArray::fromBase64(json[geometryKey].toString().toLatin1(), QByteArray::Base64Encoding));
+  MainWindow* const frame = workspace_.frameOf(window);
+  frame->restoreGeometry(bytesOf(json[geometryKey]));
+  frame->restoreState(bytesOf(json[panelsKey]));
   restorePages(json, window);
   return anyFile;
 }
@@ -154,6 +165,7 @@ void Session::follow(TEditWindow* window) {
   connect(window, &TEditWindow::pageAboutToClose, this, &Session::noteChange);
   connect(window, &TEditWindow::pageChanged, this, &Session::noteChange);
   connect(window->editor(), &TEditControl::caretMoved, this, &Session::noteChange);
+  connect(workspace_.frameOf(window)->resultsPanel(), &QDockWidget::visibilityChanged, this, &Session::noteChange);
 }
 
 void Session::noteChange() {
@@ -199,8 +211,11 @@ QJsonObject Session::present(TEditWindow* window) const {
       current = static_cast<int>(pages.size());
     pages.append(QJsonObject{{fileKey, page->document()->fileName()}, {viewKey, toJson(page->state())}});
   }
-  const QByteArray geometry = workspace_.frameOf(window)->saveGeometry().toBase64();
-  return {{geometryKey, QString::fromLatin1(geometry)}, {pagesKey, pages}, {currentKey, current}};
+  const MainWindow* const frame = workspace_.frameOf(window);
+  return {{geometryKey, base64Of(frame->saveGeometry())},
+          {panelsKey, base64Of(frame->saveState())},
+          {pagesKey, pages},
+          {currentKey, current}};
 }
 
 } // namespace desktop

@@ -8,6 +8,7 @@
 #include "desktop/ui/ClosedPages.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/EnvironmentDialog.h"
+#include "desktop/ui/FileCheck.h"
 #include "desktop/ui/FileCommands.h"
 #include "desktop/ui/FindBar.h"
 #include "desktop/ui/GoToLineDialog.h"
@@ -168,6 +169,10 @@ void WindowCommands::goToLine() {
   editor->setFocus(Qt::OtherFocusReason);
 }
 
+void WindowCommands::checkFile() {
+  workspace_.fileCheck().start(window_);
+}
+
 void WindowCommands::nextResult() {
   workspace_.resultWalk().goToNext(window_);
 }
@@ -318,6 +323,7 @@ void WindowCommands::update() {
     enable(name, writable && line == nullptr);
   enable("SearchGoToCommand", open || workspace_.topPage() != nullptr);
   enable("SearchOpenUnitCommand", open && shown->isPascal());
+  enable("SearchCheckCommand", open);
   for (const char* const name : {"SearchNextResultCommand", "SearchPreviousResultCommand"})
     enable(name, workspace_.results().count() > 0);
   for (const char* const name : {"ViewNextTabCommand", "ViewPreviousTabCommand"})

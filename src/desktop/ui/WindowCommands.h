@@ -95,6 +95,7 @@ private:
   void replace();
   void goToLine();
   void openUnit();
+  void checkFile();
   void nextResult();
   void previousResult();
   void showResults();

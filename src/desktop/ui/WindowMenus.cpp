@@ -103,6 +103,7 @@ void WindowCommands::buildSearchMenu() {
       Row{"SearchOpenUnitCommand", QT_TR_NOOP("Op&en Unit at Caret"), "Alt+Return; Alt+Enter", "",
           &WindowCommands::openUnit},
       Row{},
+      Row{"SearchCheckCommand", QT_TR_NOOP("&Check File"), "F9", "", &WindowCommands::checkFile},
       Row{"SearchNextResultCommand", QT_TR_NOOP("Ne&xt Result"), "F8", "", &WindowCommands::nextResult},
       Row{"SearchPreviousResultCommand", QT_TR_NOOP("Previous Res&ult"), "Shift+F8", "",
           &WindowCommands::previousResult},

@@ -16,6 +16,7 @@ namespace desktop {
 class Appearance;
 class ClosedPages;
 class EnvironmentSettings;
+class FileCheck;
 class FileCommands;
 class FileOpenings;
 class MainWindow;
@@ -91,6 +92,7 @@ public:
   // What the last check or search has found, and the way from one place to the next.
   ResultList& results() const { return *results_; }
   ResultWalk& resultWalk() const { return *resultWalk_; }
+  FileCheck& fileCheck() const { return *fileCheck_; }
 
   // The packages that the user may load and unload, or null, as at first. Not owned.
   PackageList* packages() const { return packages_; }
@@ -123,6 +125,7 @@ private:
   RecentFiles* recentFiles_;
   ResultList* results_;
   ResultWalk* resultWalk_;
+  FileCheck* fileCheck_;
   ClosedPages* closedPages_ = nullptr;
   PackageList* packages_ = nullptr;
   SearchPath searchPath_;

@@ -78,5 +78,15 @@ TEST(TextColumns, TakeATabWidthBelowOneAsOne) {
   EXPECT_EQ(columnOfCharIndex(u"\t\tx", 2, 0), 3);
 }
 
+TEST(TextColumns, WalkOnFromAPlaceAsFromTheStart) {
+  const QStringView line = u"a\tb\U0001F600\tc\td";
+  LinePlace place;
+  for (qsizetype unit = 0; unit <= line.size(); ++unit) {
+    place = walkOn(line, place, unit, tabs);
+    EXPECT_EQ(place.column, columnOfUnit(line, unit, tabs)) << unit;
+  }
+  EXPECT_EQ(place.unit, line.size());
+}
+
 } // namespace
 } // namespace desktop

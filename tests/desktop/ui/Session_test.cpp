@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/ui/UiFixture.h"
 
+#include "desktop/ui/ResultsPanel.h"
 #include "desktop/ui/Session.h"
 
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <functional>
 #include <memory>
@@ -209,6 +213,65 @@ TEST_F(SessionTest, IsWrittenAWhileAfterAChangeToo) {
   EXPECT_FALSE(timer->isActive());
   first.window()->editor()->setCaret(5, 1);
   EXPECT_TRUE(timer->isActive());
+}
+
+TEST_F(SessionTest, TheResultsPanelComesBackAsItWas) {
+  int height = 0;
+  run([this, &height](Run& first) {
+    first.workspace.openFile(source("a.pas"));
+    MainWindow* const frame = first.workspace.frameOf(first.window());
+    frame->resultsPanel()->open();
+    frame->resizeDocks({frame->resultsPanel()}, {260}, Qt::Vertical);
+    support::settle();
+    height = frame->resultsPanel()->height();
+    EXPECT_EQ(height, 260);
+  });
+  run([&height](const Run& second) {
+    const ResultsPanel* const panel = second.workspace.frameOf(second.window())->resultsPanel();
+    support::settle();
+    EXPECT_TRUE(panel->isVisible());
+    EXPECT_EQ(panel->height(), height);
+  });
+}
+
+TEST_F(SessionTest, AClosedResultsPanelStaysClosed) {
+  run([this](Run& first) {
+    first.workspace.openFile(source("a.pas"));
+    first.workspace.frameOf(first.window())->resultsPanel()->open();
+    first.workspace.frameOf(first.window())->resultsPanel()->leaveAndClose();
+  });
+  run([](const Run& second) { EXPECT_FALSE(second.workspace.frameOf(second.window())->resultsPanel()->isVisible()); });
+}
+
+TEST_F(SessionTest, OpeningTheResultsPanelIsAChange) {
+  run([this](Run& first) { first.workspace.openFile(source("a.pas")); });
+  Run second(file());
+  auto* const timer = second.session.findChild<QTimer*>(QStringLiteral("SessionTimer"));
+  timer->stop();
+  second.workspace.frameOf(second.window())->resultsPanel()->open();
+  EXPECT_TRUE(timer->isActive());
+}
+
+TEST_F(SessionTest, ADamagedStateOfThePanelsIsLeftOut) {
+  run([this](Run& first) { first.workspace.openFile(source("a.pas")); });
+  QFile session(file());
+  ASSERT_TRUE(session.open(QIODevice::ReadOnly));
+  QJsonObject json = QJsonDocument::fromJson(session.readAll()).object();
+  session.close();
+  QJsonArray windows = json[QStringLiteral("windows")].toArray();
+  QJsonObject window = windows[0].toObject();
+  const QByteArray state = QByteArray::fromBase64(window[QStringLiteral("panels")].toString().toLatin1());
+  ASSERT_GT(state.size(), 20);
+  window[QStringLiteral("panels")] = QString::fromLatin1(state.left(20).toBase64());
+  windows[0] = window;
+  json[QStringLiteral("windows")] = windows;
+  ASSERT_TRUE(session.open(QIODevice::WriteOnly));
+  session.write(QJsonDocument(json).toJson());
+  session.close();
+  run([](const Run& second) {
+    EXPECT_EQ(second.titles(), QStringList{QStringLiteral("a.pas")});
+    EXPECT_FALSE(second.workspace.frameOf(second.window())->resultsPanel()->isVisible());
+  });
 }
 
 TEST_F(SessionTest, WithoutAPlaceThereIsNoSession) {
