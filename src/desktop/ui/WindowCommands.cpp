@@ -10,6 +10,7 @@
 #include "desktop/ui/EnvironmentDialog.h"
 #include "desktop/ui/FileCheck.h"
 #include "desktop/ui/FileCommands.h"
+#include "desktop/ui/FilesSearch.h"
 #include "desktop/ui/FindBar.h"
 #include "desktop/ui/GoToLineDialog.h"
 #include "desktop/ui/MainWindow.h"
@@ -153,6 +154,10 @@ void WindowCommands::findPreviousWord() {
 
 void WindowCommands::replace() {
   window_->findBar()->openReplace();
+}
+
+void WindowCommands::findInFiles() {
+  workspace_.filesSearch().ask(window_);
 }
 
 void WindowCommands::goToLine() {

@@ -93,6 +93,7 @@ private:
   void findNextWord();
   void findPreviousWord();
   void replace();
+  void findInFiles();
   void goToLine();
   void openUnit();
   void checkFile();

@@ -39,6 +39,8 @@ void WorkProgress::makeDialog() {
   dialog_->setWindowModality(Qt::WindowModal);
   dialog_->setMinimumDuration(0);
   dialog_->setAutoReset(false);
+  // Escape only hides the dialog as long as it is not the active window.
+  QObject::connect(dialog_, &QDialog::rejected, dialog_, &QProgressDialog::cancel);
 }
 
 } // namespace desktop

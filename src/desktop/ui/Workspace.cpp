@@ -10,6 +10,7 @@
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCheck.h"
 #include "desktop/ui/FileCommands.h"
+#include "desktop/ui/FilesSearch.h"
 #include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
@@ -52,7 +53,7 @@ Workspace::Workspace(QObject* parent)
       settings_(new EnvironmentSettings(this)),
       appearance_(new Appearance(*settings_, this)),
       recentFiles_(new RecentFiles(*this)), results_(new ResultList(*this)),
-      resultWalk_(new ResultWalk(*this, *results_)), fileCheck_(new FileCheck(*this)) {
+      resultWalk_(new ResultWalk(*this, *results_)), filesSearch_(new FilesSearch(*this)), fileCheck_(new FileCheck(*this)) {
   closedPages_ = new ClosedPages(*this); // it looks at the windows, of which there are none yet
   addFrame();
   connect(settings_, &EnvironmentSettings::saveFailed, this, &Workspace::reportUnkeptSettings);

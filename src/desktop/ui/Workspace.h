@@ -18,6 +18,7 @@ class ClosedPages;
 class EnvironmentSettings;
 class FileCheck;
 class FileCommands;
+class FilesSearch;
 class FileOpenings;
 class MainWindow;
 class PackageList;
@@ -92,6 +93,7 @@ public:
   // What the last check or search has found, and the way from one place to the next.
   ResultList& results() const { return *results_; }
   ResultWalk& resultWalk() const { return *resultWalk_; }
+  FilesSearch& filesSearch() const { return *filesSearch_; }
   FileCheck& fileCheck() const { return *fileCheck_; }
 
   // The packages that the user may load and unload, or null, as at first. Not owned.
@@ -125,6 +127,7 @@ private:
   RecentFiles* recentFiles_;
   ResultList* results_;
   ResultWalk* resultWalk_;
+  FilesSearch* filesSearch_;
   FileCheck* fileCheck_;
   ClosedPages* closedPages_ = nullptr;
   PackageList* packages_ = nullptr;
