@@ -83,7 +83,6 @@ EnvironmentDialog::EnvironmentDialog(const EnvironmentValues& values, const QLis
   auto* const layout = new QVBoxLayout(this);
   layout->addWidget(makeTextGroup(), 1);
   layout->addWidget(makeEditingGroup());
-  layout->addWidget(makeFilesGroup());
   auto* const buttons =
       new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel | QDialogButtonBox::RestoreDefaults);
   QPushButton* const defaults = buttons->button(QDialogButtonBox::RestoreDefaults);
@@ -150,14 +149,6 @@ QGroupBox* EnvironmentDialog::makeTextGroup() {
 QGroupBox* EnvironmentDialog::makeEditingGroup() {
   bracketPairs_ = makeCheck("BracketPairs", tr("Type &brackets and quotes as pairs"));
   trimTrailingBlanks_ = makeCheck("TrimTrailingBlanks", tr("&Remove trailing blanks when saving"));
-  auto* const group = new QGroupBox(tr("Editing"));
-  auto* const layout = new QVBoxLayout(group);
-  layout->addWidget(bracketPairs_);
-  layout->addWidget(trimTrailingBlanks_);
-  return group;
-}
-
-QGroupBox* EnvironmentDialog::makeFilesGroup() {
   recoverySeconds_ = makeNumber("RecoverySeconds", environmentLimits.recoverySeconds);
   recoverySeconds_->setSuffix(tr(" s"));
   recoverySeconds_->setToolTip(tr("For the case of a crash; --recovery-interval on the command line goes first"));
@@ -175,13 +166,14 @@ QGroupBox* EnvironmentDialog::makeFilesGroup() {
   auto* const interval = new QHBoxLayout;
   interval->addWidget(recoverySeconds_);
   interval->addStretch();
-  auto* const form = new QFormLayout;
   auto* const intervalLabel = new QLabel(tr("&Keep unsaved text every:"));
   intervalLabel->setBuddy(recoverySeconds_);
+  auto* const group = new QGroupBox(tr("Editing and Files"));
+  auto* const form = new QFormLayout(group);
+  form->addRow(bracketPairs_);
+  form->addRow(trimTrailingBlanks_);
   form->addRow(intervalLabel, interval);
   form->addRow(tr("Used units are looked for in:"), path);
-  auto* const group = new QGroupBox(tr("Files"));
-  group->setLayout(form);
   return group;
 }
 

@@ -36,7 +36,6 @@ public:
 private:
   QGroupBox* makeTextGroup();
   QGroupBox* makeEditingGroup();
-  QGroupBox* makeFilesGroup();
   void showValues(const EnvironmentValues& values);
   void restoreDefaults();
   void updatePreview();

@@ -224,9 +224,9 @@ void WindowCommands::buildComponentMenu() {
 void WindowCommands::buildToolsMenu() {
   // Add-ins put their items above the one with this name.
   static constexpr std::array rows = {
+      Row{"ToolsGalleryItem", QT_TR_NOOP("Search &Path..."), "", "folder", &WindowCommands::editSearchPath},
       Row{"ToolsEnvironmentCommand", QT_TR_NOOP("&Environment Options..."), "", "preferences-system",
           &WindowCommands::editEnvironment},
-      Row{"ToolsGalleryItem", QT_TR_NOOP("Search &Path..."), "", "folder", &WindowCommands::editSearchPath},
   };
   QMenu* const menu = addMenu("ToolsMenu", tr("&Tools"));
   if (platform::Application().MainForm() == frame_) {
