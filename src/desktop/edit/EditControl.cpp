@@ -48,7 +48,8 @@ TEditControl::TEditControl(QWidget* parent)
     : QPlainTextEdit(parent), windowProc_(platform::TWndMethod::Of<&TEditControl::defaultProc>(*this)),
       viewport_(new EditViewport), gutter_(new QWidget(this)), blink_(new CaretBlink(this)),
       empty_(new QTextDocument(this)), scheme_(lightScheme()),
-      fontFamily_(QFontDatabase::systemFont(QFontDatabase::FixedFont).family()) {
+      fontFamily_(QFontDatabase::systemFont(QFontDatabase::FixedFont).family()),
+      pairs_([this](const QTextBlock& line, int unit) { return isCodeAt(line, unit); }) {
   setObjectName(QStringLiteral("Editor"));
   setFrameShape(QFrame::NoFrame);
   setLineWrapMode(QPlainTextEdit::NoWrap);
@@ -103,6 +104,7 @@ void TEditControl::connectSignals() {
 void TEditControl::showDocument(QTextDocument* document, Colouring colouring) {
   QTextDocument& shown = document != nullptr ? *document : *empty_;
   hotLink_->clear();
+  pairs_.clear();
   if (highlighter_)
     highlighter_->disconnect(this);
   this->document()->documentLayout()->setPaintDevice(nullptr); // the document in front so far may outlive the viewport
@@ -228,6 +230,17 @@ void TEditControl::applyBlanks() {
   requestPaint();
 }
 
+void TEditControl::setTypesPairs(bool pairs) {
+  typesPairs_ = pairs;
+  pairs_.clear();
+}
+
+bool TEditControl::isCodeAt(const QTextBlock& line, int unit) const {
+  const SyntaxAttribute attribute = highlighter_->typedAttributeAt(line, unit);
+  return attribute != SyntaxAttribute::Comment && attribute != SyntaxAttribute::String &&
+         attribute != SyntaxAttribute::Directive;
+}
+
 void TEditControl::setIndentWidth(int cells) {
   indentWidth_ = std::max(cells, 1);
 }
@@ -330,6 +343,7 @@ qlonglong TEditControl::packedPosition(int position) const {
 }
 
 void TEditControl::onCaretMoved() {
+  pairs_.follow(textCursor());
   requestPaint();
   if (hasFocus())
     blink_->start();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/edit/BracketPairs.h"
 #include "desktop/edit/CellFont.h"
 #include "desktop/edit/CellLayout.h"
 #include "desktop/edit/ColorScheme.h"
@@ -124,6 +125,10 @@ public:
   TabInsertion tabInsertion() const { return tabInsertion_; }
   void setTabInsertion(TabInsertion insertion) { tabInsertion_ = insertion; }
 
+  // Whether brackets and quotes are typed as pairs, in Pascal source and while typing inserts; not at first.
+  bool typesPairs() const { return typesPairs_; }
+  void setTypesPairs(bool pairs);
+
   IndentOptions indentOptions() const { return {indentWidth_, tabWidth_, tabInsertion_}; }
 
   // For every line that the selection touches (the caret's line without one), as one undo step; a line that the
@@ -234,6 +239,9 @@ private:
   void turnZoom(QWheelEvent& event);
   void applyKey(QKeyEvent& event);
   bool unindentCaret();
+  bool takesPairs() const;
+  bool isCodeAt(const QTextBlock& line, int unit) const;
+  bool takePairBack();
   template <class TEdit> void editLines(TEdit&& edit); // EditControlCommands.cpp
   void applyCharacter(char32_t character);
   void applyScroll(Qt::Orientation orientation);
@@ -301,6 +309,8 @@ private:
   bool showsBlanks_ = false;
   TabInsertion tabInsertion_ = TabInsertion::Blanks;
   bool insertMode_ = true;
+  bool typesPairs_ = false;
+  BracketPairs pairs_;
   int searchBegin_ = 0;
   int searchAfter_ = 0;
   int tag_ = 0;

@@ -219,7 +219,8 @@ void TEditControl::applyKey(QKeyEvent& event) {
     unindentBlock();
     return event.accept();
   }
-  if (event.key() == Qt::Key_Backspace && !(event.modifiers() & ~Qt::ShiftModifier) && unindentCaret())
+  const bool isBackspace = event.key() == Qt::Key_Backspace && !(event.modifiers() & ~Qt::ShiftModifier);
+  if (isBackspace && (unindentCaret() || takePairBack()))
     return event.accept();
   if (isUnboundText(event))
     return event.ignore();
@@ -235,10 +236,25 @@ bool TEditControl::unindentCaret() {
   return true;
 }
 
+bool TEditControl::takesPairs() const {
+  return typesPairs_ && insertMode_ && highlighter_ && !isReadOnly();
+}
+
+// False when the caret does not stand in an empty pair.
+bool TEditControl::takePairBack() {
+  QTextCursor cursor = textCursor();
+  if (!takesPairs() || !pairs_.takeBack(cursor))
+    return false;
+  setTextCursor(cursor);
+  return true;
+}
+
 void TEditControl::applyCharacter(char32_t character) {
   if (isReadOnly())
     return;
   QTextCursor cursor = textCursor();
+  if (takesPairs() && pairs_.type(cursor, character))
+    return setTextCursor(cursor);
   const bool overwrites = !insertMode_ && isTyped(character) && !cursor.hasSelection() && !cursor.atBlockEnd();
   if (overwrites) { // only then, since a run of typed characters is to be one undo step
     cursor.beginEditBlock();

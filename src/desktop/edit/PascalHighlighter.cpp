@@ -93,6 +93,11 @@ SyntaxAttribute PascalHighlighter::attributeAt(const QTextBlock& block, int unit
   return scanner_.attributeAt(block.text(), startState(block), unit);
 }
 
+SyntaxAttribute PascalHighlighter::typedAttributeAt(const QTextBlock& block, int unit) {
+  scanUpTo(block.blockNumber(), QDeadlineTimer(paintBudget));
+  return scanner_.attributeAt(block.text().left(unit), startState(block), unit);
+}
+
 void PascalHighlighter::timerEvent(QTimerEvent* event) {
   if (event->timerId() != idle_.timerId())
     return QObject::timerEvent(event);

@@ -45,6 +45,8 @@ public:
   void forget(QTextBlock block);
   // The attribute of the character at `unit` (UTF-16, from 0) of `block`; at its end, of one that would be typed there.
   SyntaxAttribute attributeAt(const QTextBlock& block, int unit);
+  // The attribute of a character that would be typed before the one at `unit`, were it the last of its line.
+  SyntaxAttribute typedAttributeAt(const QTextBlock& block, int unit);
 
 Q_SIGNALS:
   // Lines that were prepared before the scan had reached them may look different now.

@@ -159,6 +159,7 @@ void Appearance::applyTo(TEditControl& editor) const {
   if (editor.editorFontFamily() != fontFamily() || editor.editorFontPoints() != fontPoints())
     editor.setEditorFont(fontFamily(), fontPoints());
   editor.setTabWidth(settings_.values().tabWidth);
+  editor.setTypesPairs(settings_.values().bracketPairs);
   editor.setShowsBlanks(showsBlanks());
   editor.setRightMargin(showsRightMargin() ? rightMargin : 0);
 }

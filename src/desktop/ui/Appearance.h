@@ -51,7 +51,7 @@ public:
   bool showsRightMargin() const;
   void setShowsRightMargin(bool show);
 
-  // Gives `editor` the scheme, the font, the tab stops and what is shown at the moment.
+  // Gives `editor` the scheme, the font, the tab stops, what is shown at the moment and how brackets are typed.
   void applyTo(TEditControl& editor) const;
 
 Q_SIGNALS:

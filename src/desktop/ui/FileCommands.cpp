@@ -3,6 +3,8 @@
 
 #include "desktop/edit/EditControl.h"
 #include "desktop/edit/TextColumns.h"
+#include "desktop/edit/TrailingBlanks.h"
+#include "desktop/files/EnvironmentSettings.h"
 #include "desktop/files/FileStore.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
@@ -19,6 +21,8 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTextBlock>
+
+#include <algorithm>
 
 namespace desktop {
 
@@ -84,6 +88,21 @@ void putCaretAt(Page* page, const MissingCharacter& missing) {
   state.caret = state.anchor;
   page->setState(state);
   page->window()->editor()->showCaret();
+}
+
+// The caret of a page that is not in front is known by numbers, which an edit does not move.
+void trimBlanks(Page& page) {
+  SourceDocument& document = *page.document();
+  EditState state = page.state();
+  const int last = document.characterCount() - 1;
+  QTextCursor caret(&document);
+  caret.setPosition(std::min(state.anchor, last));
+  caret.setPosition(std::min(state.caret, last), QTextCursor::KeepAnchor);
+  if (!trimTrailingBlanks(document) || page.isCurrent())
+    return;
+  state.anchor = caret.anchor();
+  state.caret = caret.position();
+  page.setState(state);
 }
 
 } // namespace
@@ -190,6 +209,9 @@ FileCommands::Answer FileCommands::askToOverwrite(const Page* page) {
 }
 
 bool FileCommands::write(Page* page, const QString& path) {
+  const SourceDocument& text = *page->document();
+  if (workspace_.settings().values().trimTrailingBlanks && !text.isReadOnlyText() && !text.isPlain())
+    trimBlanks(*page);
   const SaveResult result = saveShown(*page, path);
   if (result.ok())
     return true;
