@@ -232,7 +232,8 @@ void WindowCommands::editEnvironment() {
     return;
   settings.setValues(dialog->values());
   reportUnkept(settings.save());
-  keepSearchPath(dialog->folders());
+  if (dialog->folders() != workspace_.searchPath().folders())
+    keepSearchPath(dialog->folders());
 }
 
 void WindowCommands::editSearchPath() {
@@ -243,8 +244,7 @@ void WindowCommands::editSearchPath() {
 }
 
 void WindowCommands::keepSearchPath(const QList<SearchFolder>& folders) {
-  if (folders != workspace_.searchPath().folders())
-    reportUnkept(workspace_.searchPath().setFolders(folders));
+  reportUnkept(workspace_.searchPath().setFolders(folders));
 }
 
 void WindowCommands::reportUnkept(const QString& problem) {

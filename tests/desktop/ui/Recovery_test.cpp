@@ -87,6 +87,18 @@ TEST_F(RecoveryTest, TheUsualIntervalLeavesTimeToWriteWithinTenSeconds) {
   EXPECT_LE(timer->remainingTime(), left) << "going on typing does not put it off";
 }
 
+TEST_F(RecoveryTest, ANewIntervalHoldsAtOnceButPutsNothingOff) {
+  recovery = std::make_unique<Recovery>(workspace, place());
+  const auto* const timer = recovery->findChild<QTimer*>(QStringLiteral("RecoveryTimer"));
+  openText(QStringLiteral("a.pas"), "a");
+  type(QStringLiteral("x"));
+  recovery->setInterval(std::chrono::seconds(2));
+  EXPECT_TRUE(timer->isActive());
+  EXPECT_LE(timer->remainingTimeAsDuration(), std::chrono::seconds(2));
+  recovery->setInterval(std::chrono::seconds(8));
+  EXPECT_LE(timer->remainingTimeAsDuration(), std::chrono::seconds(2));
+}
+
 TEST_F(RecoveryTest, KeepsUnsavedTextAndLeavesItsFileAlone) {
   start();
   openText(QStringLiteral("a.pas"), "unit a;");

@@ -2,6 +2,7 @@
 #include "desktop/ui/UiFixture.h"
 
 #include "desktop/ui/Appearance.h"
+#include "desktop/ui/EnvironmentDialog.h"
 #include "desktop/ui/GoToLineDialog.h"
 #include "desktop/ui/PackageList.h"
 #include "desktop/ui/PackagesDialog.h"
@@ -303,6 +304,10 @@ TEST_F(DialogInAFurtherWindow, ForALineNumberGoesWithTheWindow) {
 
 TEST_F(DialogInAFurtherWindow, OfThePackagesGoesWithTheWindow) {
   closeUnderDialogOf<PackagesDialog>(further_, "ComponentPackagesCommand");
+}
+
+TEST_F(DialogInAFurtherWindow, OfTheSettingsGoesWithTheWindow) {
+  closeUnderDialogOf<EnvironmentDialog>(frame(), "ToolsEnvironmentCommand");
 }
 
 TEST_F(DialogInAFurtherWindow, OfTheSearchPathGoesWithTheWindow) {
