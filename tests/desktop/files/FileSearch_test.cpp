@@ -5,7 +5,7 @@
 #include "support/LowerRights.h"
 #include "support/PrintQt.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,8 +15,7 @@
 namespace desktop {
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+using Strings = std::vector<std::string>;
 
 class FileSearchTest : public FileTest {
 protected:
@@ -70,7 +69,7 @@ TEST_F(FileSearchTest, FindsEveryMatchInTheOrderOfFilesAndLines) {
   writeIn("a.pas", "needle");
   writeIn("sub/a.pas", "needle");
   writeIn("c.pas", "nothing");
-  EXPECT_THAT(run(), ElementsAre("a.pas:1:0", "b.pas:2:0", "b.pas:2:7", "b.pas:4:0", "sub/a.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"a.pas:1:0", "b.pas:2:0", "b.pas:2:7", "b.pas:4:0", "sub/a.pas:1:0"}));
   EXPECT_EQ(outcome.files, 4);
   EXPECT_EQ(outcome.withMatch, 3);
   EXPECT_EQ(outcome.matches, 5);
@@ -80,9 +79,9 @@ TEST_F(FileSearchTest, SubfoldersCanBeLeftOutAndHiddenOnesAre) {
   writeIn("sub/a.pas", "needle");
   writeIn(".git/a.pas", "needle");
   writeIn("a.pas", "needle");
-  EXPECT_THAT(run(), ElementsAre("a.pas:1:0", "sub/a.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"a.pas:1:0", "sub/a.pas:1:0"}));
   search.subfolders = false;
-  EXPECT_THAT(run(), ElementsAre("a.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"a.pas:1:0"}));
 }
 
 TEST_F(FileSearchTest, NamesAreChosenByWildcardsInAnyCase) {
@@ -92,17 +91,17 @@ TEST_F(FileSearchTest, NamesAreChosenByWildcardsInAnyCase) {
   writeIn("d.txt", "needle");
   writeIn("pas", "needle");
   search.patterns = {QStringLiteral("*.pas"), QStringLiteral("?.inc")};
-  EXPECT_THAT(run(), ElementsAre("B.PAS:1:0", "a.pas:1:0", "c.inc:1:0"));
+  EXPECT_EQ(run(), (Strings{"B.PAS:1:0", "a.pas:1:0", "c.inc:1:0"}));
 }
 
 TEST_F(FileSearchTest, HeedsCaseWholeWordsAndPatterns) {
   writeIn("a.pas", "needles\nNEEDLE\nneedle");
   search.terms.matchCase = true;
-  EXPECT_THAT(run(), ElementsAre("a.pas:1:0", "a.pas:3:0"));
+  EXPECT_EQ(run(), (Strings{"a.pas:1:0", "a.pas:3:0"}));
   search.terms.wholeWord = true;
-  EXPECT_THAT(run(), ElementsAre("a.pas:3:0"));
+  EXPECT_EQ(run(), (Strings{"a.pas:3:0"}));
   search.terms = {QStringLiteral("^n\\w+s$"), false, false, true};
-  EXPECT_THAT(run(), ElementsAre("a.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"a.pas:1:0"}));
 }
 
 TEST_F(FileSearchTest, FilesAreDecodedAsTheEditorDoes) {
@@ -111,16 +110,16 @@ TEST_F(FileSearchTest, FilesAreDecodedAsTheEditorDoes) {
                                    "n\0e\0e\0d\0l\0e\0\n\0",
                                    16));
   writeIn("utf8.pas", "\xEF\xBB\xBF\xC3\xA4 needle");
-  EXPECT_THAT(run(), ElementsAre("1252.pas:1:2", "utf16.pas:1:0", "utf8.pas:1:2"));
+  EXPECT_EQ(run(), (Strings{"1252.pas:1:2", "utf16.pas:1:0", "utf8.pas:1:2"}));
   search.terms.text = QStringLiteral("Ä");
-  EXPECT_THAT(run(), ElementsAre("1252.pas:1:0", "utf8.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"1252.pas:1:0", "utf8.pas:1:0"}));
 }
 
 TEST_F(FileSearchTest, ABinaryFileIsPassedOver) {
   writeIn("a.dcu", std::string("needle\0needle", 13));
-  EXPECT_THAT(run(), IsEmpty());
+  EXPECT_EQ(run(), Strings());
   EXPECT_EQ(outcome.files, 0);
-  EXPECT_THAT(troubles(), IsEmpty());
+  EXPECT_EQ(troubles(), Strings());
 }
 
 TEST_F(FileSearchTest, TheColumnIsAskedForWithTheWholeLine) {
@@ -147,13 +146,13 @@ TEST_F(FileSearchTest, LinksInACircleAndSecondNamesAreVisitedOnce) {
   ASSERT_TRUE(QFile::link(folder(), path("sub/up")));
   ASSERT_TRUE(QFile::link(path("sub"), path("zub")));
   ASSERT_TRUE(QFile::link(path("sub/a.pas"), path("sub/b.pas")));
-  EXPECT_THAT(run(), ElementsAre("sub/a.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"sub/a.pas:1:0"}));
 }
 
 TEST_F(FileSearchTest, APipeIsNotWaitedFor) {
   ASSERT_EQ(::mkfifo(QFile::encodeName(path("a.pas")).constData(), 0600), 0);
   writeIn("b.pas", "needle");
-  EXPECT_THAT(run(), ElementsAre("b.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"b.pas:1:0"}));
 }
 
 TEST_F(FileSearchTest, WhatCannotBeReadIsTold) {
@@ -164,33 +163,33 @@ TEST_F(FileSearchTest, WhatCannotBeReadIsTold) {
   QFile::setPermissions(path("b.pas"), {});
   {
     const support::LowerRights lowered(folder());
-    EXPECT_THAT(run(), ElementsAre("c.pas:1:0"));
+    EXPECT_EQ(run(), (Strings{"c.pas:1:0"}));
   }
   QFile::setPermissions(path("closed"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-  EXPECT_THAT(troubles(),
-              ElementsAre("b.pas could not be read: Permission denied", "closed could not be read: Permission denied"));
+  EXPECT_EQ(troubles(),
+            (Strings{"b.pas could not be read: Permission denied", "closed could not be read: Permission denied"}));
   EXPECT_EQ(outcome.troubleCount, 2);
 }
 
 TEST_F(FileSearchTest, AFolderThatIsNotThereIsTold) {
   search.folder = path("missing");
-  EXPECT_THAT(run(), IsEmpty());
-  EXPECT_THAT(troubles(), ElementsAre("missing could not be read: No such file or directory"));
+  EXPECT_EQ(run(), Strings());
+  EXPECT_EQ(troubles(), (Strings{"missing could not be read: No such file or directory"}));
 }
 
 TEST_F(FileSearchTest, AFileOverTheLimitIsNotReadButTold) {
   QFile file(path("a.pas"));
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   ASSERT_TRUE(file.resize(largestSearchedFile + 1));
-  EXPECT_THAT(run(), IsEmpty());
-  EXPECT_THAT(troubles(), ElementsAre("a.pas is over 64 MB and was not searched"));
+  EXPECT_EQ(run(), Strings());
+  EXPECT_EQ(troubles(), (Strings{"a.pas is over 64 MB and was not searched"}));
 }
 
 TEST_F(FileSearchTest, AFileThatThePatternIsTooComplexForIsTold) {
   writeIn("a.pas", std::string(40, 'x').append("\nxx1"));
   search.terms = {QStringLiteral("(x+x+)+\\d"), false, false, true};
-  EXPECT_THAT(run(), ElementsAre("a.pas:2:0"));
-  EXPECT_THAT(troubles(), ElementsAre("a.pas has lines that the pattern is too complex for"));
+  EXPECT_EQ(run(), (Strings{"a.pas:2:0"}));
+  EXPECT_EQ(troubles(), (Strings{"a.pas has lines that the pattern is too complex for"}));
 }
 
 TEST_F(FileSearchTest, OfVeryManyTroublesTheFirstAreNamedAndAllAreCounted) {
@@ -217,7 +216,7 @@ TEST_F(FileSearchTest, CanBeStoppedAfterAFile) {
   writeIn("a.pas", "needle");
   writeIn("b.pas", "needle");
   stopAfter = 1;
-  EXPECT_THAT(run(), ElementsAre("a.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"a.pas:1:0"}));
   EXPECT_TRUE(outcome.stopped);
 }
 
@@ -239,14 +238,14 @@ TEST_F(FileSearchTest, AnOpenTextIsSearchedInPlaceOfItsFile) {
   const auto document = open(name);
   type(*document, 0, 0, QStringLiteral("x\n\nx "));
   search.open = {{name, document->snapshot()}};
-  EXPECT_THAT(run(), ElementsAre("a.pas:3:2"));
+  EXPECT_EQ(run(), (Strings{"a.pas:3:2"}));
 }
 
 TEST_F(FileSearchTest, AnOpenFileHasTheNameUnderWhichItIsOpen) {
   writeIn("sub/a.pas", "needle");
   ASSERT_TRUE(QFile::link(path("sub/a.pas"), path("z.pas")));
   search.open = {{path("z.pas"), {}}};
-  EXPECT_THAT(run(), ElementsAre("z.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"z.pas:1:0"}));
 }
 
 TEST_F(FileSearchTest, OpenTextsWithoutAFileAreSearchedWhereTheyWouldBe) {
@@ -257,9 +256,9 @@ TEST_F(FileSearchTest, OpenTextsWithoutAFileAreSearchedWhereTheyWouldBe) {
                  {path("Unit3.txt"), text},
                  {folder() + QStringLiteral("x/Unit4.pas"), text}};
   search.patterns = {QStringLiteral("*.pas")};
-  EXPECT_THAT(run(), ElementsAre("Unit1.pas:1:0", "sub/Unit2.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"Unit1.pas:1:0", "sub/Unit2.pas:1:0"}));
   search.subfolders = false;
-  EXPECT_THAT(run(), ElementsAre("Unit1.pas:1:0"));
+  EXPECT_EQ(run(), (Strings{"Unit1.pas:1:0"}));
 }
 
 } // namespace
