@@ -98,8 +98,12 @@ int Program::takeScreenshot() {
 
 bool Program::openFiles() {
   bool isComplete = true;
-  for (const QString& file : commandLine_.files)
-    isComplete = files_.open(file) != nullptr && isComplete;
+  for (const QString& file : commandLine_.files) {
+    const auto caret = &file == &commandLine_.files.constFirst() ? commandLine_.caret : std::nullopt;
+    // Who waits for the files to be closed needs their pages now.
+    const bool opened = commandLine_.wait ? files_.open(file) != nullptr : files_.openSoon(file, caret);
+    isComplete = opened && isComplete;
+  }
   if (!files_.show() && workspace_.topWindow()->pages().isEmpty())
     workspace_.newFile();
   return isComplete;

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QTextBlock>
 
 #include <algorithm>
 #include <utility>
@@ -22,12 +23,15 @@ namespace {
 
 constexpr std::chrono::milliseconds progressInterval{100};
 
-bool isLarge(const QString& path) {
-  return QFileInfo(path).size() >= FileOpenings::largeBytes;
-}
-
 int revisionOf(const Page* page) {
   return page != nullptr ? page->document()->revision() : 0;
+}
+
+// Showing a document for the first time makes a layout for each of its lines.
+void prepare(SourceDocument& document, const DocumentLook& look) {
+  CellLayout::install(document, look);
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+    (void)block.layout();
 }
 
 } // namespace
@@ -53,6 +57,10 @@ struct FileOpenings::Opening {
     return place == Place::Front && present == front && revisionOf(present) == frontRevision;
   }
 };
+
+bool FileOpenings::isLarge(const QString& path) {
+  return QFileInfo(path).size() >= largeBytes;
+}
 
 FileOpenings::FileOpenings(Workspace& workspace) : QObject(&workspace), workspace_(workspace) {
   timer_.setInterval(progressInterval);
@@ -98,7 +106,7 @@ void FileOpenings::begin(TEditWindow* window, const QString& path, const Opened&
   opening->path = path;
   opening->running.start();
   opening->control = loader_.load(
-      path, [look = window->editor()->look()](SourceDocument& document) { CellLayout::install(document, look); },
+      path, [look = window->editor()->look()](SourceDocument& document) { prepare(document, look); },
       [this, opening](LoadResult result) { finish(opening, std::move(result)); });
   timer_.start();
   Q_EMIT changed();

@@ -38,6 +38,9 @@ public:
   // How long a file may take without a row that tells of it.
   static constexpr std::chrono::milliseconds quietTime{400};
 
+  // Whether the file at `path` takes a while.
+  static bool isLarge(const QString& path);
+
   explicit FileOpenings(Workspace& workspace);
   // Stops all of them.
   ~FileOpenings() override;

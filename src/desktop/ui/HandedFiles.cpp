@@ -70,7 +70,10 @@ void HandedFiles::serve(Caller& caller) {
   NamedFiles files(workspace_);
   QStringList problems;
   for (const QString& name : request.files) {
-    if (files.open(QDir(request.folder).filePath(name)) == nullptr)
+    const QString path = QDir(request.folder).filePath(name);
+    const auto caret = &name == &request.files.constFirst() ? request.caret : std::nullopt;
+    // Who waits for the file to be closed needs its page now.
+    if (request.wait ? files.open(path) == nullptr : !files.openSoon(path, caret))
       problems.append(tr("%1 could not be opened; the window of the editor says why.").arg(name));
   }
   files.show();

@@ -4,6 +4,7 @@
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/Workspace.h"
@@ -24,6 +25,16 @@ bool isFree(const QFileInfo& file) {
          QFileInfo(file.absolutePath()).isDir();
 }
 
+// The page that was in front of its window stays there.
+void putCaret(Page& page, const CaretPlace& place) {
+  TEditWindow* const window = page.window();
+  Page* const front = window->currentPage();
+  window->showPage(&page);
+  window->editor()->setCaret(place.line, place.column);
+  window->editor()->showCaret();
+  window->showPage(front);
+}
+
 } // namespace
 
 NamedFiles::NamedFiles(Workspace& workspace) : workspace_(workspace) {}
@@ -36,6 +47,20 @@ Page* NamedFiles::open(const QString& name) {
 Page* NamedFiles::openExisting(const QString& name) {
   const FileArgument argument = readFileArgument(name);
   return add(workspace_.openFile(argument.path), argument);
+}
+
+bool NamedFiles::openSoon(const QString& name, const std::optional<CaretPlace>& caret) {
+  const FileArgument argument = readFileArgument(name);
+  if (!FileOpenings::isLarge(argument.path) || workspace_.findPage(argument.path) != nullptr)
+    return open(name) != nullptr;
+  if (pages_.isEmpty() && largeFirst_.isEmpty())
+    largeFirst_ = argument.path;
+  const std::optional<CaretPlace> place = argument.caret ? argument.caret : caret;
+  workspace_.openings().open(workspace_.topWindow(), argument.path, [place](Page* page) {
+    if (place)
+      putCaret(*page, *place);
+  });
+  return true;
 }
 
 Page* NamedFiles::add(Page* page, const FileArgument& argument) {
@@ -71,10 +96,11 @@ QList<Page*> NamedFiles::pages() const {
 
 bool NamedFiles::show() const {
   const QList<Page*> all = pages();
-  if (all.isEmpty())
-    return false;
-  workspace_.showPage(all.constFirst());
-  return true;
+  if (!all.isEmpty())
+    workspace_.showPage(all.constFirst());
+  if (!largeFirst_.isEmpty())
+    workspace_.openings().open(workspace_.topWindow(), largeFirst_);
+  return !all.isEmpty();
 }
 
 void NamedFiles::placeCarets(const std::optional<CaretPlace>& caret) {
@@ -82,11 +108,8 @@ void NamedFiles::placeCarets(const std::optional<CaretPlace>& caret) {
   if (caret && front != nullptr)
     carets_.emplace_back(front, *caret);
   for (const auto& [page, place] : carets_) {
-    if (page == nullptr)
-      continue;
-    page->window()->showPage(page);
-    page->window()->editor()->setCaret(place.line, place.column);
-    page->window()->editor()->showCaret();
+    if (page != nullptr)
+      putCaret(*page, place);
   }
   carets_.clear();
   if (front != nullptr)

@@ -27,10 +27,14 @@ public:
   Page* open(const QString& name);
   // The same, but a file that is missing cannot be opened.
   Page* openExisting(const QString& name);
+  // The same, but nobody waits for a large file: its page comes later, with its caret at the place named, or else at
+  // `caret` if that is given, and is not among pages(). Returns whether it is opened, as far as that is known.
+  bool openSoon(const QString& name, const std::optional<CaretPlace>& caret = {});
   // The pages that were opened, in the order of their names, but for those that have been closed since; one page for
   // all names of a file.
   QList<Page*> pages() const;
-  // Brings the first page to the front of the top window. False if there is none.
+  // Brings the first page to the front of the top window; a large file that was named first follows when it is there.
+  // False if there is no page yet.
   bool show() const;
   // Puts the carets to their places and brings them into sight: to be called when the windows have their sizes.
   // `caret`, if it is given, is the place in the page in front.
@@ -42,6 +46,7 @@ private:
 
   Workspace& workspace_;
   QList<QPointer<Page>> pages_;
+  QString largeFirst_; // the file named first, if it comes later
   std::vector<std::pair<QPointer<Page>, CaretPlace>> carets_; // that have yet to be put
 };
 

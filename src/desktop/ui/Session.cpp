@@ -4,6 +4,7 @@
 #include "desktop/files/FileWriter.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
@@ -20,6 +21,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <chrono>
 
 namespace desktop {
@@ -114,6 +116,7 @@ void Session::restore() {
     follow(window);
   connect(&workspace_, &Workspace::windowOpened, this, &Session::follow);
   connect(&workspace_, &Workspace::topWindowChanged, this, &Session::noteChange);
+  connect(&workspace_.openings(), &FileOpenings::changed, this, &Session::forgetStopped);
 }
 
 // Restores one window, in `window` or, if that is null, in a further one. False if none of its files is there.
@@ -138,22 +141,65 @@ bool Session::restoreWindow(const QJsonObject& json, TEditWindow* window) {
 
 void Session::restorePages(const QJsonObject& json, TEditWindow* window) {
   const QJsonArray pages = json[pagesKey].toArray();
-  Page* front = nullptr;
   for (qsizetype i = 0; i < pages.size(); ++i) {
-    if (!QFileInfo(fileOf(pages[i])).isFile())
-      continue;
-    Page* const page = workspace_.openFileIn(window, fileOf(pages[i]));
-    if (page == nullptr || page->window() != window)
-      continue;
-    views_.emplace_back(page, editStateOf(pages[i][viewKey].toObject()));
-    if (i == json[currentKey].toInt())
-      front = page;
+    if (QFileInfo(fileOf(pages[i])).isFile())
+      restorePage(pages[i].toObject(), static_cast<int>(i), window);
   }
-  if (front != nullptr)
+  const QString current = fileOf(pages[json[currentKey].toInt()]);
+  if (Page* const front = window->findPage(current))
     window->showPage(front);
+  else if (workspace_.openings().pending(window).contains(current))
+    workspace_.openings().open(window, current);
+}
+
+void Session::restorePage(const QJsonObject& json, int index, TEditWindow* window) {
+  const QString file = fileOf(json);
+  const EditState state = editStateOf(json[viewKey].toObject());
+  const auto opened = [this, window, file, state](Page* page) {
+    if (page->window() != window)
+      return;
+    takeLate(page, window, file);
+    if (viewsRestored_)
+      page->setState(state);
+    else
+      views_.emplace_back(page, state);
+  };
+  workspace_.openings().open(window, file, opened, FileOpenings::Place::Behind);
+  if (workspace_.openings().pending(window).contains(file))
+    late_.push_back({window, file, json, index});
+}
+
+// Puts a page that has come late to its place.
+void Session::takeLate(Page* page, TEditWindow* window, const QString& file) {
+  const auto late = std::ranges::find_if(
+      late_, [window, &file](const Late& each) { return each.window == window && each.file == file; });
+  if (late == late_.end())
+    return;
+  const auto missing = std::ranges::count_if(
+      late_, [&late](const Late& each) { return each.window == late->window && each.index < late->index; });
+  window->movePage(page, late->index - static_cast<int>(missing));
+  late_.erase(late);
+}
+
+void Session::forgetStopped() {
+  std::erase_if(late_,
+                [this](const Late& late) { return !workspace_.openings().pending(late.window).contains(late.file); });
+  noteChange();
+}
+
+// What is still being opened belongs to the session too.
+void Session::addLate(QJsonArray& pages, const TEditWindow* window) const {
+  QStringList others = workspace_.openings().pending(window);
+  for (const Late& late : late_) {
+    if (late.window == window && others.removeOne(late.file))
+      pages.insert(std::min(qsizetype{late.index}, pages.size()), late.json);
+  }
+  for (const QString& file : others)
+    pages.append(QJsonObject{{fileKey, file}});
 }
 
 void Session::restoreViews() {
+  viewsRestored_ = true;
   for (const auto& [page, state] : std::exchange(views_, {})) {
     if (page != nullptr)
       page->setState(state);
@@ -202,20 +248,22 @@ QByteArray Session::present() const {
 
 QJsonObject Session::present(TEditWindow* window) const {
   QJsonArray pages;
-  int current = 0;
+  QString front;
   for (const Page* page : window->pages()) {
     // One whose file was never there has nothing to come back with.
     if (page->document()->isUntitled() || page->document()->fileStamp() == FileStamp())
       continue;
     if (page->isCurrent())
-      current = static_cast<int>(pages.size());
+      front = page->document()->fileName();
     pages.append(QJsonObject{{fileKey, page->document()->fileName()}, {viewKey, toJson(page->state())}});
   }
+  addLate(pages, window);
+  const auto current = std::ranges::find(pages, front, fileOf);
   const MainWindow* const frame = workspace_.frameOf(window);
   return {{geometryKey, base64Of(frame->saveGeometry())},
           {panelsKey, base64Of(frame->saveState())},
           {pagesKey, pages},
-          {currentKey, current}};
+          {currentKey, current == pages.end() ? 0 : static_cast<int>(current - pages.begin())}};
 }
 
 } // namespace desktop

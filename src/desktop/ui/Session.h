@@ -5,6 +5,7 @@
 #include "desktop/files/TaskQueue.h"
 
 #include <QByteArray>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QObject>
 #include <QPointer>
@@ -58,8 +59,20 @@ private:
   void restorePages(const QJsonObject& json, TEditWindow* window);
   void follow(TEditWindow* window);
   void noteChange();
+  void restorePage(const QJsonObject& json, int index, TEditWindow* window);
+  void takeLate(Page* page, TEditWindow* window, const QString& file);
+  void forgetStopped();
+  void addLate(QJsonArray& pages, const TEditWindow* window) const;
   QByteArray present() const;
   QJsonObject present(TEditWindow* window) const;
+
+  // A page that is yet to come, since its file takes a while to be opened.
+  struct Late {
+    TEditWindow* window; // only to be compared
+    QString file;
+    QJsonObject json;
+    int index; // among the pages of the window
+  };
 
   Workspace& workspace_;
   QString path_;
@@ -67,7 +80,9 @@ private:
   QTimer timer_{this};
   QStringList missing_;                                     // the files that are gone
   std::vector<std::pair<QPointer<Page>, EditState>> views_; // of the pages that were opened again
-  QByteArray written_;                                      // the file's contents
+  std::vector<Late> late_;
+  bool viewsRestored_ = false;
+  QByteArray written_; // the file's contents
   TaskQueue tasks_;
 };
 

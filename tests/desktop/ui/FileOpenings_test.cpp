@@ -3,6 +3,7 @@
 
 #include "desktop/ui/ClosedPages.h"
 #include "desktop/ui/FileOpenings.h"
+#include "desktop/ui/NamedFiles.h"
 
 #include <QProgressBar>
 #include <QPushButton>
@@ -227,6 +228,32 @@ TEST_F(FileOpeningsTest, AClosedLargeFileIsReopenedWithItsCaret) {
   ASSERT_TRUE(waitForAll());
   ASSERT_NE(window()->currentPage(), nullptr);
   EXPECT_EQ(window()->currentPage()->state().caret, state.caret);
+}
+
+TEST_F(FileOpeningsTest, ANamedFileComesLaterWithItsCaretInPlace) {
+  NamedFiles files(workspace);
+  const QString file = write(QStringLiteral("a.pas"), large());
+  EXPECT_TRUE(files.openSoon(file + QStringLiteral(":5000:3"), CaretPlace{7, 1}));
+  EXPECT_TRUE(files.pages().isEmpty());
+  ASSERT_TRUE(waitForAll());
+  EXPECT_EQ(front(), QStringLiteral("a.pas"));
+  EXPECT_EQ(editor()->caretRow(), 5000);
+  EXPECT_EQ(editor()->caretColumn(), 3);
+}
+
+TEST_F(FileOpeningsTest, TheFileThatWasNamedFirstComesToTheFront) {
+  NamedFiles files(workspace);
+  EXPECT_TRUE(files.openSoon(write(QStringLiteral("a.pas"), large()), CaretPlace{7, 1}));
+  EXPECT_TRUE(files.openSoon(write(QStringLiteral("b.pas"), "b")));
+  EXPECT_TRUE(files.show());
+  EXPECT_EQ(front(), QStringLiteral("b.pas")) << "until the first is there";
+  ASSERT_TRUE(waitForAll());
+  EXPECT_EQ(front(), QStringLiteral("a.pas"));
+  EXPECT_EQ(editor()->caretRow(), 7);
+}
+
+TEST_F(FileOpeningsTest, ANamedFileThatIsMissingIsNotOpened) {
+  EXPECT_FALSE(NamedFiles(workspace).openSoon(path(QStringLiteral("no/a.pas"))));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/ui/UiFixture.h"
 
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/ResultsPanel.h"
 #include "desktop/ui/Session.h"
 
@@ -11,6 +12,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace desktop {
 namespace {
@@ -36,10 +38,16 @@ protected:
       return titles;
     }
     QStringList messages() const { return window()->messageBar()->messages(); }
+    bool waitForAll() const {
+      return support::waitUntil([this] { return workspace.openings().isIdle(); });
+    }
 
     Workspace workspace;
     Session session;
   };
+
+  // So many lines of source() take a while to be opened.
+  static constexpr int large = FileOpenings::largeBytes / 20 + 1;
 
   QString path(const QString& name) const { return folder_.filePath(name); }
   QString file() const { return path(QStringLiteral("state/session.json")); }
@@ -271,6 +279,62 @@ TEST_F(SessionTest, ADamagedStateOfThePanelsIsLeftOut) {
   run([](const Run& second) {
     EXPECT_EQ(second.titles(), QStringList{QStringLiteral("a.pas")});
     EXPECT_FALSE(second.workspace.frameOf(second.window())->resultsPanel()->isVisible());
+  });
+}
+
+TEST_F(SessionTest, LargeFilesComeBackLaterAtTheirPlaces) {
+  const QStringList order = {QStringLiteral("a.pas"), QStringLiteral("b.pas"), QStringLiteral("c.pas"),
+                             QStringLiteral("d.pas")};
+  run([this](Run& first) {
+    for (const auto& [name, lines] : {std::pair("a.pas", large), {"b.pas", 200}, {"c.pas", large}, {"d.pas", 200}})
+      first.workspace.openFile(source(name, lines));
+    first.window()->showPage(first.window()->pages().at(2));
+    first.window()->editor()->setCaret(5000, 4);
+    first.window()->showPage(first.window()->pages().at(1));
+  });
+  run([&order](Run& second) {
+    EXPECT_EQ(second.titles(), (QStringList{order[1], order[3]})) << "the small ones are there at once";
+    ASSERT_TRUE(second.waitForAll());
+    EXPECT_EQ(second.titles(), order);
+    EXPECT_EQ(second.window()->currentPage()->title(), order[1]);
+    second.window()->showPage(second.window()->pages().at(2));
+    EXPECT_EQ(second.window()->editor()->caretRow(), 5000);
+  });
+}
+
+TEST_F(SessionTest, ALargeFileThatWasInFrontComesToTheFront) {
+  run([this](Run& first) {
+    first.workspace.openFile(source("a.pas", large));
+    first.workspace.openFile(source("b.pas"));
+    first.window()->showPage(first.window()->pages().at(0));
+  });
+  run([](Run& second) {
+    ASSERT_TRUE(second.waitForAll());
+    EXPECT_EQ(second.window()->currentPage()->title(), QStringLiteral("a.pas"));
+  });
+}
+
+TEST_F(SessionTest, WhatIsStillBeingOpenedBelongsToTheSession) {
+  run([this](Run& first) {
+    first.workspace.openFile(source("a.pas", large));
+    first.window()->editor()->setCaret(5000, 4);
+    first.workspace.openFile(source("b.pas"));
+  });
+  run([](Run& second) { EXPECT_FALSE(second.workspace.openings().isIdle()); }); // ends before it is there
+  run([](Run& third) {
+    ASSERT_TRUE(third.waitForAll());
+    EXPECT_EQ(third.titles(), (QStringList{QStringLiteral("a.pas"), QStringLiteral("b.pas")}));
+    third.window()->showPage(third.window()->pages().at(0));
+    EXPECT_EQ(third.window()->editor()->caretRow(), 5000);
+  });
+}
+
+TEST_F(SessionTest, WhatWasStoppedDoesNotBelongToTheSession) {
+  run([this](Run& first) { first.workspace.openFile(source("a.pas", large)); });
+  run([](Run& second) { second.workspace.openings().stop(second.window()); });
+  run([](Run& third) {
+    EXPECT_TRUE(third.workspace.openings().isIdle());
+    EXPECT_EQ(third.titles(), QStringList{QStringLiteral("Unit1.pas")});
   });
 }
 
