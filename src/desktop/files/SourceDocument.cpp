@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -63,8 +64,15 @@ TextSnapshot SourceDocument::snapshot() const {
   std::vector<TLineEnd> ends;
   if (mixedLineEnds_) {
     ends.reserve(static_cast<std::size_t>(blockCount()));
-    for (QTextBlock block = begin(); block.isValid(); block = block.next())
-      ends.push_back(lineEndOf(block));
+    // There are few formats for many breaks; each is made once.
+    std::unordered_map<int, TLineEnd> known;
+    for (QTextBlock after = begin().next(); after.isValid(); after = after.next()) {
+      const auto [end, isNew] = known.try_emplace(after.charFormatIndex());
+      if (isNew)
+        end->second = lineEndOfBreak(after.charFormat(), usualLineEnd_);
+      ends.push_back(end->second);
+    }
+    ends.push_back(TLineEnd::None);
   }
   return {toRawText(), usualLineEnd_, std::move(ends)};
 }
