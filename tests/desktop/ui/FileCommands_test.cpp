@@ -3,7 +3,9 @@
 #include "support/LowerRights.h"
 
 #include <QDir>
+#include <QEvent>
 #include <QFileDialog>
+#include <QGuiApplication>
 
 namespace desktop {
 namespace {
@@ -29,6 +31,34 @@ TEST_F(FileCommandsTest, SavesTheTextUnderItsName) {
   EXPECT_TRUE(files().save(page));
   EXPECT_EQ(read(QStringLiteral("a.pas")), "xbegin\n");
   EXPECT_FALSE(page->document()->isModified());
+}
+
+// What a label shows each time it is painted.
+class PaintedTexts : public QObject {
+public:
+  explicit PaintedTexts(QLabel& label) { label.installEventFilter(this); }
+  const QStringList& texts() const { return texts_; }
+
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::Paint)
+      texts_.append(static_cast<QLabel*>(watched)->text());
+    return false;
+  }
+
+private:
+  QStringList texts_;
+};
+
+TEST_F(FileCommandsTest, TheWindowSaysThatALongTextIsBeingSaved) {
+  frame()->show();
+  Page* const page = openText(QStringLiteral("a.pas"), QByteArray("line of a long text\n").repeated(210'000));
+  type(QStringLiteral("x"));
+  support::settle();
+  PaintedTexts remark(*window()->findChild<QLabel*>(QStringLiteral("Remark")));
+  EXPECT_TRUE(files().save(page));
+  EXPECT_TRUE(remark.texts().contains(QStringLiteral("Saving a.pas\u2026")));
+  EXPECT_EQ(status(QStringLiteral("Remark")), QString()) << "it is saved";
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(FileCommandsTest, AsksForTheNameOfAnUntitledPage) {
