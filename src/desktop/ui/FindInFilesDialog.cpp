@@ -58,13 +58,13 @@ FindInFilesDialog::FindInFilesDialog(const FindInFilesRequest& request, QWidget*
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
   find_ = buttons->addButton(tr("&Find"), QDialogButtonBox::AcceptRole);
   find_->setObjectName(QStringLiteral("FilesFind"));
-  find_->setDefault(true);
   auto* const layout = new QVBoxLayout(this);
   layout->addLayout(makeFields());
   layout->addLayout(makeOptions());
   layout->addWidget(problem_);
   layout->addStretch();
   layout->addWidget(buttons);
+  find_->setDefault(true); // only in the dialog there is a default
   resize(560, sizeHint().height());
   text_->selectAll();
   connect(buttons, &QDialogButtonBox::accepted, this, &FindInFilesDialog::accept);
