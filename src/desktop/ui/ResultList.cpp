@@ -8,11 +8,6 @@
 #include "desktop/ui/Page.h"
 #include "desktop/ui/Workspace.h"
 
-#include <QApplication>
-#include <QDir>
-#include <QFileInfo>
-#include <QIcon>
-#include <QStyle>
 #include <QTextBlock>
 
 #include <algorithm>
@@ -22,41 +17,15 @@ namespace desktop {
 
 namespace {
 
-QString nameOf(Severity severity) {
-  switch (severity) {
-  case Severity::Error:
-    return ResultList::tr("Error");
-  case Severity::Warning:
-    return ResultList::tr("Warning");
-  case Severity::Information:
-    return ResultList::tr("Information");
-  case Severity::Match:
-    break;
-  }
-  return ResultList::tr("Match");
-}
-
-QIcon iconOf(Severity severity) {
-  const QStyle* const style = QApplication::style();
-  switch (severity) {
-  case Severity::Error:
-    return style->standardIcon(QStyle::SP_MessageBoxCritical);
-  case Severity::Warning:
-    return style->standardIcon(QStyle::SP_MessageBoxWarning);
-  case Severity::Information:
-    return style->standardIcon(QStyle::SP_MessageBoxInformation);
-  case Severity::Match:
-    break;
-  }
-  return {};
-}
-
-// A tool tip wraps only what it takes for rich text.
-QString wrapping(const QString& plain) {
-  return QStringLiteral("<qt>%1</qt>").arg(plain.toHtmlEscaped());
-}
+// Every edit takes time for each cursor of its document, and a command may make a hundred thousand edits.
+constexpr int mostCursors = 1'000;
 
 } // namespace
+
+struct ResultList::Spot {
+  QTextBlock block;
+  int unit;
+};
 
 ResultList::ResultList(Workspace& workspace) : QAbstractTableModel(&workspace), workspace_(workspace) {
   connect(&workspace, &Workspace::pageOpened, this, [this](Page* page) {
@@ -71,6 +40,7 @@ int ResultList::begin(const QString& title, std::function<void()> stop, const QS
   this->stop();
   beginResetModel();
   rows_.clear();
+  cursors_.clear();
   endResetModel();
   ++run_;
   running_ = true;
@@ -130,8 +100,8 @@ FoundPlace ResultList::place(int row) const {
 }
 
 Page* ResultList::page(int row) const {
-  const QTextCursor& cursor = rows_.at(static_cast<std::size_t>(row)).cursor;
-  return cursor.isNull() ? nullptr : pageOf(cursor.document());
+  const SourceDocument* const document = rows_.at(static_cast<std::size_t>(row)).document;
+  return document == nullptr ? nullptr : pageOf(document);
 }
 
 QList<Page*> ResultList::pages() const {
@@ -150,6 +120,17 @@ Page* ResultList::pageOf(const QTextDocument* document) const {
 void ResultList::follow(Page* page) {
   const SourceDocument* const document = page->document();
   connect(document, &QTextDocument::contentsChanged, this, &ResultList::update);
+  connect(document, &QTextDocument::contentsChange, this,
+          [this, document, lines = document->blockCount()](int position, int removed, int added) mutable {
+            const int growth = document->blockCount() - std::exchange(lines, document->blockCount());
+            const int last = document->characterCount() - 1;
+            const QTextBlock first = document->findBlock(std::min(position, last));
+            const int end = document->findBlock(std::min(position + added, last)).blockNumber() + 1;
+            // What is put in front of a line moves all of it.
+            const bool isInFront = removed == 0 && position == first.position();
+            const int begin = first.blockNumber() + (isInFront ? 0 : 1);
+            shift(document, begin, isInFront ? begin : end - growth, growth);
+          });
   connect(document, &SourceDocument::fileNameChanged, this, [this, document] { rename(document); });
   connect(document, &QTextDocument::modificationChanged, this, [this, document](bool modified) {
     if (!modified)
@@ -175,8 +156,34 @@ void ResultList::adopt(Page* page) {
 void ResultList::track(Row& row, SourceDocument& document) {
   const QTextBlock wanted = document.findBlockByNumber(std::max(row.place.line - 1, 0));
   const QTextBlock block = wanted.isValid() ? wanted : document.lastBlock();
+  row.document = &document;
+  row.line = block.blockNumber() + 1;
+  row.cursor = {};
+  int& cursors = cursors_[&document];
+  if (cursors == mostCursors)
+    return;
+  ++cursors;
   row.cursor = QTextCursor(&document);
   row.cursor.setPosition(block.position() + std::clamp(row.place.unit, 0, block.length() - 1));
+}
+
+// An edit of the lines from the first to the last one, as they were counted before, has made so many more of them.
+void ResultList::shift(const SourceDocument* document, int firstLine, int lastLine, int growth) {
+  if (growth == 0)
+    return;
+  for (Row& row : rows_) {
+    if (row.document != document || !row.cursor.isNull() || row.line <= firstLine)
+      continue;
+    row.line = row.line > lastLine ? row.line + growth : std::min(row.line, std::max(lastLine + growth, firstLine));
+  }
+}
+
+ResultList::Spot ResultList::spotOf(const Row& row) {
+  if (!row.cursor.isNull())
+    return {row.cursor.block(), row.cursor.positionInBlock()};
+  const QTextBlock wanted = row.document->findBlockByNumber(row.line - 1);
+  const QTextBlock block = wanted.isValid() ? wanted : row.document->lastBlock();
+  return {block, std::clamp(row.place.unit, 0, block.length() - 1)};
 }
 
 // The text is that of the file now: its places are kept for when the page has been closed.
@@ -186,15 +193,15 @@ void ResultList::keep(const SourceDocument* document) {
   QTextBlock block; // of the row before, and its place there
   LinePlace at;
   for (Row& row : rows_) {
-    if (row.cursor.isNull() || row.cursor.document() != document)
+    if (row.document != document)
       continue;
-    const int unit = row.cursor.positionInBlock();
-    if (row.cursor.block() != block || unit < at.unit)
+    const Spot spot = spotOf(row);
+    if (spot.block != block || spot.unit < at.unit)
       at = {};
-    block = row.cursor.block();
-    at = walkOn(block.text(), at, unit, tabWidth);
+    block = spot.block;
+    at = walkOn(block.text(), at, spot.unit, tabWidth);
     row.place.line = block.blockNumber() + 1;
-    row.place.unit = unit;
+    row.place.unit = spot.unit;
     row.place.column = at.column;
   }
 }
@@ -206,15 +213,18 @@ void ResultList::release(Page* page) {
   if (!document->isModified())
     keep(document);
   for (Row& row : rows_) {
-    if (!row.cursor.isNull() && row.cursor.document() == document)
+    if (row.document == document) {
+      row.document = nullptr;
       row.cursor = {};
+    }
   }
+  cursors_.erase(document);
   update();
 }
 
 void ResultList::rename(const SourceDocument* document) {
   for (Row& row : rows_) {
-    if (!row.cursor.isNull() && row.cursor.document() == document)
+    if (row.document == document)
       row.place.fileName = document->fileName();
   }
   update();
@@ -227,98 +237,15 @@ void ResultList::update() {
 
 FoundPlace ResultList::present(const Row& row) const {
   FoundPlace place = row.place;
-  if (row.cursor.isNull())
+  if (row.document == nullptr)
     return place;
-  const QTextBlock block = row.cursor.block();
-  const Page* const page = pageOf(row.cursor.document());
-  place.line = block.blockNumber() + 1;
-  place.unit = row.cursor.positionInBlock();
+  const Spot spot = spotOf(row);
+  const Page* const page = pageOf(row.document);
+  place.line = spot.block.blockNumber() + 1;
+  place.unit = spot.unit;
   if (page != nullptr)
-    place.column = columnOfUnit(block.text(), place.unit, page->window()->editor()->tabWidth());
+    place.column = columnOfUnit(spot.block.text(), place.unit, page->window()->editor()->tabWidth());
   return place;
-}
-
-int ResultList::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : count();
-}
-
-int ResultList::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(ColumnCount);
-}
-
-QString ResultList::shownFile(const QString& fileName) const {
-  const QString prefix = folder_.endsWith(u'/') ? folder_ : folder_ + u'/';
-  if (!folder_.isEmpty() && fileName.startsWith(prefix))
-    return fileName.mid(prefix.size());
-  return folder_.isEmpty() ? QFileInfo(fileName).fileName() : fileName;
-}
-
-QString ResultList::spoken(const FoundPlace& place) const {
-  return tr("%1: %2, %3, line %4, column %5")
-      .arg(nameOf(place.severity), place.text, shownFile(place.fileName))
-      .arg(place.line)
-      .arg(place.column);
-}
-
-QVariant ResultList::display(const FoundPlace& place, int column) const {
-  switch (column) {
-  case TextColumn:
-    return place.text;
-  case FileColumn:
-    return shownFile(place.fileName);
-  case LineColumn:
-    return place.line;
-  case CellColumn:
-    return place.column;
-  default:
-    return {};
-  }
-}
-
-QVariant ResultList::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid))
-    return {};
-  const bool isNumber = index.column() == LineColumn || index.column() == CellColumn;
-  const Row& row = rows_[static_cast<std::size_t>(index.row())];
-  switch (role) {
-  case Qt::DisplayRole:
-    return display(isNumber ? present(row) : row.place, index.column());
-  case Qt::ToolTipRole:
-    if (index.column() == TextColumn)
-      return wrapping(row.place.text);
-    return index.column() == FileColumn ? QVariant(wrapping(QDir::toNativeSeparators(row.place.fileName))) : QVariant();
-  case Qt::DecorationRole:
-    return index.column() == TextColumn && row.place.severity != Severity::Match ? QVariant(iconOf(row.place.severity))
-                                                                                 : QVariant();
-  case Qt::TextAlignmentRole:
-    return isNumber ? QVariant(int(Qt::AlignRight | Qt::AlignVCenter)) : QVariant();
-  case Qt::AccessibleTextRole:
-    return index.column() == TextColumn ? QVariant(spoken(present(row))) : QVariant();
-  default:
-    return {};
-  }
-}
-
-QVariant ResultList::headerData(int section, Qt::Orientation orientation, int role) const {
-  const bool isNumber = section == LineColumn || section == CellColumn;
-  if (orientation != Qt::Horizontal)
-    return {};
-  if (role == Qt::TextAlignmentRole)
-    return int((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-  if (role != Qt::DisplayRole)
-    return {};
-  switch (section) {
-  case TextColumn:
-    return tr("Text");
-  case FileColumn:
-    return tr("File");
-  case LineColumn:
-    return tr("Line");
-  case CellColumn:
-    return tr("Column");
-  default:
-    return {};
-  }
 }
 
 } // namespace desktop

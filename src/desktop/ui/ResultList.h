@@ -7,6 +7,7 @@
 #include <QTextCursor>
 
 #include <functional>
+#include <map>
 #include <vector>
 
 namespace desktop {
@@ -18,8 +19,9 @@ class Workspace;
 // The places that the last check or search has found, for all windows, in the order in which they came.
 //
 // Whoever looks for places begins a run and adds to it as long as it is the latest: a new run ends the one before and
-// takes its places away. Places in open pages follow the edits of their text; when such a page is closed they keep the
-// lines that the file has. As a model it has a row for each place; its texts are plain. Main thread only.
+// takes its places away. Places in open pages follow the edits of their text, those behind the first thousand of a page
+// by their lines only; when such a page is closed they keep the lines that the file has. As a model it has a row for
+// each place; its texts are plain. Main thread only.
 class ResultList : public QAbstractTableModel {
   Q_OBJECT
 
@@ -70,16 +72,21 @@ Q_SIGNALS:
 private:
   struct Row {
     FoundPlace place;
-    QTextCursor cursor = {}; // at the place while its file is open, else null
+    const SourceDocument* document = nullptr; // while its file is open
+    QTextCursor cursor = {};                  // at the place then, if the document has not too many of them
+    int line = 0;                             // where there is no cursor: the line from 1
   };
+  struct Spot;
 
   void adopt(Page* page);
   void keep(const SourceDocument* document);
   void release(Page* page);
   void follow(Page* page);
   void track(Row& row, SourceDocument& document);
+  void shift(const SourceDocument* document, int firstLine, int lastLine, int growth);
   void rename(const SourceDocument* document);
   void update();
+  static Spot spotOf(const Row& row);
   FoundPlace present(const Row& row) const;
   Page* pageOf(const QTextDocument* document) const;
   QString shownFile(const QString& fileName) const;
@@ -89,7 +96,8 @@ private:
 
   Workspace& workspace_;
   std::vector<Row> rows_;
-  int run_ = 0; // the number of the latest run
+  std::map<const SourceDocument*, int> cursors_; // how many each open document has
+  int run_ = 0;                                  // the number of the latest run
   bool running_ = false;
   std::function<void()> stop_;
   QString title_;

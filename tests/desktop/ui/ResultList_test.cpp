@@ -175,5 +175,51 @@ TEST_F(ResultListTest, PlacesOfSeveralPagesFollowEachTheirOwn) {
   EXPECT_EQ(shownPlaces(), expected({"3:1", "2:1"}));
 }
 
+class ManyPlaces : public ResultListTest {
+protected:
+  // Lists a place for each line, more than have cursors.
+  void SetUp() override {
+    page = openText(QStringLiteral("a.pas"), QByteArray("line\n").repeated(3'000));
+    std::vector<FoundPlace> places;
+    for (int line = 1; line <= 3'000; ++line)
+      places.push_back(placeIn(QStringLiteral("a.pas"), line, 2));
+    listPlaces(places);
+  }
+  QString shownPlace(int row) const {
+    return shown(row, ResultList::LineColumn) + u':' + shown(row, ResultList::CellColumn);
+  }
+  Page* page = nullptr;
+};
+
+TEST_F(ManyPlaces, FollowLinesThatComeAndGo) {
+  insertAt(page, 2'000, 0, QStringLiteral("a\nb\n"));
+  EXPECT_EQ(shownPlace(1'997), QStringLiteral("1998:3"));
+  EXPECT_EQ(shownPlace(1'998), QStringLiteral("1999:3"));
+  EXPECT_EQ(shownPlace(1'999), QStringLiteral("2002:3"));
+  EXPECT_EQ(shownPlace(2'000), QStringLiteral("2003:3"));
+  page->document()->undo();
+  EXPECT_EQ(shownPlace(1'999), QStringLiteral("2000:3"));
+  EXPECT_EQ(shownPlace(2'000), QStringLiteral("2001:3"));
+  EXPECT_EQ(shownPlace(2'999), QStringLiteral("3000:3"));
+}
+
+TEST_F(ManyPlaces, StayOnTheirLinesInAGroupOfEdits) {
+  QTextCursor group(page->document());
+  group.beginEditBlock();
+  for (QTextBlock block = page->document()->begin(); block.isValid(); block = block.next())
+    QTextCursor(block).insertText(QStringLiteral("  "));
+  group.endEditBlock();
+  EXPECT_EQ(shown(2'500, ResultList::LineColumn), QStringLiteral("2501"));
+}
+
+TEST_F(ManyPlaces, AreKeptWhenTheirTextIsSavedAndNotWhenItIsDiscarded) {
+  insertAt(page, 1, 0, QStringLiteral("a\n"));
+  ASSERT_TRUE(workspace.files().save(page));
+  insertAt(page, 1, 0, QStringLiteral("b\n"));
+  EXPECT_EQ(shownPlace(2'500), QStringLiteral("2503:3"));
+  window()->closePage(page);
+  EXPECT_EQ(shownPlace(2'500), QStringLiteral("2502:3"));
+}
+
 } // namespace
 } // namespace desktop
