@@ -2,17 +2,27 @@
 #include "desktop/files/TextMatcher.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <limits>
 
 namespace desktop {
 
 namespace {
 
-// The steps back that a match may take. The library counts them anew for each character at which a match may begin, so
-// for a line this comes to half a second where a pattern is at its worst. Everyday patterns take some hundreds.
-constexpr int mostSteps = 100'000;
-// Units. In a line that is longer than this the steps count for all beginnings together.
-constexpr qsizetype longLine = 5'000;
-constexpr int mostStepsOfLongLine = 1'000'000;
+// The steps back that a match may take. The library counts them anew for each character at which a match may begin.
+// Everyday patterns take some dozens. A single step can run over all of the line, though, so that in long lines there
+// must be fewer of them, and they are counted for many beginnings together.
+struct Bounds {
+  qsizetype longestLine; // units
+  int beginnings;        // characters
+  int steps;             // for all of these
+};
+constexpr qsizetype shortLine = 1'000;
+constexpr int stepsInShortLine = 100'000;
+constexpr Bounds longLine{20'000, 1'000, 100'000};
+constexpr Bounds hugeLine{std::numeric_limits<qsizetype>::max(), 100, 5'000};
+constexpr int matchTime = 250; // milliseconds from one match in a long line to the next
 
 bool standsAlone(const QString& line, qsizetype start, qsizetype end) {
   return (start == 0 || !isWordCharacter(line[start - 1])) && (end == line.size() || !isWordCharacter(line[end]));
@@ -42,6 +52,10 @@ struct PatternParts {
   }
 };
 
+LineMatch lineMatchOf(const QRegularExpressionMatch& match) {
+  return {static_cast<int>(match.capturedStart()), static_cast<int>(match.capturedLength()), &match};
+}
+
 // Halves of surrogate pairs, which a document can hold but no pattern is matched with, as what stands for them.
 QString withoutLoneSurrogates(const QString& line) {
   QString valid = line;
@@ -70,10 +84,16 @@ TextMatcher::TextMatcher(const SearchTerms& terms)
   if (pattern_.isValid()) {
     const PatternParts parts(terms.text);
     const QString whole = wholeWord_ ? QStringLiteral("(?<!\\w)(?:%1)(?!\\w)") : QStringLiteral("%1");
-    pattern_ = makePattern(parts.bounded(mostSteps, whole), terms);
-    // The pattern itself goes from one beginning to the next, so that this is one match to the library.
-    longLinePattern_ = makePattern(
-        parts.bounded(mostStepsOfLongLine, QStringLiteral("\\G(?s:.)*?\\K(?:") + whole + QStringLiteral(")")), terms);
+    pattern_ = makePattern(parts.bounded(stepsInShortLine, whole), terms);
+    // These go from one beginning to the next themselves, so that this is one match to the library.
+    const auto striding = [&](const Bounds& bounds) {
+      return makePattern(parts.bounded(bounds.steps, QStringLiteral("\\G(?s:.){0,") +
+                                                         QString::number(bounds.beginnings - 1) +
+                                                         QStringLiteral("}?\\K(?:") + whole + QStringLiteral(")")),
+                         terms);
+    };
+    longLinePattern_ = striding(longLine);
+    hugeLinePattern_ = striding(hugeLine);
   }
   if (pattern_.isValid())
     return;
@@ -103,20 +123,47 @@ void TextMatcher::forEachText(const QString& line, const Visit& visit) const {
 }
 
 bool TextMatcher::forEachPattern(const QString& line, const Visit& visit) const {
-  const QRegularExpression& pattern = line.size() > longLine ? longLinePattern_ : pattern_;
-  if (!pattern.isValid()) // in parentheses it is another one, as with a comment at its end
-    return false;
-  QRegularExpressionMatchIterator matches =
-      pattern.globalMatch(QStringView(line).isValidUtf16() ? line : withoutLoneSurrogates(line));
+  const QString subject = QStringView(line).isValidUtf16() ? line : withoutLoneSurrogates(line);
+  if (line.size() > shortLine)
+    return forEachStriding(subject, visit);
+  QRegularExpressionMatchIterator matches = pattern_.globalMatch(subject);
   bool isThrough = false;
   while (matches.hasNext()) {
     const QRegularExpressionMatch match = matches.next();
-    if (!visit({static_cast<int>(match.capturedStart()), static_cast<int>(match.capturedLength()), &match}))
+    if (!visit(lineMatchOf(match)))
       return true;
     isThrough = match.capturedLength() == 0 && match.capturedEnd() == line.size();
   }
   // The iterator becomes invalid when the bound has been reached, but also behind an empty match at the end.
   return matches.isValid() || isThrough;
+}
+
+bool TextMatcher::forEachStriding(const QString& line, const Visit& visit) const {
+  const bool isHuge = line.size() > longLine.longestLine;
+  const QRegularExpression& pattern = isHuge ? hugeLinePattern_ : longLinePattern_;
+  if (!pattern.isValid()) // in parentheses it is another one, as with a comment at its end
+    return false;
+  QElapsedTimer time;
+  time.start();
+  for (qsizetype at = 0; at <= line.size();) {
+    if (time.elapsed() > matchTime)
+      return false;
+    const QRegularExpressionMatch match =
+        pattern.match(line, at, QRegularExpression::NormalMatch, QRegularExpression::DontCheckSubjectStringMatchOption);
+    if (!match.isValid())
+      return false;
+    if (match.hasMatch() && !visit(lineMatchOf(match)))
+      return true;
+    if (match.hasMatch())
+      time.start();
+    if (!match.hasMatch())
+      at += isHuge ? hugeLine.beginnings : longLine.beginnings;
+    else
+      at = match.capturedLength() > 0 ? match.capturedEnd() : match.capturedEnd() + 1;
+    if (at < line.size() && line[at].isLowSurrogate())
+      match.hasMatch() ? ++at : --at; // never within a character
+  }
+  return true;
 }
 
 } // namespace desktop

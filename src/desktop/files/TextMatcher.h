@@ -51,6 +51,7 @@ public:
 private:
   void forEachText(const QString& line, const Visit& visit) const;
   bool forEachPattern(const QString& line, const Visit& visit) const;
+  bool forEachStriding(const QString& line, const Visit& visit) const;
 
   bool isEmpty_ = true;
   bool wholeWord_ = false;
@@ -59,6 +60,7 @@ private:
   QStringMatcher text_;
   QRegularExpression pattern_;
   QRegularExpression longLinePattern_;
+  QRegularExpression hugeLinePattern_;
 };
 
 // Whether `c` belongs to a word: a letter, a digit or an underscore.

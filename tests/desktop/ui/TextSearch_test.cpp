@@ -249,17 +249,27 @@ TEST(TextSearch, MatchesBeforeTheTroubleAreVisited) {
 }
 
 TEST(TextSearch, PatternsFindTheSameInLongLines) {
-  const QString gap(10'000, u' ');
-  const auto inLongLine = [&](const char* text, bool wholeWord = false) {
-    return matches({QString::fromLatin1(text), false, wholeWord, true},
-                   QStringLiteral("ab ab") + gap + QStringLiteral("cab"));
-  };
-  EXPECT_EQ(inLongLine("ab"), (Spans{{0, 2}, {3, 2}, {10'006, 2}}));
-  EXPECT_EQ(inLongLine("(?<=c)ab|^ab"), (Spans{{0, 2}, {10'006, 2}}));
-  EXPECT_EQ(inLongLine("ab", true), (Spans{{0, 2}, {3, 2}}));
-  EXPECT_EQ(inLongLine("x*$"), (Spans{{10'008, 0}}));
-  EXPECT_EQ(inLongLine("\\b"), (Spans{{0, 0}, {2, 0}, {3, 0}, {5, 0}, {10'005, 0}, {10'008, 0}}));
-  EXPECT_EQ(inLongLine("(*UCP)\\w+"), (Spans{{0, 2}, {3, 2}, {10'005, 3}}));
+  for (const int gap : {3, 2'000, 50'000}) {
+    const auto inLine = [gap](const char* text, bool wholeWord = false) {
+      return matches({QString::fromLatin1(text), false, wholeWord, true},
+                     QStringLiteral("ab ab") + QString(gap, u' ') + QStringLiteral("cab"));
+    };
+    const int c = 5 + gap;
+    EXPECT_EQ(inLine("ab"), (Spans{{0, 2}, {3, 2}, {c + 1, 2}})) << gap;
+    EXPECT_EQ(inLine("(?<=c)ab|^ab"), (Spans{{0, 2}, {c + 1, 2}})) << gap;
+    EXPECT_EQ(inLine("ab", true), (Spans{{0, 2}, {3, 2}})) << gap;
+    EXPECT_EQ(inLine("x*$"), (Spans{{c + 3, 0}})) << gap;
+    EXPECT_EQ(inLine("\\b"), (Spans{{0, 0}, {2, 0}, {3, 0}, {5, 0}, {c, 0}, {c + 3, 0}})) << gap;
+    EXPECT_EQ(inLine("(*UCP)\\w+"), (Spans{{0, 2}, {3, 2}, {c, 3}})) << gap;
+  }
+}
+
+TEST(TextSearch, NoCharacterOfALongLineIsCutInTwo) {
+  const QString faces = QStringLiteral("\U0001F600").repeated(15'000);
+  EXPECT_EQ(matches(pattern(QStringLiteral("x")), u'y' + faces + u'x'), (Spans{{30'001, 1}}));
+  EXPECT_EQ(matches(pattern(QStringLiteral("x")), faces + u'x'), (Spans{{30'000, 1}}));
+  EXPECT_EQ(matches(pattern(QStringLiteral(".")), faces).size(), 15'000U);
+  EXPECT_EQ(matches(pattern(QStringLiteral("(?=.)")), faces).size(), 15'000U);
 }
 
 TEST(TextSearch, ALineThatIsGivenUpIsToldAndPassedOver) {
