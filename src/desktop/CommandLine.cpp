@@ -104,7 +104,7 @@ std::optional<CommandLine> readCommandLine(int argc, char** argv, int& exitCode)
   if (!caret.empty())
     line.caret = parseCaret(caret);
   line.loadPackages = !noPackage;
-  line.showSplash = !noSplash;
+  line.showSplash = !noSplash && !line.wait;
   // An editor that somebody waits for comes up with their files alone, and goes with them.
   line.keepSession = !noSession && !line.wait;
   // What tells how an editor is to be cannot be told to one that runs already.

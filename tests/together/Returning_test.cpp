@@ -5,6 +5,7 @@
 #include "desktop/Program.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/MainWindow.h"
+#include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
 #include "platform/Application.h"
 #include "support/EnvironmentVariable.h"
@@ -34,6 +35,14 @@ protected:
 
   QString path(const char* name) const { return folder_.filePath(QString::fromLatin1(name)); }
 
+  static CommandLine waitingFor(const QStringList& files) {
+    CommandLine commandLine;
+    commandLine.files = files;
+    commandLine.keepSession = false;
+    commandLine.loadPackages = false;
+    commandLine.wait = true;
+    return commandLine;
+  }
   // Runs the program with these files, does `work` with its first window, and ends it in order.
   static void run(const QStringList& files, const std::function<void(TEditWindow&)>& work, bool keepSession = true) {
     CommandLine commandLine;
@@ -100,6 +109,45 @@ TEST_F(Returning, WithoutASessionNothingIsTakenUpOrWritten) {
       {path("b.pas")},
       [](const TEditWindow& window) { EXPECT_EQ(titles(window), QStringList{QStringLiteral("b.pas")}); }, false);
   run({}, [](const TEditWindow& window) { EXPECT_EQ(titles(window), QStringList{QStringLiteral("a.pas")}); });
+}
+
+TEST_F(Returning, AnEditorThatSomebodyWaitsForEndsWithItsLastPage) {
+  const CommandLine commandLine = waitingFor({path("a.pas"), path("b.pas")});
+  Program program(commandLine);
+  QTimer::singleShot(0, [&] {
+    TEditWindow& window = *qobject_cast<MainWindow*>(platform::Application().MainForm())->editWindow();
+    ASSERT_EQ(titles(window), (QStringList{QStringLiteral("a.pas"), QStringLiteral("b.pas")}));
+    window.closePage(window.pages().constFirst());
+    QTimer::singleShot(0, [&window] {
+      ASSERT_EQ(titles(window), QStringList{QStringLiteral("b.pas")});
+      window.closePage(window.pages().constFirst());
+    });
+  });
+  EXPECT_EQ(program.edit(), 0);
+}
+
+TEST_F(Returning, AnEditorThatSomebodyWaitsForDoesNotComeUpForNothing) {
+  const CommandLine commandLine = waitingFor({folder_.path()});
+  Program program(commandLine);
+  EXPECT_EQ(program.edit(), 2);
+}
+
+TEST_F(Returning, AnEditorThatSomebodyWaitsForTellsInTheEndThatAFileWasMissing) {
+  const CommandLine commandLine = waitingFor({path("a.pas"), folder_.path()});
+  Program program(commandLine);
+  QTimer::singleShot(0, [&] {
+    TEditWindow& window = *qobject_cast<MainWindow*>(platform::Application().MainForm())->editWindow();
+    window.closePage(window.currentPage());
+  });
+  EXPECT_EQ(program.edit(), 2);
+}
+
+TEST_F(Returning, AFileThatWasNeverSavedDoesNotComeBack) {
+  run({path("a.pas"), path("new.pas")}, [](const TEditWindow& window) { EXPECT_EQ(titles(window).size(), 2); });
+  run({}, [](const TEditWindow& window) {
+    EXPECT_EQ(titles(window), QStringList{QStringLiteral("a.pas")});
+    EXPECT_TRUE(window.messageBar()->messages().isEmpty());
+  });
 }
 
 } // namespace

@@ -66,7 +66,7 @@ TEST_F(ProgramTest, TellsItsOptionsWithoutADisplay) {
   EXPECT_EQ(outcome.code, 0);
   for (const char* option :
        {"--screenshot", "--caret", "--scale", "--package", "--no-package", "--no-splash", "--no-session",
-        "--recovery-interval", "--version", "FILE"})
+        "--new", "--wait", "--recovery-interval", "--version", "FILE"})
     EXPECT_TRUE(outcome.output.contains(QString::fromLatin1(option))) << option;
   EXPECT_TRUE(outcome.error.isEmpty()) << outcome.error.toStdString();
 }
@@ -163,6 +163,8 @@ TEST_F(ProgramTest, WrongArgumentsAreToldWithCode2) {
       screenshot({QStringLiteral("--caret"), QStringLiteral("1:2x"), source}),
       screenshot({QStringLiteral("--scale"), QStringLiteral("0"), source}),
       {QStringLiteral("--scale"), QStringLiteral("2"), source},
+      {QStringLiteral("--wait")},
+      screenshot({QStringLiteral("--wait"), source}),
       {QStringLiteral("--package"), QStringLiteral("p.so"), QStringLiteral("--no-package"), source},
   };
   for (const QStringList& arguments : wrong) {
