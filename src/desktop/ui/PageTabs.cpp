@@ -10,10 +10,12 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QHash>
 #include <QMenu>
 #include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -84,11 +86,14 @@ void PageTabs::updateTitles() {
   QStringList names;
   for (const Page* page : all)
     names.append(page->title());
+  QHash<QString, int> uses;
+  for (const QString& name : std::as_const(names))
+    ++uses[name];
   for (int index = 0; index < count(); ++index) {
     const Page& page = *all[index];
     QString title = names[index];
     title.replace(u'&', QStringLiteral("&&"));
-    if (names.count(names[index]) > 1)
+    if (uses[names[index]] > 1)
       title += QStringLiteral(" \u2013 ") + folderName(page);
     if (page.document()->isModified())
       title += QStringLiteral(" \u2022");
