@@ -43,9 +43,9 @@ void TrackedLines::Line::forgetPast() {
   laters.clear();
 }
 
-TrackedLines::TrackedLines(QTextDocument& document, Report report)
-    : document_(document), report_(std::move(report)), steps_(document.availableUndoSteps()), settled_(state()),
-      settledLines_(document.blockCount()) {
+TrackedLines::TrackedLines(QTextDocument& document, Report report, int mostMarked)
+    : document_(document), report_(std::move(report)), mostMarked_(mostMarked), steps_(document.availableUndoSteps()),
+      settled_(state()), settledLines_(document.blockCount()) {
   connect(&document_, &QTextDocument::undoCommandAdded, this, [this] { hasNewStep_ = true; });
   connect(&document_, &QTextDocument::contentsChange, this, &TrackedLines::noteChange);
   connect(&document_, &QTextDocument::contentsChanged, this, &TrackedLines::finishEdit);
@@ -70,9 +70,10 @@ void TrackedLines::add(int line, int data) {
       return;
     }
   }
-  Line& added = *lines_.insert(next, Line{line, data, 1, order, QTextCursor(&document_)});
-  added.start.setKeepPositionOnInsert(true);
+  Line& added = *lines_.insert(next, Line{line, data, 1, order});
   added.complete = complete;
+  if (marked_ < mostMarked_ || !complete) // an open edit block will also report what it did before
+    mark(added);
   place(added);
 }
 
@@ -84,17 +85,25 @@ int TrackedLines::indexOf(int line) const {
 
 void TrackedLines::remove(int index) {
   const auto removed = lines_.begin() + index;
-  if (--removed->count == 0)
-    lines_.erase(removed);
+  if (--removed->count > 0)
+    return;
+  marked_ -= removed->isMarked() ? 1 : 0;
+  lines_.erase(removed);
 }
 
 void TrackedLines::settle() {
   moveLines(nullptr);
 }
 
-void TrackedLines::noteChange(int position, int /*removed*/, int added) {
+void TrackedLines::noteChange(int position, int removed, int added) {
   const Stretch all{0, std::numeric_limits<int>::max()};
   changed_ = changed_ ? all : Stretch{position, position + added};
+  for (Line& line : lines_) {
+    if (line.isMarked())
+      continue;
+    for (int* const each : {&line.start, &line.second})
+      *each = *each > position + removed ? *each + added - removed : std::min(*each, position);
+  }
 }
 
 void TrackedLines::finishEdit() {
@@ -137,14 +146,19 @@ void TrackedLines::moveLines(const EditBlock* block) {
   const Stretch changed = block ? block->changed : Stretch{0, document_.blockCount() - 1};
   std::vector<LineMove> moves;
   int highest = 0; // no line overtakes another
+  int above = 0;   // the number that the line above had
+  auto marked = lines_.begin();
   bool haveMet = false;
   for (auto first = lines_.begin(); first != lines_.end();) {
     const int number = first->number;
     const auto next = std::find_if(first, lines_.end(), [number](const Line& line) { return line.number != number; });
     const bool isNear = number >= changed.first && number <= changed.last - inserted;
-    const int target = isNear ? targetOf(first, next, block) : number < changed.first ? number : number + inserted;
+    const int target = block == nullptr ? targetInside(first, next, marked, highest + number - above)
+                       : isNear         ? targetOf(first, next, *block)
+                                        : targetAway(first, next, number < changed.first ? 0 : inserted);
     haveMet |= first != lines_.begin() && highest >= target;
     highest = std::max(target, highest);
+    above = number;
 
     std::set<int> reported;
     for (; first != next; ++first) {
@@ -153,7 +167,7 @@ void TrackedLines::moveLines(const EditBlock* block) {
       if (number != highest && reported.insert(first->data).second)
         moves.push_back({number, highest, first->data});
       first->number = highest;
-      if (isNear || highest != target)
+      if (first->isMarked() ? isNear || highest != target : block != nullptr)
         place(*first);
     }
   }
@@ -166,12 +180,10 @@ void TrackedLines::moveLines(const EditBlock* block) {
 
 // Where the lines of one number, from `first` up to `next`, go together: the first of the places where some of them
 // were in this state of the text, or else where their marks have come to lie. One that was elsewhere has another past.
-int TrackedLines::targetOf(Lines::iterator first, Lines::iterator next, const EditBlock* block) {
-  const int found = find(*first);
-  if (block == nullptr)
-    return found;
+int TrackedLines::targetOf(Lines::iterator first, Lines::iterator next, const EditBlock& block) {
+  const int found = find(markedOf(first, next));
   std::vector<std::optional<int>> recalled;
-  std::ranges::transform(first, next, std::back_inserter(recalled), [&](Line& line) { return recall(line, *block); });
+  std::ranges::transform(first, next, std::back_inserter(recalled), [&](Line& line) { return recall(line, block); });
   std::optional<int> earliest;
   for (const std::optional<int>& number : recalled) {
     if (number)
@@ -183,6 +195,28 @@ int TrackedLines::targetOf(Lines::iterator first, Lines::iterator next, const Ed
       line->forgetPast();
   }
   return target;
+}
+
+// Where lines of one number are inside an edit block. Those without marks are expected at `distant`, as far from the
+// line above as they were, unless the next marked one, to which `marked` is brought, is in their way; the end of the
+// block tells exactly.
+int TrackedLines::targetInside(Lines::iterator first, Lines::iterator next, Lines::iterator& marked, int distant) {
+  marked = std::find_if(std::max(first, marked), lines_.end(), [](const Line& line) { return line.isMarked(); });
+  const int limit = marked == lines_.end() ? document_.blockCount() - 1 : find(*marked);
+  return marked < next ? limit : std::min(distant, limit);
+}
+
+// Where lines of one number are that an edit block has not touched. The number of those without marks may have been
+// wrong while it was open.
+int TrackedLines::targetAway(Lines::iterator first, Lines::iterator next, int inserted) const {
+  const Line& line = markedOf(first, next);
+  return line.isMarked() ? line.number + inserted : find(line);
+}
+
+// One of the lines from `first` up to `next` that is marked, if there is any.
+const TrackedLines::Line& TrackedLines::markedOf(Lines::iterator first, Lines::iterator next) {
+  const auto marked = std::find_if(first, next, [](const Line& line) { return line.isMarked(); });
+  return marked == next ? *first : *marked;
 }
 
 // The number that `line` had in the state of the text to which undo or redo has led. Keeps the number from before the
@@ -198,28 +232,35 @@ std::optional<int> TrackedLines::recall(Line& line, const EditBlock& block) cons
   return std::nullopt;
 }
 
-// Marks the start of the line and its first character.
+void TrackedLines::mark(Line& line) {
+  ++marked_;
+  for (QTextCursor* const cursor : {&line.startMark, &line.secondMark}) {
+    *cursor = QTextCursor(&document_);
+    cursor->setKeepPositionOnInsert(true);
+  }
+}
+
+// Settles the start of the line and its first character.
 void TrackedLines::place(Line& line) const {
   const QTextBlock block = document_.findBlockByNumber(line.number);
-  const int start = block.position();
-  line.start.setPosition(start);
-  if (block.length() == 1 && !block.next().isValid()) {
-    line.second = QTextCursor();
-    return;
+  const bool isEmptyLast = block.length() == 1 && !block.next().isValid();
+  line.start = block.position();
+  line.second = isEmptyLast ? -1 : line.start + 1;
+  if (line.isMarked()) {
+    line.startMark.setPosition(line.start);
+    line.secondMark.setPosition(std::max(line.second, line.start));
   }
-  if (line.second.isNull()) {
-    line.second = QTextCursor(&document_);
-    line.second.setKeepPositionOnInsert(true);
-  }
-  line.second.setPosition(start + 1);
 }
 
 int TrackedLines::find(const Line& line) const {
-  const QTextBlock started = document_.findBlock(line.start.position());
+  const int end = document_.characterCount() - 1;
+  const int start = std::min(line.isMarked() ? line.startMark.position() : line.start, end);
+  const int second = line.isMarked() ? line.secondMark.position() : line.second;
+  const QTextBlock started = document_.findBlock(start);
   // The end of the text is behind everything that was put in front of it.
-  const int first = (line.second.isNull() ? document_.characterCount() : line.second.position()) - 1;
+  const int first = line.second < 0 ? end : std::min(second - 1, end);
   const QTextBlock continued = document_.findBlock(first);
-  const bool isWhole = first >= line.start.position() && started.position() == line.start.position();
+  const bool isWhole = first >= start && started.position() == start;
   return (isWhole && continued.position() == first ? continued : started).blockNumber();
 }
 

@@ -34,8 +34,11 @@ struct LineMove {
 //
 // Who is told of moves knows a line by its number alone, so lines that have come together stay together, also when undo
 // or redo would part them: they go to the first of the places where they were. What is added to one line with one value
-// again and again is kept as one: an edit takes time for each line that is tracked, however often it is. Main thread
-// only.
+// again and again is kept as one: an edit takes time for each line that is tracked, however often it is.
+//
+// Each mark costs time at every single edit of a group. So only the first lines have some. Further ones are followed
+// through what the document reports when an edit block ends: as exactly, if the block was at one place; if not, a line
+// between its places may come to the first of them. Main thread only.
 class TrackedLines : public QObject {
   Q_OBJECT
 
@@ -43,8 +46,9 @@ public:
   // Receives what one edit has moved, which is something.
   using Report = std::function<void(const std::vector<LineMove>& moves)>;
 
-  // `document` must outlive the tracked lines. `report` must not edit the document.
-  TrackedLines(QTextDocument& document, Report report);
+  // `document` must outlive the tracked lines. `report` must not edit the document. `mostMarked` is how many lines have
+  // marks.
+  TrackedLines(QTextDocument& document, Report report, int mostMarked = 1'000);
   ~TrackedLines() override;
 
   // Tracks line `line` once more. It is not tracked if there is no such line.
@@ -72,13 +76,18 @@ private:
     int data;
     int count;    // how often it was added, each time right after the other
     qint64 order; // of the last time among all that was ever added
-    QTextCursor start;
-    QTextCursor second = {};          // behind the first character; null for an empty last line
+    // The start and the place behind the first character, which is -1 for an empty last line. Where there are cursors,
+    // they tell; elsewhere both are as the last edit block has left them.
+    int start = 0;
+    int second = 0;
+    QTextCursor startMark = {};
+    QTextCursor secondMark = {};
     std::optional<int> complete = {}; // the number after the last edit block; none inside the first one
     std::vector<Past> formers = {};   // where undo leads to, the nearest state last
     std::vector<Past> laters = {};    // where redo leads to, the nearest state last
 
     void forgetPast();
+    bool isMarked() const { return !startMark.isNull(); }
   };
   using Lines = std::deque<Line>;
 
@@ -110,8 +119,12 @@ private:
   Turn turnOfLastBlock() const;
   Stretch changedLines() const;
   void moveLines(const EditBlock* block);
-  int targetOf(Lines::iterator first, Lines::iterator next, const EditBlock* block);
+  int targetOf(Lines::iterator first, Lines::iterator next, const EditBlock& block);
   std::optional<int> recall(Line& line, const EditBlock& block) const;
+  int targetInside(Lines::iterator first, Lines::iterator next, Lines::iterator& marked, int distant);
+  int targetAway(Lines::iterator first, Lines::iterator next, int inserted) const;
+  static const Line& markedOf(Lines::iterator first, Lines::iterator next);
+  void mark(Line& line);
   void place(Line& line) const;
   int find(const Line& line) const;
 
@@ -119,7 +132,9 @@ private:
   Report report_;
   Lines lines_;      // in the order of their numbers; of one number the last added is the last
   qint64 added_ = 0; // how many have ever been added
-  int steps_;        // the document's undo steps after the last edit block
+  int mostMarked_;
+  int marked_ = 0;
+  int steps_; // the document's undo steps after the last edit block
   State settled_;
   int settledLines_;                    // how many the text had then
   bool hasNewStep_ = false;             // of undo, since the last edit block

@@ -180,8 +180,9 @@ private:
 // Random edits of a model's text, made to the document as well.
 class RandomEdits {
 public:
-  RandomEdits(SourceDocument& document, TrackedLines& lines, LineModel& model, unsigned seed)
-      : document_(document), lines_(lines), model_(model), random_(seed) {}
+  // `groups`: whether some steps are made of edits at several places.
+  RandomEdits(SourceDocument& document, TrackedLines& lines, LineModel& model, unsigned seed, bool groups)
+      : document_(document), lines_(lines), model_(model), random_(seed), groups_(groups) {}
 
   int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
 
@@ -207,7 +208,7 @@ private:
     const int kind = below(4);
     if (kind == 0)
       pressKeys();
-    else if (kind == 1)
+    else if (kind == 1 && groups_)
       group();
     else
       block();
@@ -299,6 +300,7 @@ private:
   TrackedLines& lines_;
   LineModel& model_;
   std::mt19937 random_;
+  bool groups_;
   bool travels_ = false; // the last step went through the history
   std::vector<std::string> pieces_ = {"", "x", "\n", "ab\n", "\n\n", "begin\n  \nend;", "a\nb\nc\n", "\nx"};
 
@@ -311,7 +313,7 @@ class TrackedLinesModel : public testing::TestWithParam<unsigned> {};
 INSTANTIATE_TEST_SUITE_P(Of, TrackedLinesModel, testing::Range(1U, 41U));
 
 // A thousand edits with fifty markers, each of which knows nothing but its line and what it is told.
-TEST_P(TrackedLinesModel, AgreesAfterEveryOneOfRandomEditsAndStepsThroughTheirHistory) {
+void compareWithModel(unsigned seed, int mostMarked, bool groups) {
   std::string text;
   for (int line = 0; line < 120; ++line)
     text += std::string(static_cast<std::size_t>(line % 9), 'x') + '\n';
@@ -320,11 +322,14 @@ TEST_P(TrackedLinesModel, AgreesAfterEveryOneOfRandomEditsAndStepsThroughTheirHi
   LineModel model(text);
 
   std::vector<int> markers;
-  TrackedLines lines(document, [&markers](const std::vector<LineMove>& moves) {
-    for (const LineMove& move : moves)
-      std::ranges::replace(markers, move.oldLine, move.newLine);
-  });
-  RandomEdits edits(document, lines, model, GetParam());
+  TrackedLines lines(
+      document,
+      [&markers](const std::vector<LineMove>& moves) {
+        for (const LineMove& move : moves)
+          std::ranges::replace(markers, move.oldLine, move.newLine);
+      },
+      mostMarked);
+  RandomEdits edits(document, lines, model, seed, groups);
   const auto drop = [&](int line) {
     lines.add(line, 0);
     markers.push_back(line);
@@ -350,6 +355,14 @@ TEST_P(TrackedLinesModel, AgreesAfterEveryOneOfRandomEditsAndStepsThroughTheirHi
   }
   EXPECT_GT(edits.joined, 10);
   EXPECT_GT(edits.redone, 10);
+}
+
+TEST_P(TrackedLinesModel, AgreesAfterEveryOneOfRandomEditsAndStepsThroughTheirHistory) {
+  compareWithModel(GetParam(), 1'000, true);
+}
+
+TEST_P(TrackedLinesModel, AgreesWithFewOrNoMarksWhenEveryStepIsAtOnePlace) {
+  compareWithModel(GetParam(), static_cast<int>(GetParam()) % 3 * 10, false);
 }
 
 } // namespace
