@@ -46,6 +46,15 @@ TEST_F(Templates, NameAndBlankGiveTheTextWithTheCaretAtItsStop) {
   EXPECT_EQ(caret(), (Place{1, 6}));
 }
 
+TEST_F(Templates, ExpandAsEverWhileBracketsAreTypedAsPairs) {
+  define("call", QStringLiteral("g(|)['a']"));
+  openWithAddIn("");
+  editor()->setTypesPairs(true);
+  keys("f(call ");
+  EXPECT_EQ(text(), QStringLiteral("f(g()['a'])")) << "only the typed bracket has brought its partner";
+  EXPECT_EQ(caret(), (Place{1, 5}));
+}
+
 TEST_F(Templates, OneUndoTakesTheExpansionBackAndOneRedoBringsIt) {
   define("beg", QStringLiteral("begin|\r~end; {|}"));
   openWithAddIn("  \n");
@@ -179,7 +188,8 @@ INSTANTIATE_TEST_SUITE_P(Of, LongTemplates,
                          testing::Values(LongRow{"OneLine", "x"}, LongRow{"Lines", "xxxxxxxxx\r"},
                                          LongRow{"EmptyLines", "\r"}, LongRow{"Stops", "|"},
                                          LongRow{"StopsOnOneLine", "xxxx|"}, LongRow{"Tabs", "\t"},
-                                         LongRow{"TakenCharacters", "x~"}, LongRow{"Pieces", "xxxxxxxxxxx~\t"}),
+                                         LongRow{"TakenCharacters", "x~"}, LongRow{"Pieces", "xxxxxxxxxxx~\t"},
+                                         LongRow{"TakenLineEnds", "x\r~"}),
                          [](const auto& row) { return std::string(row.param.name); });
 
 // What a template of plain characters, tabs, stops and tildes gives in an empty file.
@@ -222,6 +232,15 @@ TEST_F(Templates, OfFiftyThousandLinesMayStopOnEachOne) {
   support::settle();
   proxy().PickupMarker();
   EXPECT_EQ(caret(), (Place{3, 1}));
+}
+
+TEST_F(Templates, OfFiftyThousandLinesThatStopOnEachOneAreUndoneAsOne) {
+  define("long", QStringLiteral("|\r").repeated(50'000));
+  openWithAddIn("");
+  keys("long ");
+  editor()->undo();
+  EXPECT_EQ(text(), QStringLiteral("long"));
+  EXPECT_EQ(rowsOf(services->GetTopBuffer()->GetFileName()), Rows(49'999, 1));
 }
 
 } // namespace

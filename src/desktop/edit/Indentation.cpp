@@ -11,7 +11,7 @@ namespace desktop {
 namespace {
 
 // How much white space a new line takes over.
-constexpr qsizetype mostCarriedOver = 500;
+constexpr int mostCarriedOver = 500;
 
 // Shortens the first `length` units of `line`, all white space, to `cells` cells. `cursor` is at the start of the line
 // and ends behind what has been changed.
@@ -44,9 +44,12 @@ int indentationAbove(const QTextBlock& block, int cells, int tabWidth) {
 void breakLine(QTextCursor& cursor) {
   cursor.beginEditBlock();
   cursor.removeSelectedText();
-  const QString before = cursor.block().text().left(cursor.positionInBlock());
+  QTextCursor head(cursor.block()); // no more of a line of any length
+  const int length = std::min(cursor.positionInBlock(), mostCarriedOver);
+  head.setPosition(head.position() + length, QTextCursor::KeepAnchor);
+  const QString before = head.selectedText();
   cursor.insertBlock();
-  cursor.insertText(before.left(std::min(leadingWhiteSpace(before), mostCarriedOver)));
+  cursor.insertText(before.left(leadingWhiteSpace(before)));
   cursor.endEditBlock();
 }
 

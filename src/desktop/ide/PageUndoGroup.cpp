@@ -41,10 +41,17 @@ void PageUndoGroup::setCaret(const QTextCursor& caret, bool scrolls) {
   scrolls_ = scrolls_ || scrolls;
 }
 
+void PageUndoGroup::forgetBreaksBehind(int position) {
+  while (!breaks_.empty() && breaks_.back().position > position)
+    breaks_.pop_back();
+}
+
 std::optional<int> PageUndoGroup::column() const {
-  if (!column_ || column_->position != caret_.position())
-    return std::nullopt;
-  return column_->column;
+  if (column_ && column_->position == caret_.position())
+    return column_->column;
+  if (!breaks_.empty() && breaks_.back().position == caret_.position())
+    return breaks_.back().column;
+  return std::nullopt;
 }
 
 } // namespace desktop

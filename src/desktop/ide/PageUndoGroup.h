@@ -7,6 +7,7 @@
 #include <QTextCursor>
 
 #include <optional>
+#include <vector>
 
 namespace desktop {
 
@@ -31,6 +32,11 @@ public:
   // length; who types a long line and looks at the column after each character remembers it here.
   std::optional<int> column() const;
   void rememberColumn(int column) const { column_ = {caret_.position(), column}; }
+  // Remembers the caret's column, which is known, also for when the line that is about to be broken there is whole
+  // again.
+  void rememberBreak(int column) { breaks_.push_back({caret_.position(), column}); }
+  // Forgets what an edit from `position` on may have changed.
+  void forgetBreaksBehind(int position);
 
 private:
   void endBlock();
@@ -45,6 +51,7 @@ private:
     int column;
   };
   mutable std::optional<Column> column_;
+  std::vector<Column> breaks_; // where lines have been broken, in the order of the text
   bool hasCaret_ = false;
   bool scrolls_ = false;
 };

@@ -136,7 +136,10 @@ template <class TChange> void PageView::edit(TChange&& change) {
   QTextCursor cursor = caret();
   const auto group = buffer_->undoGroup();
   const auto before = group != nullptr && !cursor.hasSelection() ? group->column() : std::nullopt;
+  const int start = cursor.selectionStart();
   const std::optional<int> column = change(cursor, before);
+  if (group != nullptr)
+    group->forgetBreaksBehind(std::min(start, cursor.position()));
   setCaret(cursor, Scrolling::ToCaret);
   if (group != nullptr && column)
     group->rememberColumn(*column);
@@ -145,6 +148,8 @@ template <class TChange> void PageView::edit(TChange&& change) {
 
 void PageView::InsertCharacter(char32_t character) {
   edit([&](QTextCursor& cursor, std::optional<int> column) {
+    if (character == U'\r' && column)
+      buffer_->undoGroup()->rememberBreak(*column);
     return typeCharacter(cursor, character, control().indentOptions(), column);
   });
 }
