@@ -17,8 +17,13 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <future>
+#include <iterator>
+#include <memory>
+#include <utility>
 
 namespace desktop {
 namespace {
