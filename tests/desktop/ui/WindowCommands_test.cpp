@@ -70,7 +70,8 @@ TEST_F(WindowCommandsTest, SearchMenuHoldsItsCommands) {
   EXPECT_EQ(texts(menu(QStringLiteral("SearchMenu"))->actions()),
             (QStringList{QStringLiteral("&Find..."), QStringLiteral("Find &Next"), QStringLiteral("Find &Previous"),
                          QStringLiteral("Next &Word at Caret"), QStringLiteral("Previous W&ord at Caret"),
-                         QStringLiteral("&Replace..."), QStringLiteral("-"), QStringLiteral("&Go to Line Number..."),
+                         QStringLiteral("&Replace..."), QStringLiteral("-"), QStringLiteral("Find &in Files..."),
+                         QStringLiteral("-"), QStringLiteral("&Go to Line Number..."),
                          QStringLiteral("Op&en Unit at Caret"), QStringLiteral("-"), QStringLiteral("&Check File"),
                          QStringLiteral("Ne&xt Result"), QStringLiteral("Previous Res&ult")}));
 }
