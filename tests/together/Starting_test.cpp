@@ -8,6 +8,8 @@
 #include "platform/Errors.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QPointer>
 #include <QScreen>
@@ -17,6 +19,8 @@
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <chrono>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -228,6 +232,31 @@ TEST_F(ProgramStart, NamesAUnitThatCannotStartAndGoesOnWithoutThePackage) {
     EXPECT_TRUE(window.editor()->toPlainText().startsWith(QStringLiteral("xunit a;")));
     window.editor()->document()->undo();
   });
+}
+
+TEST_F(ProgramStart, TellsOfSettingsThatCannotBeUsedOnce) {
+  const QString settings = qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/virelle/environment.json");
+  QDir().mkpath(QFileInfo(settings).path());
+  QFile file(settings);
+  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+  file.write(R"({"tabWidth": 99, "fontPoints": 13})");
+  file.close();
+  const QString told = QStringLiteral("have values that cannot be used, and the usual ones hold for tabWidth");
+  edit(commandLine({}), [&](const TEditWindow& window) {
+    EXPECT_EQ(window.messageBar()->messages().filter(told).size(), 1);
+    EXPECT_EQ(window.editor()->tabWidth(), 8);
+    EXPECT_EQ(window.editor()->editorFontPoints(), 13);
+  });
+  edit(commandLine({}), [&](const TEditWindow& window) {
+    EXPECT_TRUE(window.messageBar()->messages().filter(told).isEmpty());
+    EXPECT_EQ(window.editor()->editorFontPoints(), 13);
+  });
+  QFile::remove(settings);
+}
+
+TEST_F(ProgramStart, OnlyAnIntervalThatIsGivenGoesBeforeTheSettings) {
+  EXPECT_EQ(commandLine({}).recoveryInterval, std::nullopt);
+  EXPECT_EQ(commandLine({"--recovery-interval", "2.5"}).recoveryInterval, std::chrono::milliseconds(2500));
 }
 
 } // namespace
