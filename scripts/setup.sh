@@ -26,6 +26,10 @@ appstream               /usr/bin/appstreamcli                               the 
 shared-mime-info        /usr/bin/update-mime-database                       the test of the types of files
 man-db                  /usr/bin/man                                        the test of the manual pages
 groff                   /usr/bin/groff                                      the test of the manual pages
+python3                 /usr/bin/python3                                    the session that is driven on a display
+xvfb                    /usr/bin/Xvfb                                       the display of that session
+xdotool                 /usr/bin/xdotool                                    its keys and clicks
+openbox                 /usr/bin/openbox                                    its window manager
 '
 
 say() { printf '%s\n' "$*" >&2; }
