@@ -30,7 +30,7 @@ class RandomUser : public QObject {
   Q_OBJECT
 
 public:
-  // Works on files in `folder` only. `log` is the file that every act is written to first, or empty.
+  // Does so many acts, drawn from `seed`, and keeps the dialogs for files within `folder`. The others must outlive it.
   RandomUser(std::uint64_t seed, int events, const QString& folder, Witness& witness, Watchdog& watchdog);
   ~RandomUser() override;
 
