@@ -11,6 +11,7 @@
 #include "desktop/ui/Page.h"
 #include "desktop/ui/RecentFiles.h"
 #include "desktop/ui/Screenshot.h"
+#include "desktop/ui/StartTimes.h"
 #include "platform/Application.h"
 #include "platform/Errors.h"
 #include "platform/ota/Services.h"
@@ -65,9 +66,10 @@ int Program::edit() {
     complain(workspace_.topWindow()->messageBar()->messages().join(QStringLiteral("; ")));
   if (commandLine_.wait && files_.pages().isEmpty())
     return failed;
+  StartTimes::watch(*workspace_.frameOf(workspace_.topWindow()));
   showFrames();
   session_.restoreViews();
-  files_.placeCarets(commandLine_.caret);
+  files_.placeCarets(commandLine_.files.isEmpty() ? commandLine_.caret : std::nullopt);
   for (const QString& reason : loadPackages())
     workspace_.topWindow()->messageBar()->addMessage(MessageBar::Kind::Warning, reason);
   recovery_.offer();
@@ -84,11 +86,11 @@ int Program::edit() {
 
 int Program::takeScreenshot() {
   MainWindow* const frame = workspace_.frameOf(workspace_.topWindow());
-  if (files_.openExisting(commandLine_.files.constFirst()) == nullptr)
+  if (files_.openExisting(commandLine_.files.constFirst(), commandLine_.caret) == nullptr)
     return complain(workspace_.topWindow()->messageBar()->messages().join(QStringLiteral("; ")));
   frame->show();
   frame->activateWindow();
-  files_.placeCarets(commandLine_.caret);
+  files_.placeCarets();
   const QStringList reasons = loadPackages();
   if (!reasons.isEmpty())
     return complain(reasons.join(QStringLiteral("; ")));
@@ -101,7 +103,7 @@ bool Program::openFiles() {
   for (const QString& file : commandLine_.files) {
     const auto caret = &file == &commandLine_.files.constFirst() ? commandLine_.caret : std::nullopt;
     // Who waits for the files to be closed needs their pages now.
-    const bool opened = commandLine_.wait ? files_.open(file) != nullptr : files_.openSoon(file, caret);
+    const bool opened = commandLine_.wait ? files_.open(file, caret) != nullptr : files_.openSoon(file, caret);
     isComplete = opened && isComplete;
   }
   if (!files_.show() && workspace_.topWindow()->pages().isEmpty())
