@@ -3,6 +3,7 @@
 
 #include "desktop/files/FileFixture.h"
 
+#include <memory>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -347,6 +348,9 @@ TEST_F(TrackedLinesTest, ForgetsWhereUndoWouldHaveLedOnceTheTextIsSetAnew) {
   replace(at(3), at(8), {});
   fill(QStringLiteral("a\nb\nc\nd\ne\nf\ng"));
   EXPECT_EQ(taken(), (std::vector<Reported>{{5, 3, 0}, {3, 0, 0}}));
+  replace(at(0), at(1), {});
+  document.undo();
+  EXPECT_TRUE(taken().empty());
 }
 
 TEST_F(TrackedLinesTest, LetsALineThatWasTrackedBeforeTheStepLeadOneThatWasNot) {
@@ -356,6 +360,80 @@ TEST_F(TrackedLinesTest, LetsALineThatWasTrackedBeforeTheStepLeadOneThatWasNot) 
   taken();
   document.undo();
   EXPECT_EQ(taken(), (std::vector<Reported>{{3, 5, 0}, {3, 5, 1}}));
+}
+
+// Lines of which no more than `marked` have marks.
+class FewMarksTest : public TrackedLinesTest {
+protected:
+  void trackWithMarks(int marked) {
+    few = std::make_unique<TrackedLines>(
+        document,
+        [this](const std::vector<LineMove>& moves) {
+          for (const LineMove& move : moves)
+            reported.emplace_back(move.oldLine, move.newLine, move.data);
+        },
+        marked);
+  }
+  // Puts a line in front of lines 3 and 8, as one step.
+  void insertAtTwoPlaces() {
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    insert(at(8), QStringLiteral("x\n"));
+    insert(at(3), QStringLiteral("y\n"));
+    cursor.endEditBlock();
+  }
+
+  std::unique_ptr<TrackedLines> few;
+};
+
+TEST_F(FewMarksTest, FollowALineBetweenThePlacesOfAGroup) {
+  trackWithMarks(1);
+  few->add(6, 0);
+  insertAtTwoPlaces();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{6, 7, 0}}));
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{7, 6, 0}}));
+}
+
+TEST_F(FewMarksTest, AreNotNeededAboveAndBelowThePlacesOfAGroup) {
+  trackWithMarks(0);
+  few->add(2, 0);
+  few->add(9, 1);
+  insertAtTwoPlaces();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{9, 11, 1}}));
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{11, 9, 1}}));
+}
+
+TEST_F(FewMarksTest, LackingTheyLetAGroupTakeALineToItsFirstPlaceAndUndoBringItBack) {
+  trackWithMarks(0);
+  few->add(6, 0);
+  insertAtTwoPlaces();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{6, 3, 0}}));
+  document.undo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{3, 6, 0}}));
+  document.redo();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{6, 3, 0}}));
+}
+
+TEST_F(FewMarksTest, AreThereAgainForOthersWhenALineIsNoLongerTracked) {
+  trackWithMarks(1);
+  few->add(5, 0);
+  few->remove(few->indexOf(5));
+  few->add(6, 1);
+  insertAtTwoPlaces();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{6, 7, 1}}));
+}
+
+TEST_F(FewMarksTest, AreGivenToALineThatIsAddedInsideAnEditBlock) {
+  trackWithMarks(0);
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  cursor.insertText(QStringLiteral("\n\n"));
+  few->add(6, 0);
+  cursor.insertText(QStringLiteral("\n"));
+  cursor.endEditBlock();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{6, 7, 0}}));
 }
 
 } // namespace
