@@ -38,8 +38,13 @@ QString excerpt(std::u16string_view line, int unit) {
   const std::size_t from = isCut ? static_cast<std::size_t>(unit) - before : text;
   QString shown = QString::fromUtf16(line.data() + from, static_cast<qsizetype>(std::min<std::size_t>(
                                                              line.size() - from, static_cast<std::size_t>(longest))));
-  if (from + longest < line.size())
+  if (isCut && shown.front().isLowSurrogate())
+    shown.remove(0, 1);
+  if (from + longest < line.size()) {
+    if (shown.back().isHighSurrogate())
+      shown.chop(1);
     shown += u'…';
+  }
   for (QChar& c : shown) {
     if (!c.isPrint() && !c.isSurrogate())
       c = u' ';
@@ -48,6 +53,13 @@ QString excerpt(std::u16string_view line, int unit) {
 }
 
 } // namespace
+
+QRegularExpression fileNamePattern(const QString& wildcard) {
+  // A folder in it makes it one that matches nothing, which nobody would be told.
+  const QString pattern = wildcard.contains(u'/') ? QStringLiteral("[")
+                                                  : QRegularExpression::wildcardToRegularExpression(wildcard);
+  return QRegularExpression(pattern, QRegularExpression::CaseInsensitiveOption);
+}
 
 // The file that is being searched.
 struct FileSearcher::File {
@@ -61,8 +73,7 @@ FileSearcher::FileSearcher(const FileSearch& search, std::stop_token stop, OnMat
     : search_(search), stop_(std::move(stop)), onMatch_(std::move(onMatch)), onProgress_(std::move(onProgress)),
       matcher_(search.terms) {
   for (const QString& pattern : search.patterns)
-    patterns_.emplace_back(QRegularExpression::wildcardToRegularExpression(pattern),
-                           QRegularExpression::CaseInsensitiveOption);
+    patterns_.push_back(fileNamePattern(pattern));
   for (const OpenText& open : search.open) {
     if (const std::optional<FileId> id = fileIdOf(open.fileName))
       openById_.emplace(*id, &open);
@@ -85,7 +96,7 @@ const FileSearchOutcome& FileSearcher::run() {
 bool FileSearcher::wants(const QString& path) const {
   const QString name = QFileInfo(path).fileName();
   return patterns_.empty() || std::ranges::any_of(patterns_, [&name](const QRegularExpression& each) {
-           return each.match(name).hasMatch();
+           return each.isValid() && each.match(name).hasMatch();
          });
 }
 
@@ -147,10 +158,13 @@ void FileSearcher::searchBytes(const QString& fileName, const QString& path) {
 bool FileSearcher::searchLine(File& file, std::u16string_view line) {
   ++file.line;
   const QString text = borrowedText(line);
+  int unit = 0; // of the match before, and its column
+  int column = 1;
   const bool whole = matcher_.forEach(text, [&](const LineMatch& match) {
     ++file.matches;
-    onMatch_({file.name, file.line, search_.column(text, match.start), match.start, match.length,
-              excerpt(line, match.start)});
+    column = search_.column(text, unit, column, match.start);
+    unit = match.start;
+    onMatch_({file.name, file.line, column, match.start, match.length, excerpt(line, match.start)});
     outcome_.isFull = ++outcome_.matches >= mostFileMatches;
     outcome_.stopped = stop_.stop_requested();
     return goesOn();

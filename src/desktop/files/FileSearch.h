@@ -35,8 +35,9 @@ struct FileSearch {
   QStringList patterns; // wildcards for the names of files, in any case; none of them means every file
   bool subfolders = true;
   std::vector<OpenText> open;
-  // The column of the screen at which a unit of a line stands. Called in the thread of the search.
-  std::function<int(QStringView line, qsizetype unit)> column;
+  // The column of the screen at which `unit` of a line stands, going on from unit `from`, which stands at `column` and
+  // not behind it. Called in the thread of the search.
+  std::function<int(QStringView line, qsizetype from, int column, qsizetype unit)> column;
 };
 
 // A match in a file.
@@ -73,6 +74,10 @@ struct FileSearchOutcome {
   int troubleCount = 0;              // of all
 };
 
+// The pattern for all of a file's name that a wildcard of FileSearch::patterns stands for. It is not valid if the
+// wildcard is none, and if it names folders.
+QRegularExpression fileNamePattern(const QString& wildcard);
+
 // One search. Any thread, one at a time.
 class FileSearcher {
 public:
@@ -80,7 +85,7 @@ public:
   using OnProgress = std::function<void(const FileSearchOutcome& sofar)>;
 
   // `onMatch` is called for each match, `onProgress` often and with a file at the latest; both in run(). `search` must
-  // outlive this.
+  // outlive this. Wildcards that are none are the names of no files.
   FileSearcher(const FileSearch& search, std::stop_token stop, OnMatch onMatch, OnProgress onProgress);
 
   // Searches until it is through, stopped or full.

@@ -88,8 +88,9 @@ void FilesSearch::start(const FindInFilesRequest& request, TEditWindow* window) 
   search.patterns = request.patterns();
   search.subfolders = request.subfolders;
   search.open = openTexts();
-  search.column = [tabWidth = window->editor()->tabWidth()](QStringView line, qsizetype unit) {
-    return columnOfUnit(line, unit, tabWidth);
+  search.column = [tabWidth = window->editor()->tabWidth()](QStringView line, qsizetype from, int column,
+                                                            qsizetype unit) {
+    return walkOn(line, {from, column}, unit, tabWidth).column;
   };
   finder_.start(std::move(search));
 }
@@ -130,8 +131,8 @@ void FilesSearch::finish(const FileSearchOutcome& outcome, const QString& troubl
   }
   workspace_.results().append(run_, places);
   const QString summary = trouble.isEmpty() ? summaryOf(outcome) : tr("The search could not go on: %1").arg(trouble);
-  workspace_.results().finish(run_, summary);
-  if (window_)
+  const bool isListed = workspace_.results().finish(run_, summary);
+  if (isListed && window_)
     window_->statusBar()->showNote(summary);
 }
 

@@ -40,7 +40,7 @@ private:
   FindInFilesRequest last_;
   QPointer<TEditWindow> window_; // where the search was begun
   int run_ = 0;                  // of the list of results
-  FindInFiles finder_;
+  FindInFiles finder_{this};
 };
 
 } // namespace desktop

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/ui/FindInFilesDialog.h"
 
+#include "desktop/files/FileSearch.h"
+
 #include <QCheckBox>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -11,9 +13,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace desktop {
 
@@ -122,8 +127,12 @@ FindInFilesRequest FindInFilesDialog::request() const {
 
 void FindInFilesDialog::accept() {
   const QString badPattern = TextMatcher(request().terms).error();
+  const QStringList wildcards = request().patterns();
+  const auto bad = std::ranges::find_if(wildcards, [](const QString& each) { return !fileNamePattern(each).isValid(); });
   if (!badPattern.isEmpty())
     complain(text_, badPattern);
+  else if (bad != wildcards.end())
+    complain(names_, tr("There can be no file with the name %1").arg(*bad));
   else if (!QFileInfo(folder()).isDir())
     complain(folder_, tr("There is no folder %1").arg(QDir::toNativeSeparators(folder())));
   else
@@ -144,11 +153,16 @@ void FindInFilesDialog::showEntered() {
 }
 
 void FindInFilesDialog::browse() {
-  QFileDialog dialog(this, tr("Folder to Search"), folder());
-  dialog.setFileMode(QFileDialog::Directory);
-  dialog.setOption(QFileDialog::ShowDirsOnly);
-  if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
-    folder_->setText(QDir::toNativeSeparators(QDir::cleanPath(dialog.selectedFiles().constFirst())));
+  // It goes with this dialog, which may be while it is open.
+  const QPointer<QFileDialog> dialog = new QFileDialog(this, tr("Folder to Search"), folder());
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  const bool isChosen = dialog->exec() == QDialog::Accepted;
+  if (!dialog)
+    return;
+  if (isChosen && !dialog->selectedFiles().isEmpty())
+    folder_->setText(QDir::toNativeSeparators(QDir::cleanPath(dialog->selectedFiles().constFirst())));
+  delete dialog;
 }
 
 } // namespace desktop

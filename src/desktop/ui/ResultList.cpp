@@ -80,14 +80,15 @@ void ResultList::showProgress(int run, const QString& text) {
   Q_EMIT stateChanged();
 }
 
-void ResultList::finish(int run, const QString& summary) {
+bool ResultList::finish(int run, const QString& summary) {
   if (run != run_ || !running_)
-    return;
+    return false;
   running_ = false;
   stop_ = {};
   summary_ = summary;
   Q_EMIT stateChanged();
   Q_EMIT finished();
+  return true;
 }
 
 void ResultList::stop() {

@@ -40,8 +40,8 @@ public:
   void append(int run, const std::vector<FoundPlace>& places);
   // Says how far the run is.
   void showProgress(int run, const QString& text);
-  // Ends the run; `summary` says what it has come to.
-  void finish(int run, const QString& summary);
+  // Ends the run; `summary` says what it has come to. False if that is ignored.
+  bool finish(int run, const QString& summary);
 
   // Whether the latest run goes on.
   bool isRunning() const { return running_; }

@@ -22,7 +22,7 @@ protected:
   FileSearchTest() {
     search.terms.text = QStringLiteral("needle");
     search.folder = folder();
-    search.column = [](QStringView, qsizetype unit) { return static_cast<int>(unit) + 1; };
+    search.column = [](QStringView, qsizetype, int, qsizetype unit) { return static_cast<int>(unit) + 1; };
   }
 
   QString writeIn(const char* name, const std::string& bytes) const {
@@ -124,9 +124,42 @@ TEST_F(FileSearchTest, ABinaryFileIsPassedOver) {
 
 TEST_F(FileSearchTest, TheColumnIsAskedForWithTheWholeLine) {
   writeIn("a.pas", "\t\tneedle");
-  search.column = [](QStringView line, qsizetype unit) { return static_cast<int>(100 * line.size() + unit); };
+  search.column = [](QStringView line, qsizetype, int, qsizetype unit) {
+    return static_cast<int>(100 * line.size() + unit);
+  };
   run();
   EXPECT_EQ(matches.at(0).column, 802);
+}
+
+TEST_F(FileSearchTest, ALineIsWalkedOverOnceForTheColumnsOfItsMatches) {
+  writeIn("a.pas", "needle needle needle\nneedle");
+  std::vector<std::pair<qsizetype, int>> begins;
+  search.column = [&begins](QStringView, qsizetype from, int column, qsizetype unit) {
+    begins.emplace_back(from, column);
+    return static_cast<int>(10 * unit);
+  };
+  run();
+  EXPECT_EQ(begins, (std::vector<std::pair<qsizetype, int>>{{0, 1}, {0, 0}, {7, 70}, {0, 1}}));
+}
+
+TEST_F(FileSearchTest, WhatIsNoWildcardNamesNoFile) {
+  writeIn("a.pas", "needle");
+  for (const char* const name : {"[a", "sub/*.pas"}) {
+    EXPECT_FALSE(fileNamePattern(QString::fromLatin1(name)).isValid()) << name;
+    search.patterns = {QString::fromLatin1(name)};
+    EXPECT_EQ(run(), Strings()) << name;
+  }
+}
+
+TEST_F(FileSearchTest, TheTextOfALongLineIsCutBetweenCharacters) {
+  const QString faces = QStringLiteral("\U0001F600").repeated(400);
+  writeIn("a.pas", (faces + QStringLiteral("needle") + faces).toStdString());
+  writeIn("b.pas", (u'x' + faces + QStringLiteral("needle") + faces).toStdString());
+  writeIn("c.pas", (faces + QStringLiteral("xneedle") + faces).toStdString());
+  run();
+  for (const FileMatch& match : matches)
+    EXPECT_TRUE(match.text.isValidUtf16()) << match.text.toStdString();
+  EXPECT_EQ(matches.size(), 3U);
 }
 
 TEST_F(FileSearchTest, TheTextIsTheLineWithoutItsIndentation) {

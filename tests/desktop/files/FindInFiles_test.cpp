@@ -35,14 +35,14 @@ protected:
     FileSearch search;
     search.terms.text = text;
     search.folder = folder();
-    search.column = [](QStringView, qsizetype) { return 1; };
+    search.column = [](QStringView, qsizetype, int, qsizetype) { return 1; };
     return search;
   }
 
   // One that waits at its first match, in its thread, as long as `gate` is closed.
   FileSearch waitingSearchFor(const QString& text) {
     FileSearch search = searchFor(text);
-    search.column = [this](QStringView, qsizetype) {
+    search.column = [this](QStringView, qsizetype, int, qsizetype) {
       reached = true;
       isClosed.wait(true);
       return 1;

@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QDir>
+#include <QFileDialog>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
@@ -169,6 +170,19 @@ TEST_F(LongFilesSearchTest, AnotherRunOfTheListEndsIt) {
   EXPECT_EQ(results().summary(), QStringLiteral("Done"));
 }
 
+TEST_F(LongFilesSearchTest, WhatAnotherRunHasEndedSaysNothingAnyMore) {
+  activate(window());
+  openText(QStringLiteral("a.txt"), "one\n");
+  startSlow();
+  results().begin(QStringLiteral("Another"));
+  bool isThrough = false;
+  FindInFiles* const finder = workspace.filesSearch().findChild<FindInFiles*>();
+  ASSERT_NE(finder, nullptr);
+  QObject::connect(finder, &FindInFiles::finished, window(), [&isThrough] { isThrough = true; });
+  ASSERT_TRUE(support::waitUntil([&isThrough] { return isThrough; }));
+  EXPECT_EQ(status(QStringLiteral("Remark")), QString());
+}
+
 TEST(FilesSearch, TheWorkspaceCanGoMeanwhile) {
   const QTemporaryDir folder;
   for (int i = 0; i < 20; ++i) {
@@ -254,14 +268,28 @@ TEST_F(FindInFilesDialogTest, WhatIsWrongStandsInItUntilItIsMended) {
     support::clickButton(dialog, QStringLiteral("Find"));
     EXPECT_TRUE(dialog.isVisible());
     EXPECT_EQ(problem.text(), QStringLiteral("Bad pattern at character 3: missing closing parenthesis"));
-    EXPECT_TRUE(field(dialog, "FilesText").hasFocus());
+    EXPECT_EQ(dialog.focusWidget(), &field(dialog, "FilesText"));
     field(dialog, "FilesText").setText(QStringLiteral("x"));
     EXPECT_FALSE(problem.isVisible());
+    field(dialog, "FilesNames").setText(QStringLiteral("*.pas; [a"));
+    support::clickButton(dialog, QStringLiteral("Find"));
+    EXPECT_EQ(problem.text(), QStringLiteral("There can be no file with the name [a"));
+    EXPECT_EQ(dialog.focusWidget(), &field(dialog, "FilesNames"));
+    field(dialog, "FilesNames").setText(QStringLiteral("*.pas"));
     support::clickButton(dialog, QStringLiteral("Find"));
     EXPECT_EQ(problem.text(), QStringLiteral("There is no folder %1").arg(path(QStringLiteral("missing"))));
     dialog.reject();
   });
   ask();
+}
+
+TEST_F(FindInFilesDialogTest, CanGoWhileAFolderIsBeingChosen) {
+  FindInFilesRequest shown;
+  shown.folder = folder_.path();
+  const QPointer<FindInFilesDialog> dialog = new FindInFilesDialog(shown);
+  const support::ModalAnswer<QFileDialog> answer([&dialog](QFileDialog&) { delete dialog; });
+  dialog->findChild<QPushButton*>(QStringLiteral("FilesBrowse"))->click();
+  EXPECT_TRUE(dialog.isNull());
 }
 
 TEST_F(FindInFilesDialogTest, RelativeFoldersCountFromTheOneThatItCameUpWith) {
