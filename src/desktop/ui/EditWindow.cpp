@@ -31,6 +31,7 @@ TEditWindow::TEditWindow(const QString& name, QWidget* parent)
   buildParts();
   platform::Screen().AddForm(this);
   connect(tabs_, &PageTabs::currentChanged, this, [this] { showCurrent(tabs_->currentPage()); });
+  connect(findBar_, &FindBar::toldWhileClosed, statusBar_, &StatusBar::showNote);
   connect(tabs_, &PageTabs::closeRequested, this, &TEditWindow::closeRequested);
   connect(tabs_, &PageTabs::closeOthersRequested, this, &TEditWindow::closeOthersRequested);
 }
@@ -63,6 +64,14 @@ void TEditWindow::buildParts() {
   constexpr int lowest = 1'000'000;
   statusBar_->move(0, lowest);
   findBar_->move(0, lowest - 1);
+}
+
+TEditWindow::ManyPages::ManyPages(TEditWindow* window) : tabs_(window->tabs_) {
+  tabs_->hold();
+}
+
+TEditWindow::ManyPages::~ManyPages() {
+  tabs_->release();
 }
 
 QList<Page*> TEditWindow::pages() const {
@@ -107,7 +116,7 @@ void TEditWindow::showCurrent(Page* page) {
     previous->setState(left);
   showDocumentOf(page, entered);
   const bool hadFocus = editor_->hasFocus() || previous == nullptr;
-  tabs_->setVisible(page != nullptr);
+  tabs_->setVisible(page != nullptr && !tabs_->isHeld());
   editor_->setVisible(page != nullptr);
   emptyHint_->setVisible(page == nullptr);
   if (hadFocus && page != nullptr)

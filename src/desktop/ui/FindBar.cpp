@@ -5,6 +5,7 @@
 #include "desktop/edit/Indentation.h"
 #include "desktop/ui/CloseButton.h"
 #include "desktop/ui/TextReplace.h"
+#include "desktop/ui/ToolTip.h"
 #include "desktop/ui/WorkProgress.h"
 
 #include <QCheckBox>
@@ -56,6 +57,8 @@ QCheckBox* makeOption(const QString& name, const QString& text) {
 // for the frames of a paint.
 constexpr int typingPatience = 300;
 constexpr int paintPatience = 100;
+
+constexpr int longestShownText = 50; // characters
 
 // Finds what is framed. A pattern that takes too long for a paint gets no frames any more.
 class FrameFinder {
@@ -228,7 +231,7 @@ void FindBar::findFrom(const QTextCursor& from, SearchDirection direction) {
   if (!progress.hasWindow()) // nor is there this bar
     return;
   if (hit.stopped)
-    showFound(true, tr("Stopped"));
+    tell(true, tr("Stopped"));
   else
     select(hit, direction == SearchDirection::Forward ? tr("Reached the end, went on from the top")
                                                       : tr("Reached the top, went on from the end"));
@@ -304,7 +307,13 @@ void FindBar::apply(const std::vector<Replacement>& replacements) {
 }
 
 QString FindBar::lookingFor() const {
-  return tr("Looking for \u201c%1\u201d...").arg(text());
+  return tr("Looking for \u201c%1\u201d...").arg(shownText());
+}
+
+// What is looked for, at a length that fits into a sentence.
+QString FindBar::shownText() const {
+  const QFontMetrics font = fontMetrics();
+  return font.elidedText(text(), Qt::ElideMiddle, longestShownText * font.averageCharWidth());
 }
 
 // Says why not.
@@ -395,12 +404,19 @@ void FindBar::select(const SearchHit& hit, const QString& wrapMessage) {
       hit.givenUp.line > 0 ? tr("Too complex for line %L1, passed over").arg(hit.givenUp.line) : QString();
   if (hit.match.isNull()) {
     const QString reason = matcher_.error().isEmpty() ? tooComplex : matcher_.error();
-    showFound(false, reason.isEmpty() ? tr("Not found") : reason);
+    tell(false, reason.isEmpty() ? tr("Not found") : reason);
     return;
   }
   editor_->setTextCursor(hit.match);
   editor_->setSearchMatch(hit.match.selectionStart(), hit.match.selectionEnd());
-  showFound(true, !tooComplex.isEmpty() ? tooComplex : hit.wrapped ? wrapMessage : QString());
+  tell(true, !tooComplex.isEmpty() ? tooComplex : hit.wrapped ? wrapMessage : QString());
+}
+
+// Of a search, which is also done while the bar is closed.
+void FindBar::tell(bool found, const QString& message) {
+  showFound(found, message);
+  if (!isVisible() && !message.isEmpty())
+    Q_EMIT toldWhileClosed(tr("\u201c%1\u201d: %2").arg(shownText(), message));
 }
 
 void FindBar::showFound(bool found, const QString& message) {
@@ -414,7 +430,7 @@ void FindBar::showFound(bool found, const QString& message) {
   text_->setPalette(colours);
   message_->setText(message);
   // The bar hides what it says when the window is too narrow, so it is there to be read as well.
-  message_->setToolTip(message);
+  message_->setToolTip(toolTipOf(message));
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event) {

@@ -52,6 +52,10 @@ public:
   // What the bar says about the last search; empty when there is nothing to say.
   QString message() const;
 
+Q_SIGNALS:
+  // What a search has to say while the bar is closed, with what was looked for.
+  void toldWhileClosed(const QString& text);
+
 protected:
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
@@ -69,6 +73,7 @@ private:
   bool canReplace();
   void apply(const std::vector<Replacement>& replacements);
   QString lookingFor() const;
+  QString shownText() const;
 
   void find(SearchDirection direction);
   void findFrom(const QTextCursor& from, SearchDirection direction);
@@ -76,6 +81,7 @@ private:
   void startHere();
   void select(const SearchHit& hit, const QString& wrapMessage);
   void showFound(bool found, const QString& message);
+  void tell(bool found, const QString& message);
 
   TEditControl* editor_;
   QLineEdit* text_;

@@ -2,6 +2,8 @@
 // What the views of the list show of each row.
 #include "desktop/ui/ResultList.h"
 
+#include "desktop/ui/ToolTip.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -41,11 +43,6 @@ QIcon iconOf(Severity severity) {
   return {};
 }
 
-// A tool tip wraps only what it takes for rich text.
-QString wrapping(const QString& plain) {
-  return QStringLiteral("<qt>%1</qt>").arg(plain.toHtmlEscaped());
-}
-
 } // namespace
 
 int ResultList::rowCount(const QModelIndex& parent) const {
@@ -64,10 +61,10 @@ QString ResultList::shownFile(const QString& fileName) const {
 }
 
 QString ResultList::spoken(const FoundPlace& place) const {
+  // All at once: the text may itself hold what looks like a place for the next.
   return tr("%1: %2, %3, line %4, column %5")
-      .arg(nameOf(place.severity), place.text, shownFile(place.fileName))
-      .arg(place.line)
-      .arg(place.column);
+      .arg(nameOf(place.severity), place.text, shownFile(place.fileName), QString::number(place.line),
+           QString::number(place.column));
 }
 
 QVariant ResultList::display(const FoundPlace& place, int column) const {
@@ -95,8 +92,8 @@ QVariant ResultList::data(const QModelIndex& index, int role) const {
     return display(isNumber ? present(row) : row.place, index.column());
   case Qt::ToolTipRole:
     if (index.column() == TextColumn)
-      return wrapping(row.place.text);
-    return index.column() == FileColumn ? QVariant(wrapping(QDir::toNativeSeparators(row.place.fileName))) : QVariant();
+      return toolTipOf(row.place.text);
+    return index.column() == FileColumn ? QVariant(toolTipOf(QDir::toNativeSeparators(row.place.fileName))) : QVariant();
   case Qt::DecorationRole:
     return index.column() == TextColumn && row.place.severity != Severity::Match ? QVariant(iconOf(row.place.severity))
                                                                                  : QVariant();

@@ -73,8 +73,10 @@ void ResultWalk::go(int row, TEditWindow* window, const QString& note) {
     show(page, place, note);
     return;
   }
-  if (workspace_.findPage(place.fileName) == nullptr && !QFileInfo(place.fileName).isFile()) {
-    window->messageBar()->addMessage(MessageBar::Kind::Warning, tr("%1 is no longer there.").arg(place.fileName));
+  const QFileInfo file(place.fileName);
+  if (workspace_.findPage(place.fileName) == nullptr && !file.isFile()) {
+    const QString reason = file.isDir() ? tr("%1 is a folder and has no text.") : tr("%1 is no longer there.");
+    window->messageBar()->addMessage(MessageBar::Kind::Warning, reason.arg(place.fileName));
     return;
   }
   // A large file is there later, when the user may have gone on to another place.

@@ -6,6 +6,7 @@
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/ResultList.h"
 #include "desktop/ui/ResultWalk.h"
+#include "desktop/ui/ToolTip.h"
 #include "desktop/ui/Workspace.h"
 
 #include <QApplication>
@@ -24,6 +25,7 @@ namespace desktop {
 namespace {
 
 constexpr int usualRows = 7;
+constexpr int longestTitle = 50; // characters; what is looked for may be much longer
 
 // As tall as a few rows; how tall it becomes is the user's affair.
 class PlaceView : public QTreeView {
@@ -104,7 +106,11 @@ void ResultsPanel::setUpView() {
   for (const ResultList::Column column : {ResultList::LineColumn, ResultList::CellColumn})
     header.resizeSection(column, std::max(10 * cell, header.sectionSizeHint(column)));
   view_->installEventFilter(this);
-  connect(view_, &QTreeView::clicked, this, &ResultsPanel::go);
+  connect(view_, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+    // With these keys a click selects rows to be copied.
+    if (!(QApplication::keyboardModifiers() & (Qt::ControlModifier | Qt::ShiftModifier)))
+      go(index);
+  });
 }
 
 void ResultsPanel::enter() {
@@ -123,9 +129,12 @@ void ResultsPanel::leaveAndClose() {
 
 void ResultsPanel::showState() {
   const ResultList& list = workspace_.results();
-  title_->setText(list.title().isEmpty() ? tr("Results") : list.title());
+  const QString title = list.title().isEmpty() ? tr("Results") : list.title();
+  const QFontMetrics font = title_->fontMetrics();
+  title_->setText(font.elidedText(title, Qt::ElideMiddle, longestTitle * font.averageCharWidth()));
+  title_->setToolTip(toolTipOf(title));
   summary_->setText(list.title().isEmpty() ? tr("Nothing has been looked for yet") : list.summary());
-  summary_->setToolTip(list.summary().isEmpty() ? QString() : list.summary().toHtmlEscaped());
+  summary_->setToolTip(toolTipOf(list.summary()));
   stop_->setVisible(list.isRunning());
 }
 
@@ -154,15 +163,19 @@ bool ResultsPanel::handleKey(const QKeyEvent& event) {
   case Qt::Key_Enter:
     go(view_->currentIndex());
     return true;
-  case Qt::Key_Escape:
-    if (event.modifiers() & Qt::ShiftModifier)
-      leaveAndClose();
-    else
-      window_->setFocus(Qt::OtherFocusReason);
-    return true;
   default:
     return false;
   }
+}
+
+// What its parts have no use for, so that Escape does the same at its buttons.
+void ResultsPanel::keyPressEvent(QKeyEvent* event) {
+  if (event->key() != Qt::Key_Escape)
+    QDockWidget::keyPressEvent(event);
+  else if (event->modifiers() & Qt::ShiftModifier)
+    leaveAndClose();
+  else
+    window_->setFocus(Qt::OtherFocusReason);
 }
 
 bool ResultsPanel::eventFilter(QObject* watched, QEvent* event) {
@@ -185,7 +198,8 @@ void ResultsPanel::copySelected() const {
   QString text;
   for (const QModelIndex& index : rows) {
     const FoundPlace place = workspace_.results().place(index.row());
-    text += QStringLiteral("%1:%2:%3: %4\n").arg(place.fileName).arg(place.line).arg(place.column).arg(place.text);
+    text += QStringLiteral("%1:%2:%3: %4\n")
+                .arg(place.fileName, QString::number(place.line), QString::number(place.column), place.text);
   }
   if (!text.isEmpty())
     QApplication::clipboard()->setText(text);

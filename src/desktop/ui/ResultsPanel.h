@@ -32,6 +32,7 @@ public:
   void leaveAndClose();
 
 protected:
+  void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -4,6 +4,7 @@
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/ToolTip.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -93,7 +94,7 @@ void StatusBar::showNote(const QString& text) {
 
 void StatusBar::showRemark(const QString& text) {
   remark_->setText(text);
-  remark_->setToolTip(text.isEmpty() ? QString() : text.toHtmlEscaped());
+  remark_->setToolTip(toolTipOf(text));
 }
 
 void StatusBar::showPage(const Page* page) {

@@ -137,6 +137,18 @@ TEST_F(FindBarTest, FindNextWorksWhileTheBarIsClosed) {
   EXPECT_TRUE(editor()->hasFocus());
 }
 
+TEST_F(FindBarTest, WhatASearchHasToSayIsInTheStatusBarWhileTheBarIsClosed) {
+  bar().open();
+  typeText(QStringLiteral("three"));
+  bar().close();
+  bar().findNext();
+  EXPECT_EQ(status(QStringLiteral("Remark")), QStringLiteral("“three”: Reached the end, went on from the top"));
+  editor()->selectAll();
+  type(QStringLiteral("x"));
+  bar().findNext();
+  EXPECT_EQ(status(QStringLiteral("Remark")), QStringLiteral("“three”: Not found"));
+}
+
 TEST_F(FindBarTest, SearchesThePageInFront) {
   bar().open();
   typeText(QStringLiteral("three"));

@@ -45,6 +45,14 @@ TEST_F(ResultListTest, ReadsARowAloudInOneSentence) {
             QStringLiteral("Error: place in line 3, a.pas, line 3, column 5"));
 }
 
+TEST_F(ResultListTest, ReadsTextsWithPercentSignsAsTheyAre) {
+  FoundPlace place = placeIn(QStringLiteral("a.pas"), 3, 4);
+  place.text = QStringLiteral("Format('%4d %5s')");
+  listPlaces({place});
+  EXPECT_EQ(list().index(0, 0).data(Qt::AccessibleTextRole).toString(),
+            QStringLiteral("Match: Format('%4d %5s'), a.pas, line 3, column 5"));
+}
+
 TEST_F(ResultListTest, TellsSeveritiesApartByTheirSigns) {
   QList<QImage> signs;
   for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Information}) {

@@ -85,6 +85,14 @@ TEST_F(ResultWalkTest, SaysThatAFileIsGoneAndGoesOnBehindIt) {
   EXPECT_EQ(caret(), QStringLiteral("2:1"));
 }
 
+TEST_F(ResultWalkTest, SaysThatAFolderHasNoText) {
+  FoundPlace place = placeIn(QStringLiteral("a.pas"), 1);
+  place.fileName = folder_.path();
+  listPlaces({place});
+  next();
+  EXPECT_EQ(messages(), QStringList(QStringLiteral("%1 is a folder and has no text.").arg(folder_.path())));
+}
+
 TEST_F(ResultWalkTest, GoesToTheWindowInWhichTheFileIsOpen) {
   openText(QStringLiteral("a.pas"), "one\n");
   TEditWindow* const other = workspace.newWindow();
