@@ -32,6 +32,10 @@ QString files(int count) {
   return count == 1 ? FilesSearch::tr("1 file") : FilesSearch::tr("%L1 files").arg(count);
 }
 
+bool isWithin(const QString& folder, const QString& outer) {
+  return folder == outer || folder.startsWith(outer.endsWith(u'/') ? outer : outer + u'/');
+}
+
 QString summaryOf(const FileSearchOutcome& outcome) {
   QString summary = outcome.matches == 0 ? FilesSearch::tr("Nothing found in %1").arg(files(outcome.files))
                                          : FilesSearch::tr("%1 in %L2 of %3")
@@ -69,9 +73,12 @@ FindInFilesRequest FilesSearch::suggestion(const TEditWindow* window) const {
   if (window->currentPage() != nullptr && cursor.hasSelection() && !spansLines(cursor))
     request.terms.text =
         request.terms.regularExpression ? QRegularExpression::escape(cursor.selectedText()) : cursor.selectedText();
-  request.folder = window->currentPage() != nullptr
-                       ? QFileInfo(window->currentPage()->document()->fileName()).absolutePath()
-                       : workspace_.currentFolder();
+  const QString own = window->currentPage() != nullptr
+                          ? QFileInfo(window->currentPage()->document()->fileName()).absolutePath()
+                          : workspace_.currentFolder();
+  // A match may have led into a subfolder; the next search is for all of it again.
+  if (request.folder.isEmpty() || !request.subfolders || !isWithin(own, request.folder))
+    request.folder = own;
   return request;
 }
 

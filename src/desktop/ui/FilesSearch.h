@@ -24,7 +24,8 @@ public:
   explicit FilesSearch(Workspace& workspace);
 
   // Asks what to find, in a dialog over the frame of `window`, and begins. The text is what is selected in `window`, if
-  // that is in one line, or what was looked for last; the folder is that of the page in front.
+  // that is in one line, or what was looked for last; the folder is that of the page in front, or the one searched last
+  // with its subfolders if the page is in that.
   void ask(TEditWindow* window);
   // Begins a search and shows the panel in the frame of `window`.
   void start(const FindInFilesRequest& request, TEditWindow* window);

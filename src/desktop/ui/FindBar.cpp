@@ -8,6 +8,7 @@
 #include "desktop/ui/ToolTip.h"
 #include "desktop/ui/WorkProgress.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QEvent>
@@ -440,7 +441,10 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
     break;
   case Qt::Key_Return:
   case Qt::Key_Enter:
-    if (replacement_->hasFocus())
+    // Not with every desktop a button takes Enter itself.
+    if (auto* const button = qobject_cast<QToolButton*>(QApplication::focusWidget()))
+      button->click();
+    else if (replacement_->hasFocus())
       replace();
     else if (event->modifiers() & Qt::ShiftModifier)
       findPrevious();

@@ -246,6 +246,27 @@ TEST_F(FindInFilesDialogTest, TakesTheSelectionOfOneLineAndElseWhatWasLookedForL
   ask();
 }
 
+TEST_F(FindInFilesDialogTest, AMatchInASubfolderDoesNotNarrowTheNextSearch) {
+  ASSERT_TRUE(QDir(folder_.path()).mkpath(QStringLiteral("sub")));
+  write(QStringLiteral("sub/a.pas"), "needle\n");
+  search(QStringLiteral("needle"));
+  action(QStringLiteral("SearchNextResultCommand"))->trigger();
+  ASSERT_NE(workspace.topPage(), nullptr);
+  FindInFilesRequest flat = request(QStringLiteral("needle"));
+  flat.subfolders = false;
+  const auto expecting = [](const QString& folder) {
+    return [folder](FindInFilesDialog& dialog) {
+      EXPECT_EQ(field(dialog, "FilesFolder").text(), folder);
+      dialog.reject();
+    };
+  };
+  const FindInFilesAnswer answer({expecting(folder_.path()), expecting(path(QStringLiteral("sub")))});
+  ask();
+  workspace.filesSearch().start(flat, window());
+  waitForEnd();
+  ask();
+}
+
 TEST_F(FindInFilesDialogTest, CannotBeAcceptedWithoutATextOrAFolder) {
   const FindInFilesAnswer answer([](FindInFilesDialog& dialog) {
     auto& find = *dialog.findChild<QPushButton*>(QStringLiteral("FilesFind"));

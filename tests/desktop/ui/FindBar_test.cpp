@@ -74,6 +74,17 @@ TEST_F(FindBarTest, EnterGoesOnAndShiftEnterGoesBack) {
   EXPECT_EQ(selection(), std::pair(0, 3));
 }
 
+TEST_F(FindBarTest, EnterOnAButtonDoesWhatTheButtonSays) {
+  bar().open();
+  typeText(QStringLiteral("t"));
+  ASSERT_EQ(selection(), std::pair(4, 5));
+  auto* const previous = bar().findChild<QToolButton*>(QStringLiteral("FindPreviousButton"));
+  previous->setFocus();
+  ASSERT_TRUE(previous->hasFocus());
+  press(previous, Qt::Key_Return);
+  EXPECT_EQ(selection(), std::pair(16, 17));
+}
+
 TEST_F(FindBarTest, WrapsAtBothEndsAndSaysSo) {
   bar().open();
   typeText(QStringLiteral("one"));
