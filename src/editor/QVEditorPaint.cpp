@@ -12,10 +12,6 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <map>
-#include <ranges>
-#include <utility>
-#include <vector>
 
 namespace quorvane {
 
@@ -27,30 +23,9 @@ constexpr unsigned kOnDemand = platform::WM_USER;
 // Line numbers are written this much smaller than the text.
 constexpr int kLineNumberPointsLess = 2;
 
-// Of the markers at one place as many numbers are drawn, those on top; what lies below so many cannot be made out.
-constexpr int kNumbersAtOnePlace = 20;
-
 // Columns beyond either edge of the view from which a number may reach into it: it is drawn over what is right of it,
 // and at the start of a tab if its marker stands in one.
 constexpr int kColumnsBeyondView = 64;
-
-// A marker's place and its number.
-struct TQVMarkerNumber {
-  platform::TOTAEditPos Cell;
-  int Count;
-};
-
-// Those numbers of which something can be made out, in their order. The last one lies on top.
-std::vector<TQVMarkerNumber> Uncovered(const std::vector<TQVMarkerNumber>& numbers) {
-  std::vector<TQVMarkerNumber> shown;
-  std::map<std::pair<int, int>, int> above; // by row and column
-  for (const TQVMarkerNumber& number : std::views::reverse(numbers)) {
-    if (++above[{number.Cell.Line, number.Cell.Col}] <= kNumbersAtOnePlace)
-      shown.push_back(number);
-  }
-  std::ranges::reverse(shown);
-  return shown;
-}
 
 platform::TOTACharPos CharPosOf(const TQVLitePasElement& element) {
   return {static_cast<std::int16_t>(element.Column), element.Line};
@@ -109,19 +84,16 @@ void TQVEditorProxy::PaintMarkers(platform::IOTAEditView& view) {
   const int lineCount = EdGetLineCount();
   const int left = view.GetLeftColumn() - kColumnsBeyondView;
   const int right = view.GetLeftColumn() + view.GetViewSize().width() + kColumnsBeyondView;
-  std::vector<TQVMarkerNumber> numbers;
-  const auto take = [&](int row, int col, int count) {
-    const platform::TOTAEditPos cell{static_cast<std::int16_t>(col), row};
+  const auto paint = [&](int row, int col, int count) {
+    platform::TOTAEditPos cell{static_cast<std::int16_t>(col), row};
     // A file that has become shorter since may lack the line, and what is further right is no position for the host.
-    if (row <= lineCount && cell.Col == col && col >= left && col <= right)
-      numbers.push_back({cell, count});
-  };
-  QVMarkerStackManager->Enumerate(view.GetBuffer()->GetFileName(), top, top + EdGetLinesInWindow(), take);
-  for (auto [cell, count] : Uncovered(numbers)) {
+    if (row > lineCount || cell.Col != col || col < left || col > right)
+      return;
     platform::TOTACharPos character;
     view.ConvertPos(true, cell, character);
     PaintSubInteger(cell.Line, character.CharIndex + 1, count);
-  }
+  };
+  QVMarkerStackManager->Enumerate(view.GetBuffer()->GetFileName(), top, top + EdGetLinesInWindow(), paint);
 }
 
 void TQVEditorProxy::PaintBlock(std::span<const TQVLitePasElement>) {
