@@ -9,34 +9,36 @@ using namespace quorvane;
 
 namespace {
 
-void advance(TzkBasePasLex& lexer) {
-  do
+// Goes on to the next token that is no directive. Returns whether there were directives in between.
+bool advance(TzkBasePasLex& lexer) {
+  lexer.NextNoJunk();
+  const bool passes = lexer.GetIsCompilerDirective();
+  while (lexer.GetIsCompilerDirective())
     lexer.NextNoJunk();
-  while (lexer.GetIsCompilerDirective());
+  return passes;
 }
 
 TextRange placeOf(const TzkBasePasLex& lexer) {
   return {static_cast<std::size_t>(lexer.TokenPos()), static_cast<std::size_t>(lexer.RunPos())};
 }
 
-// Takes a name of one or several parts; false when none stands here.
-bool takeName(TzkBasePasLex& lexer, UsedUnit& unit) {
+// Takes a name of one or several parts, which may stand here. `passes`: whether directives stand behind it.
+void takeName(TzkBasePasLex& lexer, UsedUnit& unit, bool& passes) {
   unit.place.begin = placeOf(lexer).begin;
   while (lexer.TokenID() == ptIdentifier) {
     unit.name += lexer.GetToken();
     unit.place.end = placeOf(lexer).end;
-    advance(lexer);
+    passes = advance(lexer);
     if (lexer.TokenID() != ptPoint)
-      return true;
-    advance(lexer);
+      return;
+    passes = advance(lexer);
     if (lexer.TokenID() != ptIdentifier) // the dot that ends a text, or a part still to be typed
-      return true;
+      return;
     unit.name += '.';
   }
-  return false;
 }
 
-void takeFile(TzkBasePasLex& lexer, UsedUnit& unit) {
+void takeFile(TzkBasePasLex& lexer, UsedUnit& unit, bool& passes) {
   if (lexer.TokenID() != ptIn)
     return;
   advance(lexer);
@@ -46,7 +48,23 @@ void takeFile(TzkBasePasLex& lexer, UsedUnit& unit) {
   ++unit.file.begin;
   const bool closed = lexer.GetTokenLen() > 1 && lexer.Origin()[unit.file.end - 1] == '\'';
   unit.file.end -= closed ? 1 : 0;
-  advance(lexer);
+  passes = advance(lexer);
+}
+
+// Takes the units of a clause, from the token behind "uses" on. Between the branches of a conditional part there need
+// be no comma: A {$IFDEF X} B {$ELSE} C {$ENDIF}.
+void takeClause(TzkBasePasLex& lexer, std::vector<UsedUnit>& units) {
+  while (lexer.TokenID() == ptIdentifier) {
+    UsedUnit unit;
+    bool passes = false;
+    takeName(lexer, unit, passes);
+    takeFile(lexer, unit, passes);
+    units.push_back(std::move(unit));
+    if (lexer.TokenID() == ptComma)
+      advance(lexer);
+    else if (!passes)
+      return;
+  }
 }
 
 } // namespace
@@ -59,14 +77,8 @@ std::vector<UsedUnit> findUsedUnits(const std::string& text) {
       lexer.NextID(ptUses);
       continue;
     }
-    do {
-      advance(lexer);
-      UsedUnit unit;
-      if (!takeName(lexer, unit))
-        break;
-      takeFile(lexer, unit);
-      units.push_back(std::move(unit));
-    } while (lexer.TokenID() == ptComma);
+    advance(lexer);
+    takeClause(lexer, units);
   }
   return units;
 }

@@ -62,6 +62,12 @@ TEST(UsedUnits, AreThoseOfEveryBranch) {
   EXPECT_EQ(namesIn("uses A, {$IFDEF X} B, {$ELSE} C, {$ENDIF} D;"), "A B C D ");
 }
 
+TEST(UsedUnits, GoOnBehindBranchesThatTheCommaStandsBehind) {
+  EXPECT_EQ(namesIn("uses A, {$IFDEF X} B {$ELSE} C {$ENDIF}, D;"), "A B C D ");
+  EXPECT_EQ(namesIn("uses {$IFDEF X}A in 'a.pas'{$ELSE}B{$ENDIF},\r\nC;"), "A B C ");
+  EXPECT_EQ(namesIn("uses A {$IFDEF X}, B {$ENDIF}, C;"), "A B C ");
+}
+
 TEST(UsedUnits, EndWithTheClause) {
   EXPECT_EQ(namesIn("uses A; B, C;"), "A ");
 }
