@@ -8,6 +8,8 @@
 #include "desktop/ui/Workspace.h"
 #include "platform/ColorFollowers.h"
 
+#include <utility>
+
 namespace desktop {
 
 AddInColours::AddInColours(Workspace& workspace) : workspace_(workspace) {
@@ -27,13 +29,22 @@ void AddInColours::startAsking() {
 void AddInColours::update() {
   const EnvironmentValues& values = workspace_.settings().values();
   const bool dark = workspace_.appearance().isDark();
-  if (values.addInColours)
+  const bool followed = std::exchange(follow_, values.addInColours);
+  if (follow_)
     platform::ColorFollowers().Follow(dark);
+  else if (followed)
+    takeBack();
   const bool wanted = dark && !values.addInColours && platform::ColorFollowers().WouldFollow(dark);
   if (!wanted && bar_)
     bar_->withdraw(question_);
   else if (wanted && mayAsk_ && !values.addInColoursAsked)
     ask();
+}
+
+// Whoever does not want them to follow must not be left with those for dark ground on light.
+void AddInColours::takeBack() {
+  platform::ColorFollowers().Follow(false);
+  workspace_.settings().set(&EnvironmentValues::addInColoursAsked, true); // and need not be asked
 }
 
 void AddInColours::ask() {

@@ -118,6 +118,22 @@ TEST_F(AddInColoursTest, TheSettingAnswersTheQuestionToo) {
   EXPECT_TRUE(messages().isEmpty());
 }
 
+TEST_F(AddInColoursTest, TurnedOffInTheDarkTheyAreNotLeftForTheLight) {
+  const OneColour colour;
+  colours.startAsking();
+  workspace.settings().set(&EnvironmentValues::addInColours, true);
+  setDark(true);
+  ASSERT_TRUE(colour.isDark);
+  EnvironmentValues values = workspace.settings().values();
+  values.addInColours = false;
+  values.colours = Colours::Light;
+  workspace.settings().setValues(values);
+  EXPECT_FALSE(colour.isDark);
+  setDark(true);
+  EXPECT_FALSE(colour.isDark);
+  EXPECT_TRUE(messages().isEmpty()) << "who has turned it off knows of it";
+}
+
 TEST_F(AddInColoursTest, AnAnswerThatComesWhenTheEditorEndsIsNoMatter) {
   const OneColour colour;
   std::optional<AddInColours> more(std::in_place, workspace);
