@@ -11,7 +11,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <vector>
 
 namespace desktop {
@@ -23,6 +22,21 @@ using quorvane::TLines;
 namespace {
 
 using Lines = std::vector<std::u16string_view>;
+using LineEnds = std::vector<TLineEnd>;
+
+struct TextLines {
+  Lines texts;
+  LineEnds ends;
+
+  void reserve(std::size_t lines) {
+    texts.reserve(lines);
+    ends.reserve(lines);
+  }
+  void add(std::u16string_view text, TLineEnd end) {
+    texts.push_back(text);
+    ends.push_back(end);
+  }
+};
 
 // Changes lines of a document, the last ones first, so that the numbers of those before them hold.
 class LineEditor {
@@ -96,26 +110,37 @@ private:
   const Lines& after_;
 };
 
-// All changes from the text that `document` holds to the lines `after`.
-void changeLines(SourceDocument& document, const Lines& after) {
-  std::vector<QString> texts;
-  texts.reserve(static_cast<std::size_t>(document.blockCount()));
-  for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
-    texts.push_back(block.text());
-  Lines before;
-  before.reserve(texts.size());
-  std::ranges::transform(texts, std::back_inserter(before), textView);
-  LineEditor editor(document, after);
-  const std::vector<LineChange> changes = lineChanges(before, after);
-  std::for_each(changes.rbegin(), changes.rend(), [&editor](const LineChange& change) { editor.apply(change); });
-}
-
 void setLineEnd(const SourceDocument& document, const QTextBlock& block, TLineEnd end) {
   const QTextCharFormat format = lineEndFormat(end, document.usualLineEnd());
   QTextCursor line(block);
   line.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
   line.setCharFormat(format);
   QTextCursor(block.next()).setBlockCharFormat(format);
+}
+
+// Brings the line ends to `after` once the lines have been changed from those that ended as `before` says. A break of a
+// line that was left alone is looked at only where it has to become another, since that is slow.
+void setLineEnds(const SourceDocument& document, const LineEnds& before, const LineEnds& after,
+                 const std::vector<LineChange>& changes) {
+  const auto setEnd = [&](int line) {
+    const QTextBlock block = document.findBlockByNumber(line);
+    const TLineEnd end = after[static_cast<std::size_t>(line)];
+    if (block.next().isValid() && document.lineEndOf(block) != end)
+      setLineEnd(document, block, end);
+  };
+  int line = 0;
+  const auto setEndsUpTo = [&](int oldEnd, int newEnd) {
+    for (; line < newEnd; ++line) {
+      if (before[static_cast<std::size_t>(oldEnd - newEnd + line)] != after[static_cast<std::size_t>(line)])
+        setEnd(line);
+    }
+  };
+  for (const LineChange& change : changes) {
+    setEndsUpTo(change.oldBegin, change.newBegin);
+    for (; line < change.newEnd; ++line)
+      setEnd(line);
+  }
+  setEndsUpTo(static_cast<int>(before.size()), static_cast<int>(after.size()));
 }
 
 } // namespace
@@ -151,21 +176,20 @@ void DocumentFiller::takeLineEnds(std::u16string_view text) {
 }
 
 void DocumentFiller::rewrite(std::u16string_view text) {
-  Lines after;
-  std::vector<TLineEnd> ends;
-  for (const TLine& line : TLines(text)) {
-    after.push_back(line.Text);
-    ends.push_back(line.End);
-  }
-  changeLines(document_, after);
-  if (!document_.mixedLineEnds_)
-    return;
-  QTextBlock block = document_.begin();
-  for (const TLineEnd end : ends) {
-    if (block.next().isValid() && document_.lineEndOf(block) != end)
-      setLineEnd(document_, block, end);
-    block = block.next();
-  }
+  const TextSnapshot snapshot = document_.snapshot();
+  TextLines before;
+  before.reserve(static_cast<std::size_t>(document_.blockCount()));
+  snapshot.forEachLine([&before](std::u16string_view line, TLineEnd end) { before.add(line, end); });
+  TextLines after;
+  after.reserve(before.texts.size());
+  for (const TLine& line : TLines(text))
+    after.add(line.Text, line.End);
+
+  const std::vector<LineChange> changes = lineChanges(before.texts, after.texts);
+  LineEditor editor(document_, after.texts);
+  std::for_each(changes.rbegin(), changes.rend(), [&editor](const LineChange& change) { editor.apply(change); });
+  if (document_.mixedLineEnds_)
+    setLineEnds(document_, before.ends, after.ends, changes);
 }
 
 } // namespace desktop

@@ -137,19 +137,30 @@ private:
 
 } // namespace
 
+// What most changes leave alone is not worth a number for each line.
 std::vector<LineChange> lineChanges(const std::vector<std::u16string_view>& before,
                                     const std::vector<std::u16string_view>& after) {
+  const auto head = std::ranges::mismatch(before, after).in1 - before.begin();
+  const auto tail =
+      std::ranges::mismatch(before.rbegin(), before.rend() - head, after.rbegin(), after.rend() - head).in1 -
+      before.rbegin();
   std::unordered_map<std::u16string_view, int> known;
-  const auto numbersOf = [&known](const std::vector<std::u16string_view>& lines) {
+  const auto numbersOf = [&known, head, tail](const std::vector<std::u16string_view>& lines) {
     Numbers numbers;
-    numbers.reserve(lines.size());
-    for (const std::u16string_view line : lines)
+    numbers.reserve(lines.size() - static_cast<std::size_t>(head + tail));
+    std::for_each(lines.begin() + head, lines.end() - tail, [&](std::u16string_view line) {
       numbers.push_back(known.emplace(line, static_cast<int>(known.size())).first->second);
+    });
     return numbers;
   };
   Numbers numbersBefore = numbersOf(before);
   Numbers numbersAfter = numbersOf(after);
-  return Comparison(std::move(numbersBefore), std::move(numbersAfter), known.size()).changes();
+  std::vector<LineChange> changes =
+      Comparison(std::move(numbersBefore), std::move(numbersAfter), known.size()).changes();
+  const int skipped = static_cast<int>(head);
+  for (LineChange& change : changes)
+    change = {change.oldBegin + skipped, change.oldEnd + skipped, change.newBegin + skipped, change.newEnd + skipped};
+  return changes;
 }
 
 } // namespace desktop

@@ -8,6 +8,7 @@
 #include <QTextBlock>
 
 #include <algorithm>
+#include <optional>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -40,10 +41,9 @@ struct ServedCopy::Served {
   }
 };
 
-ServedCopy::ServedCopy(const QTextDocument& document)
-    : document_(document), settledRevision_(document.revision()), heardCharacters_(document.characterCount()) {
-  connect(&document_, &QTextDocument::contentsChange, this, &ServedCopy::noteChange);
-  connect(&document_, &QTextDocument::contentsChanged, this, &ServedCopy::settle);
+ServedCopy::ServedCopy(const QTextDocument& document) : document_(document), edits_(document) {
+  edits_.setParent(this); // so that it follows the document into another thread
+  connect(&edits_, &EditedLines::settled, this, [this] { provisional_.reset(); });
 }
 
 ServedCopy::~ServedCopy() = default;
@@ -62,37 +62,14 @@ int ServedCopy::lineOfPosition(std::size_t position) {
   return static_cast<int>(std::upper_bound(starts.begin(), starts.end(), position) - starts.begin()) - 1;
 }
 
-// The range may reach beyond the text, since the document counts its very last line end at times.
-void ServedCopy::noteChange(int position, int removed, int added) {
-  if (document_.revision() != settledRevision_ + 1)
-    kept_.reset();
-  reportedRevision_ = document_.revision();
-  heardCharacters_ += added - removed;
-  const QTextBlock last = document_.findBlock(position + added);
-  const int after = last.isValid() ? document_.blockCount() - 1 - last.blockNumber() : 0;
-  unchangedFirst_ = std::clamp(document_.findBlock(position).blockNumber(), 0, unchangedFirst_);
-  unchangedLast_ = std::min(after, unchangedLast_);
-}
-
-void ServedCopy::settle() {
-  const bool heard = document_.revision() == settledRevision_ || document_.revision() == reportedRevision_;
-  if (!heard || heardCharacters_ != document_.characterCount())
-    kept_.reset();
-  settledRevision_ = document_.revision();
-  heardCharacters_ = document_.characterCount();
-  provisional_.reset();
-}
-
 const std::shared_ptr<ServedCopy::Served>& ServedCopy::present() {
-  // The revision goes up when an edit block begins, and the change is reported when it ends.
-  if (document_.revision() != settledRevision_)
+  if (!edits_.isSettled())
     return provisional_ = serveAll();
-  if (kept_ == nullptr)
+  const std::optional<EditedLines::Kept> unchanged = edits_.take();
+  if (kept_ == nullptr || !unchanged)
     kept_ = serveAll();
-  else if (unchangedFirst_ != allLines)
-    patch();
-  unchangedFirst_ = allLines;
-  unchangedLast_ = allLines;
+  else if (!unchanged->areAll())
+    patch(*unchanged);
   return kept_;
 }
 
@@ -105,12 +82,12 @@ std::shared_ptr<ServedCopy::Served> ServedCopy::serveAll() const {
   return served;
 }
 
-void ServedCopy::patch() {
+void ServedCopy::patch(const EditedLines::Kept& unchanged) {
   const int before = static_cast<int>(kept_->lineStarts.size());
   const int now = document_.blockCount();
   // At least one line is served again, and none is counted to both ends.
-  const int first = std::min({unchangedFirst_, before - 1, now - 1});
-  const int last = std::min({unchangedLast_, before - 1 - first, now - 1 - first});
+  const int first = std::min({unchanged.first, before - 1, now - 1});
+  const int last = std::min({unchanged.last, before - 1 - first, now - 1 - first});
   // Going from block to block is slow; a large part of the text is quicker read as a whole.
   constexpr int few = 1000;
   if (now - first - last > std::max(few, now / 8)) {

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "desktop/files/EditedLines.h"
+
 #include <QObject>
 #include <QTextDocument>
 
 #include <cstddef>
-#include <limits>
 #include <memory>
 #include <string>
 
@@ -14,7 +15,7 @@ namespace desktop {
 // The text of one document as add-ins read it: one byte a character, lines ended by CR LF.
 //
 // Add-ins read the whole text many times a second, so the copy is not made anew after each edit: it listens to the
-// document, remembers how many lines at the start and at the end of the text have stayed as they were, and serves only
+// document, knows how many lines at the start and at the end of the text have stayed as they were, and serves only
 // those between them again when it is next asked. A text that was given out is never changed; who still holds one has
 // the old text, and the copy goes on with another.
 //
@@ -39,22 +40,14 @@ public:
 private:
   struct Served;
 
-  void noteChange(int position, int removed, int added);
-  void settle();
   const std::shared_ptr<Served>& present();
   std::shared_ptr<Served> serveAll() const;
-  void patch();
-
-  static constexpr int allLines = std::numeric_limits<int>::max();
+  void patch(const EditedLines::Kept& unchanged);
 
   const QTextDocument& document_;
-  std::shared_ptr<Served> kept_;        // null, or right but for the lines between the unchanged ones
-  int unchangedFirst_ = allLines;       // how many lines at the start are as in kept_
-  int unchangedLast_ = allLines;        // how many at the end
+  EditedLines edits_;
+  std::shared_ptr<Served> kept_;        // null, or right but for the lines edited since it was last asked for
   std::shared_ptr<Served> provisional_; // of an edit block that has not ended
-  int settledRevision_;                 // the document's revision when its last edit block ended
-  int reportedRevision_ = -1;           // the one whose change was heard of last
-  int heardCharacters_;                 // the document's size by the changes heard of
 };
 
 } // namespace desktop

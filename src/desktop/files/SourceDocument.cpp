@@ -2,14 +2,13 @@
 #include "desktop/files/SourceDocument.h"
 
 #include "desktop/files/LineEndFormat.h"
+#include "desktop/files/LineEndsCopy.h"
 #include "desktop/files/ServedCopy.h"
 
 #include <QPlainTextDocumentLayout>
 
 #include <cstddef>
 #include <string_view>
-#include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace desktop {
@@ -25,7 +24,10 @@ SourceDocument::SourceDocument(const QString& fileName, bool untitled, QObject* 
   setUndoRedoEnabled(true);
   setModified(false);
   served_ = std::make_unique<ServedCopy>(*this);
-  served_->setParent(this); // so that it follows the document into another thread
+  lineEnds_ = std::make_unique<LineEndsCopy>(*this);
+  // So that they follow the document into another thread.
+  served_->setParent(this);
+  lineEnds_->setParent(this);
 }
 
 SourceDocument::~SourceDocument() = default;
@@ -59,22 +61,8 @@ TLineEnd SourceDocument::lineEndOf(const QTextBlock& block) const {
   return mixedLineEnds_ ? lineEndOfBreak(next.charFormat(), usualLineEnd_) : usualLineEnd_;
 }
 
-// Blocks are followed only where the line ends differ, since that is slow.
 TextSnapshot SourceDocument::snapshot() const {
-  std::vector<TLineEnd> ends;
-  if (mixedLineEnds_) {
-    ends.reserve(static_cast<std::size_t>(blockCount()));
-    // There are few formats for many breaks; each is made once.
-    std::unordered_map<int, TLineEnd> known;
-    for (QTextBlock after = begin().next(); after.isValid(); after = after.next()) {
-      const auto [end, isNew] = known.try_emplace(after.charFormatIndex());
-      if (isNew)
-        end->second = lineEndOfBreak(after.charFormat(), usualLineEnd_);
-      ends.push_back(end->second);
-    }
-    ends.push_back(TLineEnd::None);
-  }
-  return {toRawText(), usualLineEnd_, std::move(ends)};
+  return {toRawText(), usualLineEnd_, mixedLineEnds_ ? lineEnds_->ends() : std::vector<TLineEnd>()};
 }
 
 std::shared_ptr<const std::string> SourceDocument::servedText() const {

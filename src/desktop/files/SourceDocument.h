@@ -25,6 +25,7 @@
 
 namespace desktop {
 
+class LineEndsCopy;
 class ServedCopy;
 
 // What a file on disk looked like, to tell whether another program has written it since. Two stamps of an unchanged
@@ -85,7 +86,7 @@ public:
   // The line (from 0) of the served text's byte `position`, which is clipped to the text.
   int lineOfServedPosition(std::size_t position) const;
 
-  // The text as it is now. Linear, but quicker than text() by far where all lines end alike.
+  // The text as it is now. Linear, but quicker than text() by far.
   TextSnapshot snapshot() const;
   // The text with the file's line ends. Linear, as is toBytes.
   std::u16string text() const { return snapshot().text(); }
@@ -117,6 +118,7 @@ private:
   FileStamp stamp_;
   std::size_t fileHash_ = 0;
   std::unique_ptr<ServedCopy> served_;
+  std::unique_ptr<LineEndsCopy> lineEnds_;
 };
 
 } // namespace desktop

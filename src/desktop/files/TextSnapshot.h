@@ -22,7 +22,7 @@ public:
   // which then has one for each.
   TextSnapshot(QString raw, quorvane::TLineEnd usual, std::vector<quorvane::TLineEnd> ends = {});
 
-  // Calls `visit` for every line in turn, without its line end; the views hold during the call.
+  // Calls `visit` for every line in turn, without its line end; the views hold as long as the snapshot.
   void forEachLine(const LineVisitor& visit) const;
   // The text with the file's line ends. Linear.
   std::u16string text() const;

@@ -83,6 +83,12 @@ TEST_F(ReloadingTest, UndoBringsMixedLineEndsBack) {
   EXPECT_EQ(document->toBytes().Bytes, "a\nb\r\nc\n");
 }
 
+TEST_F(ReloadingTest, TakesOverLineEndsOfLinesThatMove) {
+  const auto document = openBytes("a\nb\r\nc\rd\ne\r\nf");
+  reloadAs(*document, "a\nnew\rb\nc\rd\r\nx\ny\r\nf\r");
+  reloadAs(*document, "b\r\nc\nd\n");
+}
+
 TEST_F(ReloadingTest, TakesOverAnotherEncoding) {
   const auto document = openBytes("\xE4\n"); // windows-1252
   reloadAs(*document, "\xC3\xA4\n");

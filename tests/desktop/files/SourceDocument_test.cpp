@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/files/FileFixture.h"
 
+#include <algorithm>
+#include <array>
+#include <random>
+
 using quorvane::TLineEnd;
 
 namespace desktop {
@@ -22,6 +26,45 @@ void joinWithNext(SourceDocument& document, int line) {
   QTextCursor cursor(document.findBlockByNumber(line));
   cursor.movePosition(QTextCursor::EndOfBlock);
   cursor.deleteChar();
+}
+
+// As each break has it, without what the document keeps of them.
+std::vector<TLineEnd> endsOfBreaks(const SourceDocument& document) {
+  std::vector<TLineEnd> ends;
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
+    ends.push_back(document.lineEndOf(block));
+  return ends;
+}
+
+std::vector<TLineEnd> endsOfSnapshot(const SourceDocument& document) {
+  std::vector<TLineEnd> ends;
+  document.snapshot().forEachLine([&ends](std::u16string_view, TLineEnd end) { ends.push_back(end); });
+  return ends;
+}
+
+// Lines that end in all three ways.
+std::string mixedLines(int lines) {
+  constexpr std::array<const char*, 3> breaks = {"\n", "\r\n", "\r"};
+  std::string bytes;
+  for (int line = 0; line < lines; ++line)
+    bytes += "line" + std::string(breaks.at(static_cast<std::size_t>(line * line % 7 % 3)));
+  return bytes;
+}
+
+// One edit at any place: text, breaks and a removal are as likely.
+void editAnywhere(SourceDocument& document, std::minstd_rand& random) {
+  const auto any = [&random](int below) { return static_cast<int>(random() % static_cast<unsigned>(below)); };
+  QTextCursor cursor(&document);
+  cursor.setPosition(any(document.characterCount()));
+  switch (any(3)) {
+  case 0:
+    return cursor.insertText(QStringLiteral("x"));
+  case 1:
+    return cursor.insertText(QStringLiteral("y\nz\n"));
+  default:
+    cursor.setPosition(std::min(cursor.position() + any(12), document.characterCount() - 1), QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+  }
 }
 
 TEST_F(SourceDocumentTest, TakesTheLineEndOfMostLinesAsUsual) {
@@ -126,6 +169,43 @@ TEST_F(SourceDocumentTest, BringsEveryLineEndBackAfterManyEdits) {
   while (document->isUndoAvailable())
     document->undo();
   EXPECT_EQ(bytesOf(*document), bytes);
+}
+
+TEST_F(SourceDocumentTest, KnowsEveryLineEndAfterAnyEdit) {
+  const auto document = openBytes(mixedLines(100));
+  std::minstd_rand random(1);
+  for (int step = 0; step < 1000; ++step) {
+    const unsigned kind = random() % 10;
+    QTextCursor group(document.get());
+    if (kind < 2) {
+      document->undo();
+    } else if (kind < 3) {
+      document->redo();
+    } else if (kind < 5) {
+      group.beginEditBlock();
+      editAnywhere(*document, random);
+      ASSERT_EQ(endsOfSnapshot(*document), endsOfBreaks(*document)) << "in the midst of step " << step;
+      editAnywhere(*document, random);
+      group.endEditBlock();
+    } else {
+      editAnywhere(*document, random);
+    }
+    ASSERT_EQ(endsOfSnapshot(*document), endsOfBreaks(*document)) << "step " << step;
+  }
+}
+
+TEST_F(SourceDocumentTest, KnowsEveryLineEndAfterAnEditAtBothEndsOfALongText) {
+  const auto document = openBytes(mixedLines(5000));
+  ASSERT_EQ(endsOfSnapshot(*document), endsOfBreaks(*document));
+  QTextCursor group(document.get());
+  group.beginEditBlock();
+  joinWithNext(*document, 4900);
+  splitLine(*document, 0, 2);
+  joinWithNext(*document, 2);
+  group.endEditBlock();
+  EXPECT_EQ(endsOfSnapshot(*document), endsOfBreaks(*document));
+  document->undo();
+  EXPECT_EQ(bytesOf(*document), mixedLines(5000));
 }
 
 TEST_F(SourceDocumentTest, HasNothingToUndoWhenItIsOpened) {
