@@ -31,6 +31,19 @@ class TEditWindow : public QWidget {
   Q_OBJECT
 
 public:
+  // While one of these lives, the tabs of its window are not laid out for each page that comes or goes, which takes
+  // long for hundreds. They cannot be seen meanwhile, so it has to be gone before control is back in the event loop.
+  class ManyPages {
+  public:
+    explicit ManyPages(TEditWindow* window);
+    ~ManyPages();
+    ManyPages(const ManyPages&) = delete;
+    ManyPages& operator=(const ManyPages&) = delete;
+
+  private:
+    PageTabs* tabs_;
+  };
+
   explicit TEditWindow(const QString& name, QWidget* parent = nullptr);
   // Closes the pages first, while everything that listens is still there.
   ~TEditWindow() override;

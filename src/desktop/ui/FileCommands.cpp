@@ -115,6 +115,7 @@ void FileCommands::open(TEditWindow* window) {
   dialog.setNameFilters(nameFilters());
   if (dialog.exec() != QDialog::Accepted)
     return;
+  const TEditWindow::ManyPages many(window);
   for (const QString& path : dialog.selectedFiles())
     workspace_.openings().open(window, path);
 }

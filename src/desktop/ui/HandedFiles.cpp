@@ -65,19 +65,25 @@ void HandedFiles::serve() {
   }
 }
 
-void HandedFiles::serve(Caller& caller) {
-  const OpenRequest& request = caller.request();
-  NamedFiles files(workspace_);
+QStringList HandedFiles::open(const OpenRequest& request, NamedFiles& files) const {
+  const TEditWindow::ManyPages many(workspace_.topWindow());
   QStringList problems;
   for (const QString& name : request.files) {
     const QString path = QDir(request.folder).filePath(name);
     const auto caret = &name == &request.files.constFirst() ? request.caret : std::nullopt;
     // Who waits for the file to be closed needs its page now.
-    if (request.wait ? files.open(path) == nullptr : !files.openSoon(path, caret))
+    if (request.wait ? files.open(path, caret) == nullptr : !files.openSoon(path, caret))
       problems.append(tr("%1 could not be opened; the window of the editor says why.").arg(name));
   }
   files.show();
-  files.placeCarets(request.caret);
+  return problems;
+}
+
+void HandedFiles::serve(Caller& caller) {
+  const OpenRequest& request = caller.request();
+  NamedFiles files(workspace_);
+  const QStringList problems = open(request, files);
+  files.placeCarets(request.files.isEmpty() ? request.caret : std::nullopt);
   activateWindow(*workspace_.frameOf(workspace_.topWindow()), request.startupId, request.activationToken);
   caller.tellOpened(problems);
   if (!request.wait)

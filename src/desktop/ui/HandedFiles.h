@@ -4,11 +4,14 @@
 #include <QList>
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 #include <QTimer>
 
 namespace desktop {
 
 class Caller;
+class NamedFiles;
+struct OpenRequest;
 class RequestServer;
 class Workspace;
 
@@ -32,6 +35,8 @@ private:
   void take(Caller* caller);
   void serve();
   void serve(Caller& caller);
+  // Returns which could not be opened, one sentence each.
+  QStringList open(const OpenRequest& request, NamedFiles& files) const;
 
   Workspace& workspace_;
   QList<QPointer<Caller>> requests_; // that have yet to be served

@@ -73,6 +73,7 @@ bool MainWindow::takeDrop(QEvent* event) {
   drop->accept();
   if (event->type() != QEvent::Drop)
     return true;
+  const TEditWindow::ManyPages many(editWindow_);
   for (const QUrl& url : drop->mimeData()->urls()) {
     if (url.isLocalFile())
       workspace_.openings().open(editWindow_, url.toLocalFile());

@@ -25,6 +25,13 @@ bool isFree(const QFileInfo& file) {
          QFileInfo(file.absolutePath()).isDir();
 }
 
+FileArgument argumentOf(const QString& name, const std::optional<CaretPlace>& caret) {
+  FileArgument argument = readFileArgument(name);
+  if (!argument.caret)
+    argument.caret = caret;
+  return argument;
+}
+
 // The page that was in front of its window stays there.
 void putCaret(Page& page, const CaretPlace& place) {
   TEditWindow* const window = page.window();
@@ -39,35 +46,35 @@ void putCaret(Page& page, const CaretPlace& place) {
 
 NamedFiles::NamedFiles(Workspace& workspace) : workspace_(workspace) {}
 
-Page* NamedFiles::open(const QString& name) {
-  const FileArgument argument = readFileArgument(name);
-  return add(isFree(QFileInfo(argument.path)) ? begin(argument.path) : workspace_.openFile(argument.path), argument);
+Page* NamedFiles::open(const QString& name, const std::optional<CaretPlace>& caret) {
+  const FileArgument argument = argumentOf(name, caret);
+  Page* const page = isFree(QFileInfo(argument.path)) ? begin(argument.path) : workspace_.openFile(argument.path);
+  return add(page, argument.caret);
 }
 
-Page* NamedFiles::openExisting(const QString& name) {
-  const FileArgument argument = readFileArgument(name);
-  return add(workspace_.openFile(argument.path), argument);
+Page* NamedFiles::openExisting(const QString& name, const std::optional<CaretPlace>& caret) {
+  const FileArgument argument = argumentOf(name, caret);
+  return add(workspace_.openFile(argument.path), argument.caret);
 }
 
 bool NamedFiles::openSoon(const QString& name, const std::optional<CaretPlace>& caret) {
-  const FileArgument argument = readFileArgument(name);
+  const FileArgument argument = argumentOf(name, caret);
   if (!FileOpenings::isLarge(argument.path) || workspace_.findPage(argument.path) != nullptr)
-    return open(name) != nullptr;
+    return open(name, caret) != nullptr;
   if (pages_.isEmpty() && largeFirst_.isEmpty())
     largeFirst_ = argument.path;
-  const std::optional<CaretPlace> place = argument.caret ? argument.caret : caret;
-  workspace_.openings().open(workspace_.topWindow(), argument.path, [place](Page* page) {
+  workspace_.openings().open(workspace_.topWindow(), argument.path, [place = argument.caret](Page* page) {
     if (place)
       putCaret(*page, *place);
   });
   return true;
 }
 
-Page* NamedFiles::add(Page* page, const FileArgument& argument) {
+Page* NamedFiles::add(Page* page, const std::optional<CaretPlace>& caret) {
   if (page != nullptr && !pages_.contains(page))
     pages_.append(page);
-  if (page != nullptr && argument.caret)
-    carets_.emplace_back(page, *argument.caret);
+  if (page != nullptr && caret)
+    carets_.emplace_back(page, *caret);
   return page;
 }
 

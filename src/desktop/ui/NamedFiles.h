@@ -23,12 +23,13 @@ public:
   explicit NamedFiles(Workspace& workspace);
 
   // Opens what "FILE", "FILE:LINE" or "FILE:LINE:COL" names; a file that is missing begins as an empty page under its
-  // name, if there is a folder for it. Null when that is not possible; the window's message bar then says why.
-  Page* open(const QString& name);
+  // name, if there is a folder for it. `caret` is its place where the name tells none. Null when that is not possible;
+  // the window's message bar then says why.
+  Page* open(const QString& name, const std::optional<CaretPlace>& caret = {});
   // The same, but a file that is missing cannot be opened.
-  Page* openExisting(const QString& name);
-  // The same, but nobody waits for a large file: its page comes later, with its caret at the place named, or else at
-  // `caret` if that is given, and is not among pages(). Returns whether it is opened, as far as that is known.
+  Page* openExisting(const QString& name, const std::optional<CaretPlace>& caret = {});
+  // The same as open(), but nobody waits for a large file: its page comes later, with its caret in place, and is not
+  // among pages(). Returns whether it is opened, as far as that is known.
   bool openSoon(const QString& name, const std::optional<CaretPlace>& caret = {});
   // The pages that were opened, in the order of their names, but for those that have been closed since; one page for
   // all names of a file.
@@ -36,17 +37,17 @@ public:
   // Brings the first page to the front of the top window; a large file that was named first follows when it is there.
   // False if there is no page yet.
   bool show() const;
-  // Puts the carets to their places and brings them into sight: to be called when the windows have their sizes.
-  // `caret`, if it is given, is the place in the page in front.
-  void placeCarets(const std::optional<CaretPlace>& caret);
+  // Puts the carets to their places and brings them into sight: to be called when the windows have their sizes. `caret`
+  // is for the page in front where no file was named.
+  void placeCarets(const std::optional<CaretPlace>& caret = {});
 
 private:
   Page* begin(const QString& path);
-  Page* add(Page* page, const FileArgument& argument);
+  Page* add(Page* page, const std::optional<CaretPlace>& caret);
 
   Workspace& workspace_;
   QList<QPointer<Page>> pages_;
-  QString largeFirst_; // the file named first, if it comes later
+  QString largeFirst_;                                        // the file named first, if it comes later
   std::vector<std::pair<QPointer<Page>, CaretPlace>> carets_; // that have yet to be put
 };
 

@@ -81,7 +81,21 @@ void PageTabs::setCurrentPage(Page* page) {
   setCurrentIndex(indexOf(page));
 }
 
+void PageTabs::hold() {
+  ++holds_;
+  hide();
+}
+
+void PageTabs::release() {
+  if (--holds_ > 0)
+    return;
+  updateTitles();
+  setVisible(count() > 0);
+}
+
 void PageTabs::updateTitles() {
+  if (isHeld())
+    return;
   const QList<Page*> all = pages();
   QStringList names;
   for (const Page* page : all)

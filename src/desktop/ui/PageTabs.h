@@ -29,6 +29,12 @@ public:
   // Shows the titles anew. Pages with the same title are told apart by their folders.
   void updateTitles();
 
+  // Hides the tabs and leaves the titles alone until release() is called as often: each change of tabs that can be seen
+  // lays all of them out.
+  void hold();
+  void release();
+  bool isHeld() const { return holds_ > 0; }
+
 Q_SIGNALS:
   void closeRequested(Page* page);
   void closeOthersRequested(Page* page);
@@ -40,6 +46,8 @@ protected:
 private:
   Page* pageAt(int index) const;
   int indexOf(const Page* page) const;
+
+  int holds_ = 0;
 };
 
 } // namespace desktop

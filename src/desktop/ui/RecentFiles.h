@@ -32,6 +32,8 @@ public:
   // At most `most` absolute paths; the files need not exist any more. What other editors have added is among them.
   QStringList files();
   void clear();
+  // The file at `path`, which has just been opened, was not opened by the user: it keeps its place in the list.
+  void leaveOut(const QString& path) { added_.removeOne(path); }
 
 private:
   void add(const QString& path);

@@ -8,6 +8,7 @@
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
+#include "desktop/ui/RecentFiles.h"
 #include "desktop/ui/ResultsPanel.h"
 #include "desktop/ui/ViewState.h"
 #include "desktop/ui/Workspace.h"
@@ -78,13 +79,20 @@ QJsonObject Session::read(QString& problem) const {
   if (!file.exists())
     return {};
   if (!file.open(QIODevice::ReadOnly)) {
-    problem = tr("The last session in %1 could not be read: %2.").arg(path_, file.errorString());
+    problem = tr("The last session in %1 could not be read: %2. %3").arg(path_, file.errorString(), putAside());
     return {};
   }
   QJsonObject json = QJsonDocument::fromJson(file.read(mostBytes)).object();
   if (!json[windowsKey].isArray())
-    problem = tr("The last session in %1 is damaged and was left out.").arg(path_);
+    problem = tr("The last session in %1 is damaged. %2").arg(path_, putAside());
   return json;
+}
+
+// Returns what became of the file, a sentence for the user.
+QString Session::putAside() const {
+  const QString aside = path_ + QStringLiteral(".damaged");
+  QFile::remove(aside);
+  return QFile::rename(path_, aside) ? tr("It is kept as %1.").arg(aside) : tr("It was left out.");
 }
 
 void Session::restore() {
@@ -178,6 +186,7 @@ void Session::takeLate(Page* page, TEditWindow* window, const QString& file) {
   const auto missing = std::ranges::count_if(
       late_, [&late](const Late& each) { return each.window == late->window && each.index < late->index; });
   window->movePage(page, late->index - static_cast<int>(missing));
+  workspace_.recentFiles().leaveOut(page->document()->fileName());
   late_.erase(late);
 }
 

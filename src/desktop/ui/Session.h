@@ -44,7 +44,7 @@ public:
   ~Session() override;
 
   // Opens what was open, in the first window and in further ones, and from then on writes down what changes. Files that
-  // are gone, and a file of the session that cannot be understood, are told in the first window.
+  // are gone, and a file of the session that cannot be understood and is kept aside, are told in the first window.
   void restore();
   // Shows each page as it was. To be called when the windows have their sizes, since these limit how far a text can be
   // scrolled.
@@ -55,6 +55,7 @@ public:
 private:
   bool begin();
   QJsonObject read(QString& problem) const;
+  QString putAside() const;
   bool restoreWindow(const QJsonObject& json, TEditWindow* window);
   void restorePages(const QJsonObject& json, TEditWindow* window);
   void follow(TEditWindow* window);

@@ -8,6 +8,7 @@
 #include "desktop/handover/RequestServer.h"
 #include "desktop/handover/Start.h"
 #include "desktop/ui/EditWindow.h"
+#include "desktop/ui/FileOpenings.h"
 #include "desktop/ui/HandedFiles.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
@@ -74,6 +75,27 @@ TEST_F(SecondStart, PutsCaretsToTheirPlaces) {
   EXPECT_EQ(window()->currentPage()->title(), b);
   EXPECT_EQ(window()->editor()->caretRow(), 4);
   EXPECT_EQ(window()->editor()->caretColumn(), 3);
+}
+
+TEST_F(SecondStart, LeavesTheCaretsOfOtherPagesAlone) {
+  workspace.openFile(path(a));
+  ASSERT_EQ(window()->editor()->caretRow(), 1);
+  // One of these cannot be opened, the other comes later.
+  write(QStringLiteral("large.pas"), QByteArray("a line\n").repeated(FileOpenings::largeBytes / 7 + 1));
+  for (const QString& name : {QStringLiteral("no/x.pas"), QStringLiteral("large.pas")}) {
+    EXPECT_EQ(run({QStringLiteral("--caret"), QStringLiteral("4:2"), name}), 0);
+    EXPECT_EQ(window()->currentPage()->title(), a);
+    EXPECT_EQ(window()->editor()->caretRow(), 1) << name.toStdString();
+  }
+  ASSERT_TRUE(support::waitUntil([this] { return workspace.openings().isIdle(); }));
+  EXPECT_EQ(window()->currentPage()->title(), QStringLiteral("large.pas"));
+  EXPECT_EQ(window()->editor()->caretRow(), 4);
+}
+
+TEST_F(SecondStart, PutsTheCaretOfThePageInFrontWhenItNamesNoFile) {
+  workspace.openFile(path(a));
+  EXPECT_EQ(run({QStringLiteral("--caret"), QStringLiteral("3:1")}), 0);
+  EXPECT_EQ(window()->editor()->caretRow(), 3);
 }
 
 TEST_F(SecondStart, NamesFilesFromItsOwnFolder) {

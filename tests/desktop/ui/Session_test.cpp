@@ -2,6 +2,7 @@
 #include "desktop/ui/UiFixture.h"
 
 #include "desktop/ui/FileOpenings.h"
+#include "desktop/ui/RecentFiles.h"
 #include "desktop/ui/ResultsPanel.h"
 #include "desktop/ui/Session.h"
 
@@ -185,6 +186,21 @@ TEST_F(SessionTest, ADamagedFileIsToldInOneLineAndReplaced) {
   }
 }
 
+TEST_F(SessionTest, ADamagedFileIsKeptAside) {
+  run([](const Run&) {});
+  const QString aside = file() + QStringLiteral(".damaged");
+  for (const QByteArray contents : {"{ cut off", "[ cut off again"}) {
+    write(QStringLiteral("state/session.json"), contents);
+    run([&aside](const Run& second) {
+      ASSERT_EQ(second.messages().size(), 1);
+      EXPECT_TRUE(second.messages().constFirst().contains(aside)) << second.messages().constFirst().toStdString();
+    });
+    QFile kept(aside);
+    ASSERT_TRUE(kept.open(QIODevice::ReadOnly));
+    EXPECT_EQ(kept.readAll(), contents);
+  }
+}
+
 TEST_F(SessionTest, NonsenseInTheFileDoesNoHarm) {
   run([](const Run&) {});
   write(QStringLiteral("state/session.json"),
@@ -311,6 +327,24 @@ TEST_F(SessionTest, ALargeFileThatWasInFrontComesToTheFront) {
   run([](Run& second) {
     ASSERT_TRUE(second.waitForAll());
     EXPECT_EQ(second.window()->currentPage()->title(), QStringLiteral("a.pas"));
+  });
+}
+
+TEST_F(SessionTest, ALargeFileThatComesBackLaterKeepsItsPlaceInTheRecentFiles) {
+  const QString list = path(QStringLiteral("recent-files.json"));
+  QStringList before;
+  run([&](Run& first) {
+    first.workspace.recentFiles().open(list);
+    first.workspace.openFile(source("a.pas", large));
+    first.workspace.openFile(source("b.pas"));
+    before = first.workspace.recentFiles().files();
+  });
+  EXPECT_EQ(before, (QStringList{path(QStringLiteral("b.pas")), path(QStringLiteral("a.pas"))}));
+  run([&](const Run& second) {
+    second.workspace.recentFiles().open(list);
+    ASSERT_TRUE(second.waitForAll());
+    EXPECT_EQ(second.titles().size(), 2);
+    EXPECT_EQ(second.workspace.recentFiles().files(), before);
   });
 }
 
