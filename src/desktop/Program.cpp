@@ -18,6 +18,7 @@
 #include "platform/UserFiles.h"
 
 #include <QCoreApplication>
+#include <QScreen>
 #include <QStandardPaths>
 
 #include <chrono>
@@ -32,6 +33,15 @@ constexpr int failed = 2;
 int complain(const QString& reason) {
   std::fprintf(stderr, "virelle: %s\n", qPrintable(reason));
   return failed;
+}
+
+// Makes a window smaller that would reach over the edges of its screen, and leaves room for its frame.
+void fitOnScreen(QWidget& window) {
+  constexpr double share = 0.9;
+  const QSize room = window.screen()->availableSize();
+  const bool fits = window.width() <= room.width() && window.height() <= room.height();
+  if (!fits && !window.isMaximized() && !window.isFullScreen())
+    window.resize(window.size().boundedTo(room * share));
 }
 
 } // namespace
@@ -112,8 +122,11 @@ bool Program::openFiles() {
 }
 
 void Program::showFrames() {
-  for (const TEditWindow* window : workspace_.windows())
-    workspace_.frameOf(window)->show();
+  for (const TEditWindow* window : workspace_.windows()) {
+    MainWindow* const frame = workspace_.frameOf(window);
+    fitOnScreen(*frame);
+    frame->show();
+  }
 }
 
 void Program::endWithPages() {

@@ -202,6 +202,15 @@ TEST_F(ProgramStart, OpensEveryFileAtItsPlaceAndShowsTheFirst) {
   });
 }
 
+TEST_F(ProgramStart, OpensNoWindowThatIsLargerThanItsScreen) {
+  edit(commandLine({"--no-session"}), [](const TEditWindow& window) {
+    const QSize room = window.screen()->availableSize();
+    ASSERT_LT(room.width(), 1000) << "the usual width";
+    EXPECT_LE(window.window()->width(), room.width());
+    EXPECT_LE(window.window()->height(), room.height());
+  });
+}
+
 TEST_F(ProgramStart, ShowsTheSplash) {
   edit(commandLine({}), [](const TEditWindow&) { EXPECT_EQ(splashes().size(), 1); });
 }
