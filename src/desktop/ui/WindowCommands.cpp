@@ -45,7 +45,11 @@ void WindowCommands::newFile() {
 }
 
 void WindowCommands::newWindow() {
-  workspace_.newWindow();
+  // This window's size is one that fits on the screen.
+  const QSize size = frame_->normalGeometry().size();
+  MainWindow* const frame = workspace_.frameOf(workspace_.newWindow());
+  if (!frame->isMaximized() && !frame->isFullScreen())
+    frame->resize(size);
 }
 
 void WindowCommands::open() {

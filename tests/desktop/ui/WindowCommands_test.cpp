@@ -56,6 +56,14 @@ TEST_F(WindowCommandsTest, FileMenuHoldsItsCommands) {
                          QStringLiteral("E&xit")}));
 }
 
+TEST_F(WindowCommandsTest, ANewWindowIsAsLargeAsTheOneThatOpensIt) {
+  frame()->resize(640, 480);
+  trigger("FileNewWindowCommand");
+  ASSERT_EQ(workspace.windows().size(), 2);
+  EXPECT_EQ(workspace.frameOf(workspace.topWindow())->size(), QSize(640, 480));
+  EXPECT_EQ(frame()->size(), QSize(640, 480));
+}
+
 TEST_F(WindowCommandsTest, EditMenuHoldsItsCommands) {
   EXPECT_EQ(texts(menu(QStringLiteral("EditMenu"))->actions()),
             (QStringList{QStringLiteral("&Undo"), QStringLiteral("&Redo"), QStringLiteral("-"), QStringLiteral("Cu&t"),
