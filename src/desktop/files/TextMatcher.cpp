@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
+#include <algorithm>
 #include <limits>
 
 namespace desktop {
@@ -69,6 +70,11 @@ QString withoutLoneSurrogates(const QString& line) {
 }
 
 } // namespace
+
+QString firstLineOf(const QString& text) {
+  const auto isBreak = [](QChar c) { return c == u'\n' || c == u'\r' || c == QChar::ParagraphSeparator; };
+  return text.left(std::ranges::find_if(text, isBreak) - text.begin());
+}
 
 bool isWordCharacter(QChar c) {
   return c.isLetterOrNumber() || c == u'_';

@@ -63,6 +63,9 @@ private:
   QRegularExpression hugeLinePattern_;
 };
 
+// `text` up to its first line break: all of it that can be found, since there are no matches over line ends.
+QString firstLineOf(const QString& text);
+
 // Whether `c` belongs to a word: a letter, a digit or an underscore.
 bool isWordCharacter(QChar c);
 

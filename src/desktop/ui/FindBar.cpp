@@ -380,6 +380,9 @@ void FindBar::startHere() {
 }
 
 void FindBar::findWhileTyping() {
+  // What is pasted may have been copied with its line end, which the field keeps but does not show.
+  if (const QString line = firstLineOf(text()); line != text())
+    text_->setText(line);
   updateMatcher();
   if (text().isEmpty()) {
     showFound(true, {});

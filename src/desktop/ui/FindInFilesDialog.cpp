@@ -128,7 +128,8 @@ FindInFilesRequest FindInFilesDialog::request() const {
 void FindInFilesDialog::accept() {
   const QString badPattern = TextMatcher(request().terms).error();
   const QStringList wildcards = request().patterns();
-  const auto bad = std::ranges::find_if(wildcards, [](const QString& each) { return !fileNamePattern(each).isValid(); });
+  const auto bad =
+      std::ranges::find_if(wildcards, [](const QString& each) { return !fileNamePattern(each).isValid(); });
   if (!badPattern.isEmpty())
     complain(text_, badPattern);
   else if (bad != wildcards.end())
@@ -148,6 +149,8 @@ void FindInFilesDialog::complain(QLineEdit* field, const QString& problem) {
 
 // What was wrong may have been mended.
 void FindInFilesDialog::showEntered() {
+  if (const QString line = firstLineOf(text_->text()); line != text_->text())
+    text_->setText(line);
   problem_->hide();
   find_->setEnabled(!text_->text().isEmpty() && !folder_->text().trimmed().isEmpty());
 }

@@ -313,6 +313,12 @@ TEST_F(FindInFilesDialogTest, CanGoWhileAFolderIsBeingChosen) {
   EXPECT_TRUE(dialog.isNull());
 }
 
+TEST_F(FindInFilesDialogTest, ATextIsTakenWithoutTheLineEndThatCameWithIt) {
+  FindInFilesDialog dialog({});
+  field(dialog, "FilesText").setText(QStringLiteral("needle\r\nmore"));
+  EXPECT_EQ(dialog.request().terms.text, QStringLiteral("needle"));
+}
+
 TEST_F(FindInFilesDialogTest, RelativeFoldersCountFromTheOneThatItCameUpWith) {
   FindInFilesRequest shown;
   shown.folder = folder_.path();

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "desktop/ui/UiFixture.h"
 
+#include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextDocumentLayout>
@@ -54,6 +56,14 @@ TEST_F(FindBarTest, FindsWhileTheTextIsTyped) {
   EXPECT_EQ(selection(), std::pair(4, 6));
   typeText(QStringLiteral("o"));
   EXPECT_EQ(selection(), std::pair(4, 7));
+}
+
+TEST_F(FindBarTest, ALineThatIsPastedWithItsLineEndIsFound) {
+  bar().open();
+  QApplication::clipboard()->setText(QStringLiteral("three\n"));
+  line().paste();
+  EXPECT_EQ(selection(), std::pair(16, 21));
+  EXPECT_EQ(bar().text(), QStringLiteral("three"));
 }
 
 TEST_F(FindBarTest, AShorterTextIsSoughtFromWhereTheSearchBegan) {

@@ -29,8 +29,7 @@ protected:
   QToolButton* stopButton() const { return panel()->findChild<QToolButton*>(QStringLiteral("StopResults")); }
   void listTwo() const { listPlaces({placeIn(QStringLiteral("a.pas"), 1), placeIn(QStringLiteral("a.pas"), 2)}); }
   void click(int row, Qt::KeyboardModifiers modifiers = Qt::NoModifier) const {
-    QTest::mouseClick(view()->viewport(), Qt::LeftButton, modifiers,
-                      view()->visualRect(list().index(row, 0)).center());
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, modifiers, view()->visualRect(list().index(row, 0)).center());
   }
 };
 
@@ -234,6 +233,8 @@ TEST_F(ResultsPanelTest, AsksOnlyForTheRowsInSight) {
   view()->scrollToBottom();
   support::settle();
   EXPECT_TRUE(asked.rows.contains(99'999));
+  insertAt(window()->currentPage(), 1, 0, QStringLiteral("x"));
+  support::settle();
   EXPECT_LT(asked.rows.size(), 200U);
   view()->setModel(&list());
 }
