@@ -53,6 +53,14 @@ TEST_F(AppearanceTest, ZoomNeverLeavesTheLimitsOfTheSize) {
   EXPECT_EQ(editor()->editorFontPoints(), 6);
 }
 
+// Styles frame them darker than the window, which cannot be seen on a dark one.
+TEST_F(AppearanceTest, FieldsAndEmptyBoxesStandOffADarkWindow) {
+  constexpr int apart = 14; // of 255
+  appearance().setColours(Colours::Dark);
+  const QPalette palette = QApplication::palette();
+  EXPECT_GE(palette.color(QPalette::Base).lightness(), palette.color(QPalette::Window).lightness() + apart);
+}
+
 TEST_F(AppearanceTest, AColouringOfTheDesktopThatChangesIsFollowed) {
   frame()->show();
   appearance().setColours(Colours::Desktop);
