@@ -9,15 +9,14 @@
 #include "desktop/files/SourceDocument.h"
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileOpenings.h"
+#include "desktop/ui/LongTextNote.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
 #include "desktop/ui/PageReload.h"
-#include "desktop/ui/StatusBar.h"
 #include "desktop/ui/Workspace.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTextBlock>
@@ -47,35 +46,8 @@ QString describe(const MissingCharacter& missing) {
   return printable ? QStringLiteral("\u201c%1\u201d (%2)").arg(QString::fromUcs4(&character, 1), code) : code;
 }
 
-// While a long text is being written the window can say so, though it can do nothing else.
-class SavingNote {
-public:
-  explicit SavingNote(const Page& page)
-      : window_(page.window()), isShown_(page.document()->characterCount() > longText) {
-    if (!isShown_)
-      return;
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    window_->statusBar()->showNote(FileCommands::tr("Saving %1\u2026").arg(page.title()));
-    window_->statusBar()->repaint();
-  }
-  ~SavingNote() {
-    if (!isShown_)
-      return;
-    window_->statusBar()->showPage(window_->currentPage());
-    QGuiApplication::restoreOverrideCursor();
-  }
-  SavingNote(const SavingNote&) = delete;
-  SavingNote& operator=(const SavingNote&) = delete;
-
-private:
-  static constexpr int longText = 4'000'000; // characters
-
-  TEditWindow* window_;
-  bool isShown_;
-};
-
 SaveResult saveShown(const Page& page, const QString& path) {
-  const SavingNote note(page);
+  const LongTextNote note(page, FileCommands::tr("Saving %1\u2026").arg(page.title()));
   return desktop::save(*page.document(), path);
 }
 
@@ -276,6 +248,7 @@ bool FileCommands::closeOthers(Page* page) {
   others.removeOne(page);
   if (!mayClose(others))
     return false;
+  const TEditWindow::ManyPages many(page->window());
   for (Page* other : others)
     other->window()->closePage(other);
   return true;

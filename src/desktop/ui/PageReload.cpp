@@ -4,8 +4,10 @@
 #include "desktop/edit/EditControl.h"
 #include "desktop/files/FileStore.h"
 #include "desktop/files/SourceDocument.h"
+#include "desktop/ui/LongTextNote.h"
 #include "desktop/ui/Page.h"
 
+#include <QCoreApplication>
 #include <QTextBlock>
 #include <QTextCursor>
 
@@ -35,11 +37,16 @@ private:
   int leftCell_;
 };
 
+QString reloadNoted(const Page& page) {
+  const LongTextNote note(page, QCoreApplication::translate("PageReload", "Reading %1 again\u2026").arg(page.title()));
+  return reload(*page.document());
+}
+
 } // namespace
 
 QString reloadPage(Page& page) {
   const FollowedState followed(*page.document(), page.state());
-  const QString problem = reload(*page.document());
+  const QString problem = reloadNoted(page);
   if (!problem.isEmpty())
     return problem;
   page.setState(followed.state());

@@ -26,6 +26,32 @@ protected:
   }
 };
 
+TEST_F(EditWindowTest, ShowsTheTabsOfManyPagesOnceAllAreThere) {
+  frame()->show();
+  ASSERT_TRUE(QDir(folder_.path()).mkdir(QStringLiteral("sub")));
+  {
+    const TEditWindow::ManyPages many(window());
+    openText(QStringLiteral("a.pas"), "a");
+    openText(QStringLiteral("sub/a.pas"), "b");
+    EXPECT_FALSE(tabs()->isVisible());
+    EXPECT_EQ(tabTexts(), (QStringList{QString(), QString()})) << "none of them has been laid out";
+  }
+  EXPECT_TRUE(tabs()->isVisible());
+  ASSERT_EQ(tabs()->count(), 2);
+  EXPECT_TRUE(tabTexts().constLast().startsWith(QStringLiteral("a.pas \u2013 sub")));
+  EXPECT_EQ(tabs()->currentPage(), window()->currentPage());
+}
+
+TEST_F(EditWindowTest, ShowsNoTabsWhenOfManyPagesNoneIsLeft) {
+  frame()->show();
+  Page* const page = openText(QStringLiteral("a.pas"), "a");
+  {
+    const TEditWindow::ManyPages many(window());
+    window()->closePage(page);
+  }
+  EXPECT_FALSE(tabs()->isVisible());
+}
+
 TEST_F(EditWindowTest, IsFoundByItsClassNameAndItsNumberedName) {
   EXPECT_EQ(platform::ClassName(*window()), QStringLiteral("TEditWindow"));
   EXPECT_EQ(window()->objectName(), QStringLiteral("EditWindow_0"));

@@ -61,6 +61,19 @@ TEST_F(FileCommandsTest, TheWindowSaysThatALongTextIsBeingSaved) {
   EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(FileCommandsTest, TheWindowSaysThatALongTextIsBeingReadAgain) {
+  frame()->show();
+  const QByteArray bytes = QByteArray("line of a long text\n").repeated(210'000);
+  Page* const page = openText(QStringLiteral("a.pas"), bytes);
+  write(QStringLiteral("a.pas"), bytes + "another\n");
+  support::settle();
+  PaintedTexts remark(*window()->findChild<QLabel*>(QStringLiteral("Remark")));
+  EXPECT_TRUE(files().revert(page));
+  EXPECT_TRUE(remark.texts().contains(QStringLiteral("Reading a.pas again\u2026")));
+  EXPECT_EQ(status(QStringLiteral("Remark")), QString()) << "it is read";
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(FileCommandsTest, AsksForTheNameOfAnUntitledPage) {
   Page* const page = workspace.newFile();
   type(QStringLiteral("program p;"));
