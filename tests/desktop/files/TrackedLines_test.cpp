@@ -137,6 +137,23 @@ TEST_F(TrackedLinesTest, KeepsLinesTogetherThatADeletionBroughtTogether) {
   EXPECT_EQ(taken(), (std::vector<Reported>{{3, 2, 0}, {5, 2, 1}, {2, 3, 0}, {2, 3, 1}}));
 }
 
+TEST_F(TrackedLinesTest, ForgetsThePastOfALineThatAnotherKeptFromItsPlace) {
+  lines.add(7, 1);
+  lines.add(5, 0);
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  replace(at(6) + 1, at(7), QStringLiteral("\n"));
+  insert(at(5) + 1, QStringLiteral("x"));
+  cursor.endEditBlock();
+  replace(at(5) + 1, at(7), {});
+  EXPECT_EQ(taken(), (std::vector<Reported>{{7, 6, 1}, {6, 5, 1}}));
+  document.undo();
+  lines.remove(lines.indexOf(5));
+  document.undo();
+  EXPECT_TRUE(taken().empty());
+  EXPECT_NE(lines.indexOf(5), -1);
+}
+
 TEST_F(TrackedLinesTest, TellsTheLineBehindReplacedOnesFromTheReplaced) {
   lines.add(4, 0);
   lines.add(5, 1);
@@ -414,6 +431,18 @@ TEST_F(FewMarksTest, LackingTheyLetAGroupTakeALineToItsFirstPlaceAndUndoBringItB
   EXPECT_EQ(taken(), (std::vector<Reported>{{3, 6, 0}}));
   document.redo();
   EXPECT_EQ(taken(), (std::vector<Reported>{{6, 3, 0}}));
+}
+
+TEST_F(FewMarksTest, LackingTheyLetNoLineStandBehindTheEndOfTheTextWhileAnEditBlockIsOpen) {
+  trackWithMarks(0);
+  few->add(9, 0);
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  replace(at(2), at(9), {});
+  few->settle();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{9, 3, 0}}));
+  cursor.endEditBlock();
+  EXPECT_EQ(taken(), (std::vector<Reported>{{3, 2, 0}}));
 }
 
 TEST_F(FewMarksTest, AreThereAgainForOthersWhenALineIsNoLongerTracked) {
