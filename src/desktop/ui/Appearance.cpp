@@ -54,7 +54,7 @@ QPalette lightPalette() {
 // The ground of menus, lists and fields is brighter than that of dark text, over which they open, and of the windows:
 // their frames, which styles make a little darker than the windows, cannot be seen there.
 QPalette darkPalette() {
-  return makePalette(QColor(0x31, 0x34, 0x39), QColor(0x40, 0x44, 0x4b), QColor(0x4b, 0x50, 0x57),
+  return makePalette(QColor(0x31, 0x34, 0x39), QColor(0x40, 0x44, 0x4b), QColor(0x42, 0x46, 0x4c),
                      QColor(0xdf, 0xe1, 0xe5), QColor(0x9a, 0x9e, 0xa5), QColor(0x2f, 0x65, 0xa8));
 }
 
