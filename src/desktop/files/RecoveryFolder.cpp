@@ -6,6 +6,7 @@
 #include "platform/FileLock.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -20,6 +21,7 @@ namespace desktop {
 namespace {
 
 const auto ending = QLatin1StringView(".recovery");
+const auto lockEnding = QLatin1StringView(".lock");
 constexpr qint64 longestNote = 1 << 20;
 
 QString message(const char* text) {
@@ -70,7 +72,7 @@ public:
   }
 
 private:
-  QString lockPath() const { return prefix_ + QStringLiteral(".lock"); }
+  QString lockPath() const { return prefix_ + lockEnding; }
 
   QString prefix_;
   platform::TFileLock lock_;
@@ -136,11 +138,28 @@ void RecoveryFolder::remove(const QString& name) {
   tasks_.add([run = std::exchange(run_, nullptr)] {});
 }
 
+// Locks of editors that were killed before they had written anything. One that is young may belong to an editor that
+// is about to take it.
+void RecoveryFolder::removeOldLocks() const {
+  constexpr std::chrono::hours old{24};
+  const QDateTime youngest = QDateTime::currentDateTime().addDuration(-old);
+  for (const QFileInfo& lock : QDir(path_).entryInfoList({u'*' + lockEnding}, QDir::Files)) {
+    if (lock.lastModified() > youngest)
+      continue;
+    try {
+      const Run run(lock.filePath().chopped(lockEnding.size()));
+    } catch (const platform::EFileError&) {
+      // Somebody has it.
+    }
+  }
+}
+
 std::vector<OrphanedText> RecoveryFolder::takeOrphans() const {
   std::vector<OrphanedText> orphans;
   QSet<QString> prefixes;
   if (path_.isEmpty())
     return orphans;
+  removeOldLocks();
   for (const QFileInfo& file : QDir(path_).entryInfoList({QStringLiteral("*-*")}, QDir::Files, QDir::Name))
     prefixes.insert(file.filePath().left(file.filePath().lastIndexOf(u'-')));
   for (const QString& prefix : prefixes)

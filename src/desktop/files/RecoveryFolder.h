@@ -73,6 +73,7 @@ private:
 
   QString beginRun();
   QString pathOf(const QString& name) const;
+  void removeOldLocks() const;
   void takeFilesOf(const QString& prefix, std::vector<OrphanedText>& orphans) const;
 
   QString path_;

@@ -148,6 +148,7 @@ bool Session::restoreWindow(const QJsonObject& json, TEditWindow* window) {
 }
 
 void Session::restorePages(const QJsonObject& json, TEditWindow* window) {
+  const TEditWindow::ManyPages many(window);
   const QJsonArray pages = json[pagesKey].toArray();
   for (qsizetype i = 0; i < pages.size(); ++i) {
     if (QFileInfo(fileOf(pages[i])).isFile())

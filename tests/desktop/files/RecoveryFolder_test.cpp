@@ -7,6 +7,7 @@
 #include "support/PrintQt.h"
 #include "support/Wait.h"
 
+#include <QDateTime>
 #include <QDir>
 
 #include <memory>
@@ -212,6 +213,27 @@ TEST_F(RecoveryFolderTest, WhatWasLeftInTheMidstOfWritingIsCleanedAway) {
   file.close();
   EXPECT_EQ(RecoveryFolder(place()).takeOrphans().size(), 1U);
   EXPECT_FALSE(file.exists());
+}
+
+TEST_F(RecoveryFolderTest, ALockThatAnEditorLeftWithoutATextGoesAfterADay) {
+  const auto document = openBytes("a\n");
+  RecoveryFolder running(place());
+  EXPECT_EQ(keep(running, running.newName(), *document), QString());
+  ASSERT_EQ(files().size(), 2);
+  const auto makeOld = [](const QString& name) {
+    QFile lock(name);
+    ASSERT_TRUE(lock.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(lock.setFileTime(QDateTime::currentDateTime().addDays(-2), QFileDevice::FileModificationTime));
+  };
+  for (const QString& name : files().filter(QStringLiteral(".lock")))
+    makeOld(place() + u'/' + name); // that of the running editor
+  makeOld(place() + QStringLiteral("/left.lock"));
+  write("", "state/recovery/young.lock");
+
+  EXPECT_TRUE(RecoveryFolder(place()).takeOrphans().empty());
+  EXPECT_FALSE(files().contains(QStringLiteral("left.lock")));
+  EXPECT_TRUE(files().contains(QStringLiteral("young.lock")));
+  EXPECT_EQ(files().size(), 3) << "the text, its lock and the young one";
 }
 
 TEST_F(RecoveryFolderTest, OnlyTheUserMayReadTheTexts) {
