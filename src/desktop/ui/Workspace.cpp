@@ -144,10 +144,13 @@ void Workspace::announceTop(TEditWindow* previous) {
 
 Page* Workspace::findPage(const QString& path) const {
   const QFileInfo wanted(path);
+  const QString canonical = wanted.canonicalFilePath(); // empty if there is no file
   for (Page* page : allPages()) {
     const QFileInfo open(page->document()->fileName());
-    // Two names for one file are one file; a name without a file is only equal to itself.
-    if (open.absoluteFilePath() == wanted.absoluteFilePath() || (wanted.exists() && open == wanted))
+    // Two names for one file are one file; a name without a file is only equal to itself. Following links takes a
+    // while, so files that differ in size are not compared further.
+    if (open.absoluteFilePath() == wanted.absoluteFilePath() ||
+        (!canonical.isEmpty() && open.size() == wanted.size() && open.canonicalFilePath() == canonical))
       return page;
   }
   return nullptr;
