@@ -119,6 +119,15 @@ void PageTabs::updateTitles() {
   }
 }
 
+// Tabs that do not all fit are scrolled. They would shrink to a letter or two first, but a name has to be read; only a
+// very long one is shortened.
+QSize PageTabs::minimumTabSizeHint(int index) const {
+  constexpr int longName = 30; // characters
+  const QSize shortest = QTabBar::minimumTabSizeHint(index);
+  const int widest = std::max(shortest.width(), longName * fontMetrics().averageCharWidth());
+  return {std::min(tabSizeHint(index).width(), widest), shortest.height()};
+}
+
 void PageTabs::mouseReleaseEvent(QMouseEvent* event) {
   const int index = tabAt(event->position().toPoint());
   if (event->button() == Qt::MiddleButton && index >= 0)

@@ -40,6 +40,7 @@ Q_SIGNALS:
   void closeOthersRequested(Page* page);
 
 protected:
+  QSize minimumTabSizeHint(int index) const override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 

@@ -42,6 +42,17 @@ TEST_F(EditWindowTest, ShowsTheTabsOfManyPagesOnceAllAreThere) {
   EXPECT_EQ(tabs()->currentPage(), window()->currentPage());
 }
 
+TEST_F(EditWindowTest, ShowsTheNamesOfManyPagesWhole) {
+  frame()->resize(600, 400);
+  frame()->show();
+  for (int number = 0; number < 30; ++number)
+    openText(QStringLiteral("unit%1.pas").arg(number), "a");
+  support::settle();
+  for (int index = 0; index < tabs()->count(); ++index)
+    EXPECT_GT(tabs()->tabRect(index).width(), tabs()->fontMetrics().horizontalAdvance(tabs()->tabText(index)));
+  EXPECT_LE(frame()->width(), 600);
+}
+
 TEST_F(EditWindowTest, ShowsNoTabsWhenOfManyPagesNoneIsLeft) {
   frame()->show();
   Page* const page = openText(QStringLiteral("a.pas"), "a");
