@@ -53,6 +53,19 @@ TEST_F(EditWindowTest, ShowsTheNamesOfManyPagesWhole) {
   EXPECT_LE(frame()->width(), 600);
 }
 
+TEST_F(EditWindowTest, ScrollsTheTabsToTheOneInFrontOfMany) {
+  frame()->resize(600, 400);
+  frame()->show();
+  {
+    const TEditWindow::ManyPages many(window());
+    for (int number = 0; number < 30; ++number)
+      openText(QStringLiteral("unit%1.pas").arg(number), "a");
+  }
+  support::settle();
+  ASSERT_EQ(tabs()->currentIndex(), 29);
+  EXPECT_TRUE(tabs()->rect().contains(tabs()->tabRect(29).center()));
+}
+
 TEST_F(EditWindowTest, ShowsNoTabsWhenOfManyPagesNoneIsLeft) {
   frame()->show();
   Page* const page = openText(QStringLiteral("a.pas"), "a");
