@@ -48,8 +48,7 @@ void fitOnScreen(QWidget& window) {
 
 Program::Program(const CommandLine& commandLine)
     : commandLine_(commandLine), session_(workspace_, platform::StateFile(QStringLiteral("session.json"))),
-      recovery_(workspace_, platform::StateFile(QStringLiteral("recovery"))),
-      packages_(loader_) {
+      recovery_(workspace_, platform::StateFile(QStringLiteral("recovery"))), packages_(loader_) {
   platform::Application().SetProgramDirectory(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
                                               QStringLiteral("/virelle/"));
   platform::Application().SetShowSplash(commandLine.showSplash && commandLine.screenshot.isEmpty());

@@ -56,8 +56,8 @@ QString excerpt(std::u16string_view line, int unit) {
 
 QRegularExpression fileNamePattern(const QString& wildcard) {
   // A folder in it makes it one that matches nothing, which nobody would be told.
-  const QString pattern = wildcard.contains(u'/') ? QStringLiteral("[")
-                                                  : QRegularExpression::wildcardToRegularExpression(wildcard);
+  const QString pattern =
+      wildcard.contains(u'/') ? QStringLiteral("[") : QRegularExpression::wildcardToRegularExpression(wildcard);
   return QRegularExpression(pattern, QRegularExpression::CaseInsensitiveOption);
 }
 

@@ -42,8 +42,8 @@ Page* ClosedPages::reopen(TEditWindow* window) {
   if (!closed_.empty()) {
     const Closed last = closed_.back();
     closed_.pop_back();
-    page = workspace_.openings().open(window, last.path,
-                                      [state = last.state](Page* opened) { opened->setState(state); });
+    page =
+        workspace_.openings().open(window, last.path, [state = last.state](Page* opened) { opened->setState(state); });
   }
   Q_EMIT changed();
   return page;

@@ -93,7 +93,8 @@ QVariant ResultList::data(const QModelIndex& index, int role) const {
   case Qt::ToolTipRole:
     if (index.column() == TextColumn)
       return toolTipOf(row.place.text);
-    return index.column() == FileColumn ? QVariant(toolTipOf(QDir::toNativeSeparators(row.place.fileName))) : QVariant();
+    return index.column() == FileColumn ? QVariant(toolTipOf(QDir::toNativeSeparators(row.place.fileName)))
+                                        : QVariant();
   case Qt::DecorationRole:
     return index.column() == TextColumn && row.place.severity != Severity::Match ? QVariant(iconOf(row.place.severity))
                                                                                  : QVariant();

@@ -10,8 +10,8 @@
 #include "desktop/ui/EditWindow.h"
 #include "desktop/ui/FileCheck.h"
 #include "desktop/ui/FileCommands.h"
-#include "desktop/ui/FilesSearch.h"
 #include "desktop/ui/FileOpenings.h"
+#include "desktop/ui/FilesSearch.h"
 #include "desktop/ui/MainWindow.h"
 #include "desktop/ui/MessageBar.h"
 #include "desktop/ui/Page.h"
@@ -50,10 +50,10 @@ void announceActivation(TEditWindow* window) {
 
 Workspace::Workspace(QObject* parent)
     : QObject(parent), files_(new FileCommands(*this)), openings_(new FileOpenings(*this)),
-      settings_(new EnvironmentSettings(this)),
-      appearance_(new Appearance(*settings_, this)),
+      settings_(new EnvironmentSettings(this)), appearance_(new Appearance(*settings_, this)),
       recentFiles_(new RecentFiles(*this)), results_(new ResultList(*this)),
-      resultWalk_(new ResultWalk(*this, *results_)), filesSearch_(new FilesSearch(*this)), fileCheck_(new FileCheck(*this)) {
+      resultWalk_(new ResultWalk(*this, *results_)), fileCheck_(new FileCheck(*this)),
+      filesSearch_(new FilesSearch(*this)) {
   closedPages_ = new ClosedPages(*this); // it looks at the windows, of which there are none yet
   addFrame();
   connect(settings_, &EnvironmentSettings::saveFailed, this, &Workspace::reportUnkeptSettings);

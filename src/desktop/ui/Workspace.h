@@ -93,8 +93,8 @@ public:
   // What the last check or search has found, and the way from one place to the next.
   ResultList& results() const { return *results_; }
   ResultWalk& resultWalk() const { return *resultWalk_; }
-  FilesSearch& filesSearch() const { return *filesSearch_; }
   FileCheck& fileCheck() const { return *fileCheck_; }
+  FilesSearch& filesSearch() const { return *filesSearch_; }
 
   // The packages that the user may load and unload, or null, as at first. Not owned.
   PackageList* packages() const { return packages_; }
@@ -127,8 +127,8 @@ private:
   RecentFiles* recentFiles_;
   ResultList* results_;
   ResultWalk* resultWalk_;
-  FilesSearch* filesSearch_;
   FileCheck* fileCheck_;
+  FilesSearch* filesSearch_;
   ClosedPages* closedPages_ = nullptr;
   PackageList* packages_ = nullptr;
   SearchPath searchPath_;

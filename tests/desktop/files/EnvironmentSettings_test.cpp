@@ -160,7 +160,7 @@ TEST_F(EnvironmentSettingsTest, ADamageIsToldOnceOnly) {
 
 TEST_F(EnvironmentSettingsTest, AFileThatIsNoObjectIsPutAsideAndToldOf) {
   for (const std::string& bytes : {std::string("{"), std::string("[]"), std::string("\xFF\xFE\x01"),
-                                  R"({"tabWidth": 3})" + std::string(2 << 20, ' ')}) {
+                                   R"({"tabWidth": 3})" + std::string(2 << 20, ' ')}) {
     writeFile(bytes);
     EnvironmentSettings settings;
     EXPECT_EQ(settings.open(file()),

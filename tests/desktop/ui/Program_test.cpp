@@ -64,9 +64,8 @@ protected:
 TEST_F(ProgramTest, TellsItsOptionsWithoutADisplay) {
   const Outcome outcome = run({QStringLiteral("--help")});
   EXPECT_EQ(outcome.code, 0);
-  for (const char* option :
-       {"--screenshot", "--caret", "--scale", "--package", "--no-package", "--no-splash", "--no-session",
-        "--new", "--wait", "--recovery-interval", "--version", "FILE"})
+  for (const char* option : {"--screenshot", "--caret", "--scale", "--package", "--no-package", "--no-splash",
+                             "--no-session", "--new", "--wait", "--recovery-interval", "--version", "FILE"})
     EXPECT_TRUE(outcome.output.contains(QString::fromLatin1(option))) << option;
   EXPECT_TRUE(outcome.error.isEmpty()) << outcome.error.toStdString();
 }
