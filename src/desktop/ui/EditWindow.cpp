@@ -64,6 +64,7 @@ void TEditWindow::buildParts() {
   constexpr int lowest = 1'000'000;
   statusBar_->move(0, lowest);
   findBar_->move(0, lowest - 1);
+  parts_ = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
 }
 
 TEditWindow::ManyPages::ManyPages(TEditWindow* window) : tabs_(window->tabs_) {
@@ -117,6 +118,7 @@ void TEditWindow::showCurrent(Page* page) {
   showDocumentOf(page, entered);
   const bool hadFocus = editor_->hasFocus() || previous == nullptr;
   tabs_->setVisible(page != nullptr && !tabs_->isHeld());
+  enableGuests(); // before the focus looks for another place
   editor_->setVisible(page != nullptr);
   emptyHint_->setVisible(page == nullptr);
   if (hadFocus && page != nullptr)
@@ -126,6 +128,14 @@ void TEditWindow::showCurrent(Page* page) {
   for (QWidget* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
     control->update();
   Q_EMIT currentPageChanged(page);
+}
+
+// What add-ins put beside the text works on the page in front, and they need not expect that there is none.
+void TEditWindow::enableGuests() {
+  for (QWidget* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (!parts_.contains(control))
+      control->setEnabled(current_ != nullptr);
+  }
 }
 
 void TEditWindow::showDocumentOf(const Page* page, const EditState& state) {
@@ -172,6 +182,8 @@ bool TEditWindow::event(QEvent* event) {
     Q_EMIT shown();
   else if (event->type() == QEvent::WindowActivate)
     Q_EMIT activated();
+  else if (event->type() == QEvent::ChildPolished)
+    enableGuests();
   return handled;
 }
 

@@ -96,6 +96,7 @@ private:
   void showCurrent(Page* page);
   void showDocumentOf(const Page* page, const EditState& state);
   void showPageState(Page* page);
+  void enableGuests();
 
   PageTabs* tabs_;
   MessageBar* messageBar_;
@@ -104,6 +105,7 @@ private:
   StatusBar* statusBar_;
   platform::TActionList* actionList_;
   QWidget* emptyHint_; // stands in place of the control while no page is open
+  QWidgetList parts_;  // the window's own, to tell them from what add-ins put into it
   Page* current_ = nullptr;
   bool colouredAsPascal_ = false; // how the text of the page in front is shown
 };

@@ -5,9 +5,11 @@
 #include "platform/Actions.h"
 #include "platform/Align.h"
 #include "support/SignalCount.h"
+#include "support/Wait.h"
 
 #include <QDir>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QToolBar>
 #include <QWindow>
@@ -307,6 +309,34 @@ TEST_F(EditWindowTest, AGutterAtTheLeftLiesBesideTheEditorOnly) {
   support::settle();
   EXPECT_EQ(gutter->geometry(), QRect(0, editor()->y(), 35, editor()->height()));
   EXPECT_EQ(editor()->x(), 35);
+}
+
+TEST_F(EditWindowTest, WithoutAPageWhatAddInsPutThereIsOffAndHasNoFocus) {
+  openText(QStringLiteral("a.pas"), "a");
+  auto* const bar = new QToolBar(window());
+  auto* const field = new QLineEdit;
+  bar->addWidget(field);
+  SetAlign(*bar, platform::TAlign::alTop);
+  frame()->show();
+  bar->show();
+  ASSERT_TRUE(bar->isEnabled());
+  window()->editor()->setFocus();
+  window()->closePage(window()->currentPage());
+  EXPECT_FALSE(bar->isEnabled());
+  EXPECT_NE(frame()->focusWidget(), field);
+  openText(QStringLiteral("b.pas"), "b");
+  EXPECT_TRUE(bar->isEnabled());
+}
+
+TEST_F(EditWindowTest, WhatAddInsPutThereWithoutAPageIsOffUntilThereIsOne) {
+  frame()->show();
+  while (window()->currentPage() != nullptr)
+    window()->closePage(window()->currentPage());
+  auto* const bar = new QToolBar(window());
+  bar->show();
+  ASSERT_TRUE(support::waitUntil([&] { return !bar->isEnabled(); }));
+  openText(QStringLiteral("a.pas"), "a");
+  EXPECT_TRUE(bar->isEnabled());
 }
 
 TEST_F(EditWindowTest, TheActionListFiresItsShortcutsInItsWindow) {
