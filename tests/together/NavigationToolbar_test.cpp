@@ -335,15 +335,14 @@ TEST_F(NavigationToolbar, KeepsTheLastOutlineWhileATextThatIsNoPascalIsOnTop) {
   EXPECT_TRUE(comesTo(methods(), "Rest"));
 }
 
-TEST_F(NavigationToolbar, AFileMayCloseWhileTheListOfItsRoutinesIsOpen) {
+TEST_F(NavigationToolbar, TheListOfItsRoutinesClosesWithTheLastFile) {
   openParsed(aUnit());
   ASSERT_TRUE(support::waitUntil([this] { return methods().count() == 2; }));
   methods().showPopup();
   ASSERT_TRUE(support::waitUntil([this] { return methods().view()->isVisible(); }));
   window()->closePage(window()->currentPage());
-  support::settle();
-  QTest::keyClick(methods().view(), Qt::Key_Escape);
   EXPECT_TRUE(support::waitUntil([this] { return !methods().view()->isVisible(); }));
+  EXPECT_FALSE(methods().isEnabled());
   EXPECT_EQ(services->GetTopView(), nullptr);
 }
 
